@@ -1,0 +1,17 @@
+# Warnings and sanitizers for every target of this tree.
+add_library(zu_options INTERFACE)
+if(MSVC)
+  target_compile_options(zu_options INTERFACE /W4 /utf-8 $<$<BOOL:${ZU_WARNINGS_AS_ERRORS}>:/WX>)
+else()
+  target_compile_options(zu_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
+    $<$<COMPILE_LANGUAGE:CXX>:-Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual>
+    # GCC 12 sees overlaps in joined strings that cannot happen (its bug 105329).
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
+    $<$<BOOL:${ZU_WARNINGS_AS_ERRORS}>:-Werror>)
+  if(ZU_SANITIZE)
+    target_compile_options(zu_options INTERFACE -fsanitize=address,undefined
+                           -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+    target_link_options(zu_options INTERFACE -fsanitize=address,undefined)
+  endif()
+endif()
