@@ -1,0 +1,68 @@
+#include "basic/ini.h"
+
+#include <algorithm>
+
+#include "basic/file.h"
+#include "basic/str.h"
+
+using zu::str::equal_no_case;
+
+bool Tzu_ini::load_from_file(std::wstring_view name) {
+  auto const content = zu::file::read_whole(name);
+  if (!content) return false;
+  load_from_text(*content);
+  return true;
+}
+
+void Tzu_ini::load_from_text(std::string_view text) {
+  sections_.clear();
+  bool in_section = false;
+  for (std::string_view const raw : zu::str::split(text, "\n")) {
+    std::string_view const line = zu::str::trim(raw);
+    if (line.empty() || line.front() == ';' || line.front() == '#') continue;
+    if (line.front() == '[') {
+      sections_.push_back({std::string(zu::str::trim(line.substr(1, line.find(']') - 1))), {}});
+      in_section = true;
+    } else if (in_section && line.find('=') != std::string_view::npos) {
+      auto const [key, value] = zu::str::divide_str(line, '=');
+      sections_.back().entries.push_back({std::string(key), std::string(value)});
+    }
+  }
+}
+
+bool Tzu_ini::save_to_file(std::wstring_view name) const {
+  std::string content;
+  for (section const& part : sections_) {
+    content.append("[").append(part.name).append("]\n\n");
+    for (entry const& item : part.entries)
+      content.append(item.key).append("=").append(item.value).append("\n");
+  }
+  return zu::file::write_whole(name, content);
+}
+
+std::string Tzu_ini::get_as_str(std::string_view section_name, std::string_view key,
+                                std::string_view default_value) const {
+  for (section const& part : sections_) {
+    if (!equal_no_case(part.name, section_name)) continue;
+    for (entry const& item : part.entries)
+      if (equal_no_case(item.key, key)) return item.value;
+  }
+  return std::string(default_value);
+}
+
+Tzu_ini::section& Tzu_ini::add_section(std::string_view name) {
+  auto const found = std::ranges::find_if(
+      sections_, [name](section const& part) { return equal_no_case(part.name, name); });
+  return found != sections_.end() ? *found : sections_.emplace_back(section{std::string(name), {}});
+}
+
+void Tzu_ini::set_as_str(std::string_view section_name, std::string_view key,
+                         std::string_view value) {
+  section& part = add_section(section_name);
+  auto const found = std::ranges::find_if(
+      part.entries, [key](entry const& item) { return equal_no_case(item.key, key); });
+  if (found != part.entries.end())
+    found->value = value;
+  else
+    part.entries.push_back({std::string(key), std::string(value)});
+}

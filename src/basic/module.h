@@ -1,0 +1,21 @@
+// Functions of modules that the host has loaded into this process.
+#pragma once
+
+#include <string_view>
+
+namespace zu::module {
+
+using function = void (*)();
+
+// Address of `symbol` in the loaded module `stem` ("zuk_basic" stands for
+// "zuk_basic.dll" on Windows, "zuk_basic.so" or "libzuk_basic.so" elsewhere).
+// Null when the module is not loaded or exports no such symbol. The module is
+// never loaded, and not kept loaded, by the question.
+function find_loaded(std::string_view stem, char const* symbol);
+
+template <class Signature>
+Signature* find_loaded_as(std::string_view stem, char const* symbol) {
+  return reinterpret_cast<Signature*>(find_loaded(stem, symbol));
+}
+
+}  // namespace zu::module
