@@ -1,0 +1,14 @@
+// What the stand-ins of the suite's base library ask the platform.
+#pragma once
+
+#include <string>
+
+namespace zu::host {
+
+// Full path of the running program; empty when the system does not tell.
+std::wstring program_path();
+
+// Whether the user's interface language is Russian.
+bool is_language_russian();
+
+}  // namespace zu::host

@@ -1,0 +1,50 @@
+#include "text/rc.h"
+
+#include <span>
+#include <string>
+
+#include "suite/zuk_basic.h"
+#include "text/rc_strings.h"
+
+namespace {
+
+constexpr int lang_russian = 1;
+
+struct Tstate {
+  int lang = 0;
+  bool auto_lang_flag = false;
+  std::string buffer;
+};
+
+Tstate& state() {
+  static Tstate instance;
+  return instance;
+}
+
+}  // namespace
+
+void Tzu_rc::get_auto_lang() {
+  Tstate& now = state();
+  if (now.auto_lang_flag) return;
+  now.lang = zu_res_get_lng() == 0 ? lang_russian : 0;
+  now.auto_lang_flag = true;
+}
+
+void Tzu_rc::set_lang(int lang) { state().lang = lang; }
+
+char const* Tzu_rc::get_str(int group, int index) {
+  get_auto_lang();
+  Tstate& now = state();
+  // Longer than any text: a pointer given out before shows the new text.
+  now.buffer.reserve(256);
+  now.buffer = "unknown str";
+  auto const groups = zu::rc_groups();
+  if (static_cast<unsigned>(group) < groups.size()) {
+    auto const entries = groups[static_cast<unsigned>(group)];
+    if (index >= 0 && static_cast<unsigned>(index) < entries.size()) {
+      auto const& entry = entries[static_cast<unsigned>(index)];
+      now.buffer = now.lang == lang_russian ? entry.russian : entry.english;
+    }
+  }
+  return now.buffer.c_str();
+}

@@ -1,0 +1,215 @@
+#include "text/rc_strings.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+namespace zu {
+namespace {
+
+// Russian texts are written in UTF-8 here, so that they can be read, and stored
+// in code page 1251 by the compiler: ASCII as it is, the letters in two runs.
+template <std::size_t Size>
+struct cp1251_text {
+  // NOLINTNEXTLINE(google-explicit-constructor): a literal operator's template parameter needs it
+  consteval cp1251_text(char8_t const (&text)[Size]) {
+    std::size_t length = 0;
+    for (std::size_t i = 0; i + 1 < Size; ++i) {
+      unsigned code = static_cast<unsigned char>(text[i]);
+      if (code >= 0x80U) code = ((code & 0x1FU) << 6U) | (static_cast<unsigned char>(text[++i]) & 0x3FU);
+      bytes[length++] = static_cast<char>(code < 0x80U ? code : letter(code));
+    }
+  }
+
+  static consteval unsigned letter(unsigned code) {
+    if (code == 0x401U) return 0xA8U;  // capital IO
+    if (code == 0x451U) return 0xB8U;  // small io
+    if (code < 0x410U || code > 0x44FU) throw "no such letter in the Russian alphabet";
+    return code - 0x410U + 0xC0U;
+  }
+
+  std::array<char, Size> bytes{};
+};
+
+template <cp1251_text Text>
+consteval char const* operator""_cp1251() {
+  return Text.bytes.data();
+}
+
+// Spellings such as "flattering" and "Standart", the double blank of the file
+// filter, pairs that differ in meaning and the swapped messages 10, 2 and 10, 3
+// are what the suite's other tools show too; they stay as they stand.
+constexpr std::array<rc_entry, 5> group_0{{
+    {"done", u8"выполнено"_cp1251},
+    {"user stop", u8"остановлено пользователем"_cp1251},
+    {"error", u8"ошибка"_cp1251},
+    {"Load from", u8"Загрузить из"_cp1251},
+    {"Save to", u8"Сохранить в"_cp1251},
+}};
+
+constexpr std::array<rc_entry, 23> group_1{{
+    {"Calculate statistics", u8"Расчет статистики"_cp1251},
+    {"Load mask", u8"Загрузка маски"_cp1251},
+    {"Save mask", u8"Сохранение маски"_cp1251},
+    {"Find groups", u8"Поиск групп"_cp1251},
+    {"Fill groups", u8"Заполнение групп"_cp1251},
+    {"Fill small groups", u8"Заполнение малых групп"_cp1251},
+    {"Thinning", u8"Утоньшение"_cp1251},
+    {"Filtration", u8"Фильтрация"_cp1251},
+    {"Expand", u8"Расширение"_cp1251},
+    {"Calculate distances", u8"Расчет расстояний"_cp1251},
+    {"Convert to bit", u8"Преобразование в биты"_cp1251},
+    {"Convert to byte", u8"Преобразование в байты"_cp1251},
+    {"Convert to int", u8"Преобразование в целые"_cp1251},
+    {"Convert to float", u8"Преобразование в вещественные"_cp1251},
+    {"Convert to bit level", u8"Преобразование в биты по уровню"_cp1251},
+    {"Convert to range", u8"Преобразование в диапазон"_cp1251},
+    {"Rerange", u8"Изменение диапазона"_cp1251},
+    {"Exist in cell", u8"Наличие в ячейке"_cp1251},
+    {"Number in cell", u8"Номер в ячейке"_cp1251},
+    {"Count in cell", u8"Количество в ячейке"_cp1251},
+    {"Field in cell", u8"Поле в ячейке"_cp1251},
+    {"Statistics in object", u8"Статистика в объекте"_cp1251},
+    {"Interpolate", u8"Интерполяция"_cp1251},
+}};
+
+constexpr std::array<rc_entry, 12> group_2{{
+    {"Window mean", u8"Среднее в окне"_cp1251},
+    {"Window variation", u8"Вариация в окне"_cp1251},
+    {"Window majority", u8"Большинство в окне"_cp1251},
+    {"Window sum", u8"Сумма в окне"_cp1251},
+    {"Window minority", u8"Меньшинство в окне"_cp1251},
+    {"Window deviation", u8"Отклонение в окне"_cp1251},
+    {"Window median", u8"Медиана в окне"_cp1251},
+    {"Window function", u8"Функция в окне"_cp1251},
+    {"Window minimum", u8"Минимум в окне"_cp1251},
+    {"Window maximum", u8"Максимум в окне"_cp1251},
+    {"Window stat moment", u8"Статистический момент в окне"_cp1251},
+    {"Window quantil", u8"Квантиль в окне"_cp1251},
+}};
+
+constexpr std::array<rc_entry, 14> group_3{{
+    {"Logical NOT", u8"Логическое НЕ"_cp1251},
+    {"Logical AND", u8"Логическое И"_cp1251},
+    {"Logical OR", u8"Логическое ИЛИ"_cp1251},
+    {"Linear \"a1*x1 + b\"", u8"Линейная \"a1*x1 + b\""_cp1251},
+    {"Linear \"a1*x1 + a2*x2 + b\"", u8"Линейная \"a1*x1 + a2*x2 + b\""_cp1251},
+    {"Linear \"a1*x1 + a2*x2 + a3*x3 + b\"", u8"Линейная \"a1*x1 + a2*x2 + a3*x3 + b\""_cp1251},
+    {"Absolute value", u8"Абсолютное значение"_cp1251},
+    {"Divide", u8"Деление"_cp1251},
+    {"Condition", u8"Условие"_cp1251},
+    {"Linear sum", u8"Линейная сумма"_cp1251},
+    {"Multiply", u8"Умножение"_cp1251},
+    {"Convert RGB to H(HSB)", u8"Преобразование RGB в H(HSB)"_cp1251},
+    {"Convert RGB to S(HSB)", u8"Преобразование RGB в S(HSB)"_cp1251},
+    {"Convert RGB to B(HSB)", u8"Преобразование RGB в B(HSB)"_cp1251},
+}};
+
+constexpr std::array<rc_entry, 4> group_4{{
+    {"Vectoring", u8"Векторизация"_cp1251},
+    {"Simplify", u8"Упрощение"_cp1251},
+    {"Polygon intersection", u8"Пересечение полигонов"_cp1251},
+    {"Point in polygons", u8"Точка в полигонах"_cp1251},
+}};
+
+constexpr std::array<rc_entry, 7> group_5{{
+    {"Apply", u8"Применить"_cp1251},
+    {"Cancel", u8"Отменить"_cp1251},
+    {"Help", u8"Помощь"_cp1251},
+    {"Successfully executed", u8"Выполнено успешно"_cp1251},
+    {"Error: execution terminated", u8"Ошибка: выполнение прервано"_cp1251},
+    {"Save", u8"Сохранить"_cp1251},
+    {"Load", u8"Загрузить"_cp1251},
+}};
+
+constexpr std::array<rc_entry, 36> group_6{{
+    {"Spheroid", u8"Эллипсоид"_cp1251},
+    {"Spheroid", u8"Название"_cp1251},
+    {"Semimajor axis", u8"Большая полуось"_cp1251},
+    {"Semiminor axis", u8"Малая полуось"_cp1251},
+    {"Inverse flattering", u8"Обратный коэфф. сжатия"_cp1251},
+    {"Geographic coordinate system", u8"Система координат"_cp1251},
+    {"Datum", u8"Датум"_cp1251},
+    {"Datum parameters", u8"Параметры датума"_cp1251},
+    {"Axis X", u8"Ось Х"_cp1251},
+    {"Axis Y", u8"Ось Y"_cp1251},
+    {"Axis Z", u8"Ось Z"_cp1251},
+    {"Shift", u8"Смещение"_cp1251},
+    {"Rotate", u8"Поворот"_cp1251},
+    {"Scale factor", u8"Масштабный коэфф."_cp1251},
+    {"Projection", u8"Проекция"_cp1251},
+    {"Projection", u8"Название"_cp1251},
+    {"Projection parameters", u8"Параметры проекции"_cp1251},
+    {"Central Meridian", u8"Центральный меридиан"_cp1251},
+    {"Central Meridian", u8"Меридиан центра проекции"_cp1251},
+    {"Latitude of Origin", u8"Широта начала коорд."_cp1251},
+    {"False Easting", u8"Сдвиг к востоку"_cp1251},
+    {"False Northing", u8"Сдвиг к северу"_cp1251},
+    {"1st Standart Parallel", u8"1я стандартная параллель"_cp1251},
+    {"1st Standart Parallel", u8"1я стандартная параллель"_cp1251},
+    {"2nd Standart Parallel", u8"2я стандартная параллель"_cp1251},
+    {"Scale Factor", u8"Масштабный коэфф."_cp1251},
+    {"Scale Factor", u8"Масштабный коэфф."_cp1251},
+    {"Alpha", u8"Альфа"_cp1251},
+    {"Type", u8"Тип"_cp1251},
+    {"Unknown", u8"Не определена"_cp1251},
+    {"Usual projections", u8"Общие проекции"_cp1251},
+    {"Zonal projections", u8"Зональные проекции"_cp1251},
+    {"Zonal type", u8"Проекция"_cp1251},
+    {"Zone", u8"Номер зоны"_cp1251},
+    {"Projection", u8"Проекция"_cp1251},
+    {"Projection parameters file *.pj4|*.pj4|ESRI projection  file *.prj|*.prj", u8"Файл параметров проекции *.pj4|*.pj4|Файл проекции ESRI *.prj|*.prj"_cp1251},
+}};
+
+constexpr std::array<rc_entry, 6> group_7{{
+    {"Reproject shapes", u8"Перепроецирование векторных файлов"_cp1251},
+    {"Source", u8"Источник"_cp1251},
+    {"Destination", u8"Результат"_cp1251},
+    {"File", u8"Файл"_cp1251},
+    {"Projection", u8"Проекция"_cp1251},
+    {"Shape files *.shp|*.shp|", u8"Векторные файлы *.shp|*.shp|"_cp1251},
+}};
+
+constexpr std::array<rc_entry, 6> group_8{{
+    {"Reproject Tif", u8"Перепроецирование Tif"_cp1251},
+    {"Source", u8"Источник"_cp1251},
+    {"Destination", u8"Результат"_cp1251},
+    {"File", u8"Файл"_cp1251},
+    {"Projection", u8"Проекция"_cp1251},
+    {"Image files *.tif|*.tif;*.tiff|", u8"Файлы изображений *.tif|*.tif;*.tiff|"_cp1251},
+}};
+
+constexpr std::array<rc_entry, 13> group_9{{
+    {"All in object", u8"Все в объекте"_cp1251},
+    {"Defined in object", u8"Определенные в объекте"_cp1251},
+    {"Undefined in object", u8"Неопределенные в объекте"_cp1251},
+    {"Min in object", u8"Минимум в объекте"_cp1251},
+    {"Max in object", u8"Максимум в объекте"_cp1251},
+    {"Mean in object", u8"Среднее в объекте"_cp1251},
+    {"Standard deviation in object", u8"Стандартное отклонение в объекте"_cp1251},
+    {"Majority in object", u8"Большинство в объекте"_cp1251},
+    {"Majority size in object", u8"Размер большинства в объекте"_cp1251},
+    {"Minority in object", u8"Меньшинство в объекте"_cp1251},
+    {"Minority size in object", u8"Размер меньшинства в объекте"_cp1251},
+    {"Sum", u8"Сумма"_cp1251},
+    {"Density", u8"Плотность"_cp1251},
+}};
+
+constexpr std::array<rc_entry, 4> group_10{{
+    {"Not enough memory. Size to alloc: %d", u8"Недостаточно памяти. Размер: %d"_cp1251},
+    {"Can't open file: \"%s\"", u8"Не могу открыть файл: \"%s\""_cp1251},
+    {"Error reading file: \"%s\"", u8"Ошибка записи в файл: \"%s\""_cp1251},
+    {"Error writing file: \"%s\"", u8"Ошибка чтения из файла: \"%s\""_cp1251},
+}};
+
+constexpr std::array<rc_entry, 1> group_11{{
+    {"K means", u8"К средних"_cp1251},
+}};
+constexpr std::array<std::span<rc_entry const>, 12> groups{group_0, group_1, group_2, group_3, group_4,  group_5,
+                                                         group_6, group_7, group_8, group_9, group_10, group_11};
+
+}  // namespace
+
+std::span<std::span<rc_entry const> const> rc_groups() noexcept { return groups; }
+
+}  // namespace zu
