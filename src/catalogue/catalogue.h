@@ -1,0 +1,58 @@
+// The reference catalogue: projections, datums and ellipsoids of the
+// installation, loaded on first use and kept until the library is unloaded.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "catalogue/pj_defs.h"
+
+// Projections. Used on the dialog's thread only: the look-ups remember what
+// they found last.
+class Tzu_pj_def_dbf {
+ public:
+  Tzu_pj_def_dbf() { load(); }
+  static Tzu_pj_def_dbf& instance();
+
+  // Reads the tables anew; records of before are gone.
+  void load();
+
+  Tzu_pj_proj_defs const& get_proj_defs() const noexcept { return usual_; }
+  Tzu_pj_proj_defs const& get_zone_defs() const noexcept { return zonal_; }
+  Tzu_pj_proj_def const* get_last_proj() const noexcept { return last_usual_; }
+  Tzu_pj_proj_def const* get_last_zone() const noexcept { return last_zonal_; }
+
+  // A zone number other than 0 asks the zonal list, 0 the usual one. Null when
+  // nothing matches.
+  Tzu_pj_proj_def const* get_def(std::string_view prj4_name, double lat_0, bool has_lat_1,
+                                 bool has_lat_2, bool has_lat_ts, bool has_k_0, int zone,
+                                 bool south);
+  // Caption of the record that the same searches find; empty when none.
+  std::string proj_caption_common(std::string_view prj4_name, double lat_0, bool has_lat_1,
+                                  bool has_lat_2, bool has_lat_ts, bool has_k_0, bool south);
+  std::string proj_caption_zonal(std::string_view prj4_name, int zone, bool south);
+
+ private:
+  Tzu_pj_proj_defs usual_;
+  Tzu_pj_proj_defs zonal_;
+  Tzu_pj_proj_def const* last_usual_ = nullptr;
+  Tzu_pj_proj_def const* last_zonal_ = nullptr;
+};
+
+// Datums and ellipsoids.
+class Tzu_datum_def_dbf {
+ public:
+  Tzu_datum_def_dbf() { load(); }
+  static Tzu_datum_def_dbf& instance();
+  static Tzu_pj_datum_defs const& get_datums() { return instance().datums_; }
+  static Tzu_pj_ellipse_defs const& get_ellipses() { return instance().ellipses_; }
+
+  void load();
+
+  Tzu_pj_datum_defs const& get_datum_defs() const noexcept { return datums_; }
+  Tzu_pj_ellipse_defs const& get_ellipse_defs() const noexcept { return ellipses_; }
+
+ private:
+  Tzu_pj_datum_defs datums_;
+  Tzu_pj_ellipse_defs ellipses_;
+};

@@ -1,0 +1,106 @@
+#include "catalogue/pj_defs.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "basic/str.h"
+
+using zu::str::equal_no_case;
+using zu::str::trim_stricmp_equal;
+
+std::string_view proj_number_key(proj_number number) noexcept {
+  constexpr std::array<std::string_view, proj_numbers_count> keys{
+      "lon_0", "lonc", "lat_0", "lat_1", "lat_ts", "lat_2", "alpha", "k_0", "x_0", "y_0"};
+  return keys[static_cast<std::size_t>(number)];
+}
+
+Tzu_pj_ellipse_def const* Tzu_pj_ellipse_defs::find_by_name(std::string_view prj4_name) const {
+  return find([prj4_name](auto const& record) {
+    return equal_no_case(record.get_prj4_name(), prj4_name);
+  });
+}
+
+Tzu_pj_ellipse_def const* Tzu_pj_ellipse_defs::find_by_params(bool has_a, double a, bool has_b,
+                                                              double b, bool has_rf,
+                                                              double rf) const {
+  if (!has_a) return nullptr;
+  constexpr double tolerance = 1e-6;
+  double const rf_of_b = a / (a - b);
+  double const b_of_rf = (1 - 1 / rf) * a;
+  return find([=](Tzu_pj_ellipse_def const& record) {
+    if (record.get_semi_major() != a) return false;
+    if (has_b) {
+      if (record.get_def_semi_minor() ? record.get_semi_minor() == b
+                                      : record.get_def_inv_flattening() &&
+                                            std::abs(rf_of_b - record.get_inv_flattening()) <= tolerance)
+        return true;
+    }
+    if (!has_rf) return false;
+    if (record.get_def_inv_flattening()) return record.get_inv_flattening() == rf;
+    return record.get_def_semi_minor() && std::abs(b_of_rf - record.get_semi_minor()) <= tolerance;
+  });
+}
+
+Tzu_pj_datum_def const* Tzu_pj_datum_defs::find_by_name(std::string_view prj4_name) const {
+  return find([prj4_name](auto const& record) {
+    return !record.get_prj4_name().empty() && equal_no_case(record.get_prj4_name(), prj4_name);
+  });
+}
+
+Tzu_pj_datum_def const* Tzu_pj_datum_defs::find_by_caption(std::string_view caption) const {
+  return find([caption](auto const& record) {
+    return !record.get_caption().empty() && equal_no_case(record.get_caption(), caption);
+  });
+}
+
+Tzu_pj_datum_def const* Tzu_pj_datum_defs::find_by_params(
+    std::uint32_t ellipse_index, std::span<double const, 7> towgs84) const {
+  return find([=](Tzu_pj_datum_def const& record) {
+    return record.get_ellipse_index() == ellipse_index &&
+           std::ranges::equal(record.get_towgs84(), towgs84,
+                              [](double x, double y) { return std::abs(x - y) < 1e-6; });
+  });
+}
+
+Tzu_pj_proj_def const* Tzu_pj_proj_defs::find_by_caption_and_zone(std::string_view caption,
+                                                                  int zone) const {
+  return find([=](Tzu_pj_proj_def const& record) {
+    return record.get_zone().get_default() == zone &&
+           trim_stricmp_equal(record.get_caption(), caption);
+  });
+}
+
+Tzu_pj_proj_def const* Tzu_pj_proj_defs::find_utm(std::string_view prj4_name, int zone,
+                                                  bool south) const {
+  return find([=](Tzu_pj_proj_def const& record) {
+    return record.get_zone().get_default() == zone && record.is_south() == south &&
+           equal_no_case(record.get_prj4_name(), prj4_name);
+  });
+}
+
+Tzu_pj_proj_def const* Tzu_pj_proj_defs::find_by_name_south(std::string_view prj4_name,
+                                                            bool south) const {
+  return find([=](Tzu_pj_proj_def const& record) {
+    return record.is_south() == south && equal_no_case(record.get_prj4_name(), prj4_name);
+  });
+}
+
+Tzu_pj_proj_def const* Tzu_pj_proj_defs::find_by_name_lat_south(std::string_view prj4_name,
+                                                                double lat_0, bool has_lat_1,
+                                                                bool has_lat_2, bool has_lat_ts,
+                                                                bool has_k_0, bool south) const {
+  return find([=](Tzu_pj_proj_def const& record) {
+    auto const lacks = [](bool given, Tzu_pj_dbl_param const& param) {
+      return given && !param.get_use_proj4();
+    };
+    if (!equal_no_case(record.get_prj4_name(), prj4_name)) return false;
+    if (record.get_south().get_def_default() && record.get_south().get_default() != south)
+      return false;
+    if (record.get_lat_0().get_def_default() &&
+        !(std::abs(lat_0 - record.get_lat_0().get_default()) < 0.0001))
+      return false;
+    return !lacks(has_lat_1, record.get_lat_1()) && !lacks(has_lat_2, record.get_lat_2()) &&
+           !lacks(has_lat_ts, record.get_lat_ts()) &&
+           !lacks(has_k_0 && !has_lat_ts, record.get_k_0());
+  });
+}
