@@ -1,0 +1,62 @@
+#include "interchange/add_file.h"
+
+#include "basic/file.h"
+#include "basic/ini.h"
+#include "basic/str.h"
+#include "text/fileio.h"
+#include "text/strconv.h"
+
+namespace {
+
+constexpr std::string_view section = "projection";
+constexpr std::string_view key = "pj4";
+
+// Feeds a definition. A reference to a system by its code ("+init=") has no
+// definition of its own to hand out.
+bool expand_pj4(std::wstring const& definition, Izu_string_adp* adapter) {
+  if (definition.find(L"+init=") != std::wstring::npos) return false;
+  zu_string_adp_feed(adapter, definition.c_str());
+  return true;
+}
+
+// Whether the system's code page can spell the name: INI files are opened by
+// their name in it, and a "?" in place of a letter would be another file.
+bool has_system_name(std::wstring_view name) {
+  return zu::strconv::from_system(zu::strconv::to_system(name)) == name;
+}
+
+}  // namespace
+
+bool Tzu_add_file::load_pj4_simple(std::wstring_view name, Izu_string_adp* adapter) {
+  return load_pj4_ini(name, adapter) || load_pj4_mgs(name, adapter);
+}
+
+bool Tzu_add_file::load_pj4_ini(std::wstring_view name, Izu_string_adp* adapter) {
+  if (!has_system_name(name)) return false;
+  auto const content = zu::file::read_whole(name);
+  if (!content) return false;
+  // An INI reader would find nothing in a plain file and call that success.
+  if (zu::str::trim(*content, " \t\n\r\v\f").starts_with('+')) return false;
+  Tzu_ini ini;
+  ini.load_from_text(*content);
+  return expand_pj4(zu::strconv::from_utf8(ini.get_as_str(section, key)), adapter);
+}
+
+bool Tzu_add_file::load_pj4_mgs(std::wstring_view name, Izu_string_adp* adapter) {
+  std::wstring text;
+  if (!zu::fileio::readall(name, zu::strconv::encodings::system, text)) return false;
+  zu::strutil::trim_inplace(text);
+  if (!text.starts_with(L'+')) return false;
+  return expand_pj4(text, adapter);
+}
+
+bool Tzu_add_file::save_pj4_ini(std::wstring_view name, std::wstring_view definition) {
+  if (!has_system_name(name)) return false;
+  Tzu_ini ini;
+  ini.set_as_str(section, key, zu::strconv::to_system(definition));
+  return ini.save_to_file(name);
+}
+
+bool Tzu_add_file::save_pj4_mgs(std::wstring_view name, std::wstring_view definition) {
+  return zu::fileio::writeall(name, zu::strconv::encodings::system, definition);
+}
