@@ -1,0 +1,382 @@
+#include "pj_edit/edit_rules.h"
+
+#include <algorithm>
+#include <cmath>
+#include <ranges>
+
+#include "basic/number.h"
+#include "basic/str.h"
+
+namespace zu {
+namespace {
+
+using str::equal_no_case;
+using str::trim_stricmp_equal;
+
+constexpr std::array<proj_number, proj_numbers_count> all_numbers{
+    proj_number::lon_0,  proj_number::lonc,  proj_number::lat_0, proj_number::lat_1,
+    proj_number::lat_ts, proj_number::lat_2, proj_number::alpha, proj_number::k_0,
+    proj_number::x_0,    proj_number::y_0};
+
+Tzu_proj4_param_dbl& param_of(Tzu_proj4_str& definition, proj_number which) {
+  switch (which) {
+    case proj_number::lon_0:
+      return definition.get_lon_0();
+    case proj_number::lonc:
+      return definition.get_lonc();
+    case proj_number::lat_0:
+      return definition.get_lat_0();
+    case proj_number::lat_1:
+      return definition.get_lat_1();
+    case proj_number::lat_ts:
+      return definition.get_lat_ts();
+    case proj_number::lat_2:
+      return definition.get_lat_2();
+    case proj_number::alpha:
+      return definition.get_alpha();
+    case proj_number::k_0:
+      return definition.get_k_0();
+    case proj_number::x_0:
+      return definition.get_x_0();
+    case proj_number::y_0:
+      break;
+  }
+  return definition.get_y_0();
+}
+
+void give_text(Tzu_proj4_param_str& param, std::string const& value) {
+  param.set_def(!value.empty());
+  param.set_str(value.c_str());
+}
+
+void give_if(Tzu_proj4_param_dbl& param, bool given, double value) {
+  param.set_def(given);
+  if (given) param.set_dbl(value);
+}
+
+bool is_given_south(Tzu_proj4_str& definition) {
+  return definition.get_south().get_def() && definition.get_south().get_bool();
+}
+
+bool is_given_proj(Tzu_proj4_str& definition, std::string_view name) {
+  return definition.get_proj().get_def() && equal_no_case(definition.get_proj().get_str(), name);
+}
+
+// The value that PROJ uses for a key that the definition does not give, where
+// it is another than that of a cleared edit.
+double absent_value(Tzu_proj4_str& definition, proj_number which, double cleared) {
+  if (is_given_proj(definition, "lcc")) {
+    // With one parallel the second equals it, and the origin lies on it.
+    bool const two_parallels = definition.get_lat_2().get_def();
+    if (which == proj_number::lat_2 || (which == proj_number::lat_0 && !two_parallels))
+      return definition.get_lat_1().get_def() ? definition.get_lat_1().get_dbl() : cleared;
+  }
+  if (is_given_proj(definition, "stere") && which == proj_number::lat_ts) {
+    // The polar aspect is true to scale at the pole unless told otherwise.
+    double const lat_0 = definition.get_lat_0().get_def() ? definition.get_lat_0().get_dbl() : 0;
+    return std::abs(std::abs(lat_0) - 90) < 1e-9 ? lat_0 : cleared;
+  }
+  if (is_given_proj(definition, "krovak")) {
+    // PROJ's Krovak supplies the constants of the one system that it serves:
+    // 49d30'N, 24d50'E (42d30' from Ferro) and the scale 0.9999.
+    if (which == proj_number::lat_0) return 49.5;
+    if (which == proj_number::lon_0) return 24.0 + 50.0 / 60.0;
+    if (which == proj_number::k_0) return 0.9999;
+  }
+  return cleared;
+}
+
+// Whether two values are written alike.
+bool same_number(double left, double right) {
+  return left == right || number::format_double(left) == number::format_double(right);
+}
+
+bool same_meridian(double left, double right) {
+  return std::abs(std::remainder(left - right, 360.0)) < 1e-6;
+}
+
+// A fixed value must be given and be the same; a central meridian may be
+// written another turn away. A shown one needs only to keep its limits.
+bool fits_range(Tzu_pj_dbl_param const& range, proj_number which, Tzu_proj4_param_dbl const& given) {
+  double const value = given.get_dbl();
+  bool const is_meridian = which == proj_number::lon_0;
+  if (range.get_def_default()) {
+    double const fixed = range.get_default();
+    return given.get_def() && (is_meridian ? same_meridian(value, fixed) : same_number(value, fixed));
+  }
+  if (!is_meridian || !range.get_show() || !given.get_def()) return true;
+  return !(range.get_def_min() && value < range.get_min()) &&
+         !(range.get_def_max() && value > range.get_max());
+}
+
+constexpr std::string_view gauss_kruger = "Gauss-Kruger";
+constexpr std::string_view gauss_kruger_plus_zone = "Gauss-Kruger (plus zone)";
+constexpr std::string_view pulkovo_1942 = "PULKOVO_1942";
+constexpr std::string_view utm = "utm";
+
+}  // namespace
+
+catalogue_lists catalogue_lists::shipped() {
+  Tzu_pj_def_dbf const& projections = Tzu_pj_def_dbf::instance();
+  return {projections.get_proj_defs(), projections.get_zone_defs(), Tzu_datum_def_dbf::get_datums(),
+          Tzu_datum_def_dbf::get_ellipses()};
+}
+
+Tzu_pj_editor::Tzu_pj_editor(catalogue_lists lists) : lists_(lists) { clear(); }
+
+// Selectors start at their first entry.
+void Tzu_pj_editor::clear() {
+  state_ = {};
+  for (proj_number const which : all_numbers) clear_number(which, state_.number(which));
+  if (lists_.usual.get_size() > 0) state_.usual_id = lists_.usual.get(0).get_index();
+  if (lists_.ellipses.get_size() > 0) state_.ellipse_id = lists_.ellipses.get(0).get_index();
+  if (lists_.zonal.get_size() > 0) {
+    state_.zonal_name = str::trim(lists_.zonal.get(0).get_caption());
+    state_.zone = lists_.zonal.get(0).get_zone().get_default();
+  }
+}
+
+std::vector<std::string> Tzu_pj_editor::zonal_names() const {
+  std::vector<std::string> names;
+  for (Tzu_pj_proj_def const& record : lists_.zonal) {
+    std::string_view const name = str::trim(record.get_caption());
+    if (std::ranges::find(names, name) == names.end()) names.emplace_back(name);
+  }
+  return names;
+}
+
+std::vector<int> Tzu_pj_editor::zones_of(std::string_view name) const {
+  std::vector<int> zones;
+  for (Tzu_pj_proj_def const& record : lists_.zonal)
+    if (trim_stricmp_equal(record.get_caption(), name))
+      zones.push_back(record.get_zone().get_default());
+  return zones;
+}
+
+void Tzu_pj_editor::choose_kind(definition_kind kind) {
+  state_.kind = kind;
+  if (kind == definition_kind::usual) choose_usual(state_.usual_id);
+  if (kind == definition_kind::zonal) choose_zonal(std::string(state_.zonal_name));
+}
+
+void Tzu_pj_editor::choose_usual(std::uint32_t id) {
+  state_.usual_id = id;
+  apply_record(usual_record());
+}
+
+void Tzu_pj_editor::choose_zonal(std::string_view name) {
+  show_zonal(name);
+  if (is_gauss_kruger()) select_gauss_kruger_datum();
+}
+
+void Tzu_pj_editor::show_zonal(std::string_view name) {
+  state_.zonal_name = name;
+  auto const zones = zones_of(state_.zonal_name);
+  choose_zone(zones.empty() ? 0 : zones.front());
+}
+
+void Tzu_pj_editor::choose_zone(int zone) {
+  state_.zone = zone;
+  apply_record(zonal_record());
+}
+
+void Tzu_pj_editor::apply_record(Tzu_pj_proj_def const* record) {
+  for (proj_number const which : all_numbers) {
+    number_state& number = state_.number(which);
+    clear_number(which, number);
+    if (record != nullptr) apply_range(record->get_number(which), number);
+  }
+}
+
+void Tzu_pj_editor::choose_datum(std::uint32_t id) {
+  state_.datum_id = id;
+  Tzu_pj_datum_def const* const record = datum_record();
+  if (id == edit_state::custom_datum || record == nullptr) return;
+  state_.shift = record->get_towgs84();
+  choose_ellipse(record->get_ellipse_index());
+}
+
+void Tzu_pj_editor::choose_ellipse(std::uint32_t id) { state_.ellipse_id = id; }
+
+bool Tzu_pj_editor::is_gauss_kruger() const {
+  return state_.kind == definition_kind::zonal &&
+         (equal_no_case(state_.zonal_name, gauss_kruger) ||
+          equal_no_case(state_.zonal_name, gauss_kruger_plus_zone));
+}
+
+// The zones of Gauss and Kruger mean Pulkovo 1942 unless something else is said.
+void Tzu_pj_editor::select_gauss_kruger_datum() {
+  Tzu_pj_datum_def const* record = lists_.datums.find_by_caption(pulkovo_1942);
+  if (record == nullptr) record = lists_.datums.find_by_name(pulkovo_1942);
+  if (record == nullptr)
+    state_.datum_id = edit_state::custom_datum;
+  else
+    choose_datum(record->get_index());
+}
+
+void Tzu_pj_editor::set_proj4_string(char const* text) {
+  definition_.set(text);
+  definition_.set_all_undefined();
+  definition_.decompose();
+  clear();
+  if (definition_.get_units().get_def()) state_.units = definition_.get_units().get_str();
+  if (!take_zonal(definition_) && !take_usual(definition_)) choose_kind(definition_kind::none);
+  take_datum(definition_);
+}
+
+bool Tzu_pj_editor::take_zonal(Tzu_proj4_str& definition) {
+  Tzu_pj_proj_def const* const record = match_zonal(definition);
+  if (record == nullptr) return false;
+  state_.kind = definition_kind::zonal;
+  state_.zonal_name = str::trim(record->get_caption());
+  state_.zone = record->get_zone().get_default();
+  fill_numbers(*record, definition);
+  return true;
+}
+
+Tzu_pj_proj_def const* Tzu_pj_editor::match_zonal(Tzu_proj4_str& definition) const {
+  if (!definition.get_proj().get_def()) return nullptr;
+  char const* const proj = definition.get_proj().get_str();
+  // Such a projection has its meridian from the zone alone, so that without a
+  // zone, or with one that the catalogue lacks, no other row can stand for it.
+  if (equal_no_case(proj, utm)) {
+    if (!definition.get_zone().get_def()) return nullptr;
+    return lists_.zonal.find_utm(proj, definition.get_zone().get_int(), is_given_south(definition));
+  }
+  auto const matches = [&](Tzu_pj_proj_def const& record) {
+    return equal_no_case(record.get_prj4_name(), proj) &&
+           record.is_south() == is_given_south(definition) &&
+           std::ranges::all_of(all_numbers, [&](proj_number which) {
+             return fits_range(record.get_number(which), which, param_of(definition, which));
+           });
+  };
+  auto const found = std::ranges::find_if(lists_.zonal, matches);
+  return found == lists_.zonal.end() ? nullptr : &*found;
+}
+
+bool Tzu_pj_editor::take_usual(Tzu_proj4_str& definition) {
+  Tzu_pj_proj_def const* const record = match_usual(definition);
+  if (record == nullptr) return false;
+  state_.kind = definition_kind::usual;
+  state_.usual_id = record->get_index();
+  fill_numbers(*record, definition);
+  return true;
+}
+
+Tzu_pj_proj_def const* Tzu_pj_editor::match_usual(Tzu_proj4_str& definition) const {
+  if (!definition.get_proj().get_def()) return nullptr;
+  char const* const proj = definition.get_proj().get_str();
+  double const lat_0 = definition.get_lat_0().get_def() ? definition.get_lat_0().get_dbl() : 0;
+  bool const south = is_given_south(definition);
+  // Of several rows for one projection the one that has the definition's
+  // parameters is wanted; failing that, any that does not contradict it.
+  if (auto const* const record = lists_.usual.find_by_name_lat_south(
+          proj, lat_0, definition.get_lat_1().get_def(), definition.get_lat_2().get_def(),
+          definition.get_lat_ts().get_def(), definition.get_k_0().get_def(), south))
+    return record;
+  return lists_.usual.find_by_name_lat_south(proj, lat_0, false, false, false, false, south);
+}
+
+void Tzu_pj_editor::fill_numbers(Tzu_pj_proj_def const& record, Tzu_proj4_str& definition) {
+  apply_record(&record);
+  for (proj_number const which : all_numbers) {
+    number_state& number = state_.number(which);
+    Tzu_proj4_param_dbl const& given = param_of(definition, which);
+    if (given.get_def())
+      number.value = given.get_dbl();
+    else if (!record.get_number(which).get_def_default())
+      number.value = absent_value(definition, which, number.value);
+  }
+}
+
+void Tzu_pj_editor::take_datum(Tzu_proj4_str& definition) {
+  bool const has_datum = definition.get_datum().get_def();
+  bool const has_shift = definition.get_towgs84().get_def();
+  if (has_datum) {
+    if (auto const* const record = lists_.datums.find_by_name(definition.get_datum().get_str())) {
+      choose_datum(record->get_index());
+      return;
+    }
+  }
+  if (has_shift) state_.shift = definition.get_towgs84().get_values();
+  take_ellipse(definition);
+  if (is_gauss_kruger() && !has_datum && !has_shift) {
+    // Only where the ellipsoid does not say otherwise: a Chinese or a GSK-2011
+    // definition on the same zones is no Pulkovo system.
+    bool const has_ellipse = definition.get_ellipse().get_def() || definition.get_a().get_def();
+    auto const* const shown = ellipse_record();
+    if (!has_ellipse || (shown != nullptr && equal_no_case(shown->get_prj4_name(), "krass"))) {
+      select_gauss_kruger_datum();
+      return;
+    }
+  }
+  auto const* const same = lists_.datums.find_by_params(state_.ellipse_id, state_.shift);
+  state_.datum_id = same == nullptr ? edit_state::custom_datum : same->get_index();
+}
+
+void Tzu_pj_editor::take_ellipse(Tzu_proj4_str& definition) {
+  Tzu_pj_ellipse_def const* record = nullptr;
+  if (definition.get_ellipse().get_def())
+    record = lists_.ellipses.find_by_name(definition.get_ellipse().get_str());
+  if (record == nullptr)
+    record = lists_.ellipses.find_by_params(
+        definition.get_a().get_def(), definition.get_a().get_dbl(), definition.get_b().get_def(),
+        definition.get_b().get_dbl(), definition.get_rf().get_def(), definition.get_rf().get_dbl());
+  if (record == nullptr) record = lists_.ellipses.find_by_name("wgs84");
+  if (record != nullptr) choose_ellipse(record->get_index());
+}
+
+char const* Tzu_pj_editor::get_proj4_string() {
+  definition_.set_all_undefined();
+  Tzu_pj_proj_def const* record = nullptr;
+  if (state_.kind == definition_kind::usual) record = usual_record();
+  if (state_.kind == definition_kind::zonal) record = zonal_record();
+  if (record != nullptr) write_projection(*record, definition_);
+  if (state_.kind != definition_kind::none) write_datum(definition_);
+  definition_.compose();
+  return definition_.get();
+}
+
+void Tzu_pj_editor::write_projection(Tzu_pj_proj_def const& record,
+                                     Tzu_proj4_str& definition) const {
+  bool const zonal = state_.kind == definition_kind::zonal;
+  give_text(definition.get_proj(), record.get_prj4_name());
+  // Only UTM says its zone by a key; elsewhere the meridian and the false
+  // easting carry it.
+  definition.get_zone().set_def(zonal && equal_no_case(record.get_prj4_name(), utm));
+  definition.get_zone().set_int(state_.zone);
+  for (proj_number const which : all_numbers) {
+    Tzu_pj_dbl_param const& range = record.get_number(which);
+    Tzu_proj4_param_dbl& param = param_of(definition, which);
+    if (range.get_show())
+      give_if(param, true, state_.number(which).value);
+    else
+      give_if(param, zonal && range.get_def_default(), range.get_default());
+  }
+  definition.get_south().set_def(record.is_south());
+  definition.get_south().set_bool(record.is_south());
+  if (record.get_units().get_use_proj4())
+    give_text(definition.get_units(),
+              state_.units.empty() ? record.get_units().get_default() : state_.units);
+}
+
+void Tzu_pj_editor::write_datum(Tzu_proj4_str& definition) const {
+  Tzu_pj_datum_def const* const record = datum_record();
+  if (record != nullptr) give_text(definition.get_datum(), record->get_prj4_name());
+  definition.get_towgs84().set_def(true);
+  definition.get_towgs84().set_values(record == nullptr ? state_.shift : record->get_towgs84());
+  write_ellipse(definition);
+}
+
+void Tzu_pj_editor::write_ellipse(Tzu_proj4_str& definition) const {
+  Tzu_pj_ellipse_def const* const record = ellipse_record();
+  if (record == nullptr) return;
+  bool const by_axes = record->get_prj4_name().empty();
+  give_text(definition.get_ellipse(), record->get_prj4_name());
+  give_if(definition.get_a(), by_axes, record->get_semi_major());
+  give_if(definition.get_b(), by_axes && record->get_def_semi_minor(), record->get_semi_minor());
+  give_if(definition.get_rf(), by_axes && record->get_def_inv_flattening(),
+          record->get_inv_flattening());
+}
+
+}  // namespace zu

@@ -1,0 +1,93 @@
+// The editing rules: what the dialog takes from a definition, what each choice
+// of the user changes, and what is written back. Free of the form toolkit, so
+// that the same rules run in the dialog, in the command-line program and in
+// tests without a display.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "catalogue/catalogue.h"
+#include "pj_edit/edit_state.h"
+#include "proj4/proj4_str.h"
+
+namespace zu {
+
+// The lists that the rules look things up in; they must outlive the rules.
+struct catalogue_lists {
+  Tzu_pj_proj_defs const& usual;
+  Tzu_pj_proj_defs const& zonal;
+  Tzu_pj_datum_defs const& datums;
+  Tzu_pj_ellipse_defs const& ellipses;
+
+  // Those of the installation's catalogue.
+  static catalogue_lists shipped();
+};
+
+// The edited definition: a state, the catalogue it refers to, and the rules.
+class Tzu_pj_editor {
+ public:
+  explicit Tzu_pj_editor(catalogue_lists lists);
+
+  edit_state const& state() const noexcept { return state_; }
+  catalogue_lists const& lists() const noexcept { return lists_; }
+
+  // Takes a definition: zonal first, then usual, else none; then its datum and
+  // ellipsoid. Nothing of an earlier definition stays. Null counts as empty.
+  void set_proj4_string(char const* text);
+  // The composed definition; empty for kind none. Valid until the next call.
+  char const* get_proj4_string();
+
+  // Choices of the user.
+  void choose_kind(definition_kind kind);
+  void choose_usual(std::uint32_t id);
+  void choose_zonal(std::string_view name);
+  void choose_zone(int zone);
+  void choose_datum(std::uint32_t id);
+  void choose_ellipse(std::uint32_t id);
+  void set_number(proj_number which, double value) { state_.number(which).value = value; }
+  void set_shift(std::size_t index, double value) { state_.shift.at(index) = value; }
+
+  // What the selectors offer.
+  std::vector<std::string> zonal_names() const;
+  std::vector<int> zones_of(std::string_view name) const;
+
+  // The records chosen; null when the catalogue has none.
+  Tzu_pj_proj_def const* usual_record() const { return lists_.usual.find_by_index(state_.usual_id); }
+  Tzu_pj_proj_def const* zonal_record() const {
+    return lists_.zonal.find_by_caption_and_zone(state_.zonal_name, state_.zone);
+  }
+  Tzu_pj_datum_def const* datum_record() const { return lists_.datums.find_by_index(state_.datum_id); }
+  Tzu_pj_ellipse_def const* ellipse_record() const {
+    return lists_.ellipses.find_by_index(state_.ellipse_id);
+  }
+
+  // Whether a Gauss-Kruger system of the zonal list is chosen.
+  bool is_gauss_kruger() const;
+  // The seven numbers are the user's to change with "_Custom" only; a
+  // catalogue datum brings its own, and its ellipsoid.
+  bool is_datum_editable() const noexcept { return state_.datum_id == edit_state::custom_datum; }
+
+ private:
+  void clear();
+  void apply_record(Tzu_pj_proj_def const* record);
+  void fill_numbers(Tzu_pj_proj_def const& record, Tzu_proj4_str& definition);
+  void show_zonal(std::string_view name);
+  bool take_zonal(Tzu_proj4_str& definition);
+  bool take_usual(Tzu_proj4_str& definition);
+  void take_datum(Tzu_proj4_str& definition);
+  void take_ellipse(Tzu_proj4_str& definition);
+  void select_gauss_kruger_datum();
+  Tzu_pj_proj_def const* match_usual(Tzu_proj4_str& definition) const;
+  Tzu_pj_proj_def const* match_zonal(Tzu_proj4_str& definition) const;
+  void write_projection(Tzu_pj_proj_def const& record, Tzu_proj4_str& definition) const;
+  void write_datum(Tzu_proj4_str& definition) const;
+  void write_ellipse(Tzu_proj4_str& definition) const;
+
+  catalogue_lists lists_;
+  edit_state state_;
+  Tzu_proj4_str definition_;
+};
+
+}  // namespace zu

@@ -1,0 +1,55 @@
+// What the dialog shows, without the dialog: the state that the panels display
+// and that the editing rules read and change.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "catalogue/pj_defs.h"
+
+namespace zu {
+
+// Kind of a definition; the numbers are the keys of the type selector.
+enum class definition_kind : unsigned { none = 1, usual = 2, zonal = 3 };
+
+// One number edit. Limits are inclusive and count only with their use flag.
+struct number_state {
+  bool shown = false;
+  bool use_min = false;
+  bool use_max = false;
+  double min = 0;
+  double max = 0;
+  double value = 0;
+};
+
+struct edit_state {
+  static constexpr std::uint32_t custom_datum = 0;
+
+  definition_kind kind = definition_kind::none;
+  std::uint32_t usual_id = 0;  // index of the usual record
+  std::string zonal_name;      // trimmed caption of the zonal records
+  int zone = 0;
+  std::array<number_state, proj_numbers_count> numbers;
+  std::string units;  // key that the definition gave; empty when none
+  std::uint32_t datum_id = custom_datum;
+  std::array<double, 7> shift{};  // as towgs84
+  std::uint32_t ellipse_id = 0;
+
+  number_state& number(proj_number which) noexcept {
+    return numbers[static_cast<std::size_t>(which)];
+  }
+  number_state const& number(proj_number which) const noexcept {
+    return numbers[static_cast<std::size_t>(which)];
+  }
+};
+
+// Clears an edit: hidden, no limits, and the value that PROJ uses when the key
+// is absent from a definition.
+void clear_number(proj_number which, number_state& number) noexcept;
+
+// Gives an edit what a catalogue parameter says: shown or not, its limits, and
+// its value where it has one.
+void apply_range(Tzu_pj_dbl_param const& range, number_state& number) noexcept;
+
+}  // namespace zu
