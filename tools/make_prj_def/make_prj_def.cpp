@@ -1,0 +1,216 @@
+// Turns a CSV file of the catalogue into a dBase table.
+//
+//   make_prj_def TABLE.csv TABLE.dbf
+//
+// The first line names the columns; columns that begin with "#" are notes for
+// the reader and are left out. Tables of projections (those with a column
+// "PROJ") are written in a short form in the CSV: one cell for each parameter,
+//   empty      the projection does not have it
+//   any        it has it, without limits
+//   MIN..MAX   it has it, within inclusive limits; either may be left out
+//   =VALUE     it has it with a fixed value
+// and the zone number, the units key or 1 in ZONE, UNITS and SOUTH. The
+// four columns of each parameter are made from it.
+
+#include <algorithm>
+#include <array>
+#include <iostream>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "basic/file.h"
+#include "basic/number.h"
+#include "basic/str.h"
+#include "catalogue/dbf.h"
+#include "text/strconv.h"
+
+namespace {
+
+using row = std::vector<std::string>;
+
+struct table {
+  row names;
+  std::vector<row> rows;
+};
+
+std::runtime_error error_at(std::size_t line, std::string const& what) {
+  return std::runtime_error("line " + std::to_string(line) + ": " + what);
+}
+
+// Cells of one line; quotes protect commas, doubled quotes are one quote.
+row split_line(std::string_view line) {
+  row cells(1);
+  bool quoted = false;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    char const c = line[i];
+    if (c == '"' && quoted && i + 1 < line.size() && line[i + 1] == '"') {
+      cells.back() += line[++i];
+    } else if (c == '"') {
+      quoted = !quoted;
+    } else if (c == ',' && !quoted) {
+      cells.emplace_back();
+    } else {
+      cells.back() += c;
+    }
+  }
+  return cells;
+}
+
+table read_csv(std::string_view text) {
+  table result;
+  std::vector<bool> kept;
+  std::size_t line_number = 0;
+  for (std::string_view line : zu::str::split(text, "\n")) {
+    ++line_number;
+    line = zu::str::trim(line, "\r");
+    if (line.empty()) continue;
+    row const cells = split_line(line);
+    if (kept.empty())
+      for (std::string const& name : cells) kept.push_back(!name.starts_with('#'));
+    if (cells.size() != kept.size())
+      throw error_at(line_number, "has " + std::to_string(cells.size()) + " cells, the header " +
+                                      std::to_string(kept.size()));
+    row values;
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+      if (!kept[i]) continue;
+      if (std::ranges::any_of(cells[i], [](char c) { return c < ' ' || c > '~'; }))
+        throw error_at(line_number, "only ASCII reads the same under every code page: " + cells[i]);
+      values.emplace_back(zu::str::trim(cells[i]));
+    }
+    if (result.names.empty())
+      result.names = values;
+    else
+      result.rows.push_back(values);
+  }
+  if (result.names.empty()) throw std::runtime_error("has no header line");
+  return result;
+}
+
+std::string checked_number(std::string_view text) {
+  std::string_view const number = zu::str::trim(text);
+  if (!zu::number::scan_double(number) ||
+      number.find_first_not_of("+-.0123456789eE") != std::string_view::npos)
+    throw std::runtime_error("no number: " + std::string(text));
+  return std::string(number);
+}
+
+constexpr std::array<std::string_view, 11> parameters{
+    "LAT_1", "LAT_2", "LAT_TS", "LAT_0", "LON_0", "LONC", "ALPHA", "K", "K_0", "X_0", "Y_0"};
+
+// The four columns of a parameter from its one cell.
+std::array<std::string, 4> expand_parameter(std::string_view cell) {
+  if (cell.empty()) return {"0", "", "", ""};
+  if (cell == "any") return {"1", "", "", ""};
+  if (cell.front() == '=') return {"1", checked_number(cell.substr(1)), "", ""};
+  auto const dots = cell.find("..");
+  if (dots == std::string_view::npos)
+    throw std::runtime_error("neither any, MIN..MAX nor =VALUE: " + std::string(cell));
+  auto const bound = [](std::string_view text) { return text.empty() ? "" : checked_number(text); };
+  return {"1", "", bound(cell.substr(0, dots)), bound(cell.substr(dots + 2))};
+}
+
+table expand_projections(table const& source) {
+  table result;
+  result.names = {"PRJ_NAME", "PRJ_ALIAS", "PROJ", "SOUTH"};
+  for (std::string_view const name : parameters)
+    for (std::string_view const part : {"", "_V", "_MIN", "_MAX"})
+      result.names.push_back(std::string(name).append(part));
+  for (char const* name : {"UNITS", "UNITS_V", "ZONE", "ZONE_V", "ZONE_N", "DATUM"})
+    result.names.emplace_back(name);
+  std::size_t number = 1;
+  for (row const& cells : source.rows) {
+    ++number;
+    auto const cell = [&](std::string_view name) -> std::string {
+      auto const at = std::ranges::find(source.names, name);
+      return at == source.names.end() ? "" : cells[static_cast<std::size_t>(at - source.names.begin())];
+    };
+    row values{cell("PRJ_NAME"), cell("PRJ_ALIAS"), cell("PROJ"), cell("SOUTH").empty() ? "0" : "1"};
+    try {
+      for (std::string_view const name : parameters)
+        for (std::string& value : expand_parameter(cell(name))) values.push_back(std::move(value));
+      std::string const units = cell("UNITS");
+      std::string const zone = cell("ZONE").empty() ? "" : checked_number(cell("ZONE"));
+      for (std::string const& value : {std::string(units.empty() ? "0" : "1"), units,
+                                       std::string(zone.empty() ? "0" : "1"), zone, cell("ZONE_N"),
+                                       cell("DATUM")})
+        values.push_back(value);
+    } catch (std::runtime_error const& error) {
+      throw error_at(number, error.what());
+    }
+    result.rows.push_back(std::move(values));
+  }
+  return result;
+}
+
+// Column type: N when every filled cell is a number, else C.
+Tzu_dbf_prpdef describe_column(table const& source, std::size_t column) {
+  std::size_t length = 1;
+  std::size_t decimals = 0;
+  bool numeric = false;
+  bool text = false;
+  for (row const& cells : source.rows) {
+    std::string const& cell = cells[column];
+    if (cell.empty()) continue;
+    length = std::max(length, cell.size());
+    auto const point = cell.find('.');
+    if (point != std::string::npos) decimals = std::max(decimals, cell.size() - point - 1);
+    bool const is_number = cell.find_first_not_of("+-.0123456789") == std::string::npos;
+    (is_number ? numeric : text) = true;
+  }
+  bool const as_number = numeric && !text;
+  if (length > 254) throw std::runtime_error("a cell of " + source.names[column] + " is too long");
+  if (source.names[column].size() > 10)
+    throw std::runtime_error("column name is longer than ten characters: " + source.names[column]);
+  return {source.names[column], as_number ? 'N' : 'C', static_cast<std::uint8_t>(length),
+          static_cast<std::uint8_t>(as_number ? std::min<std::size_t>(decimals, 15) : 0)};
+}
+
+void write_dbf(std::string const& name, table const& source) {
+  Tzu_dbf_prpdefs definitions;
+  for (std::size_t i = 0; i < source.names.size(); ++i) definitions.add(describe_column(source, i));
+  Tzu_file_dbf target;
+  if (target.create(name.c_str(), definitions, static_cast<std::uint32_t>(source.rows.size())) != 0)
+    throw std::runtime_error("cannot create " + name);
+  for (std::uint32_t i = 0; i < source.rows.size(); ++i) {
+    target.set_rec(i);
+    for (std::uint32_t column = 0; column < source.names.size(); ++column) {
+      std::string value = source.rows[i][column];
+      // Numbers stand at the right of their field.
+      Tzu_dbf_prpdef const& definition = definitions.get(column);
+      if (definition.get_type() == 'N')
+        value.insert(0, definition.get_length() - value.size(), ' ');
+      target.set_str(column, value.c_str());
+    }
+  }
+  if (!target.close()) throw std::runtime_error("cannot write " + name);
+}
+
+int convert(std::string const& csv, std::string const& dbf) {
+  auto const content = zu::file::read_whole(zu::strconv::from_system(csv));
+  if (!content) {
+    std::cerr << "make_prj_def: cannot read " << csv << '\n';
+    return 2;
+  }
+  try {
+    table const source = read_csv(*content);
+    bool const projections = std::ranges::find(source.names, "PROJ") != source.names.end();
+    write_dbf(dbf, projections ? expand_projections(source) : source);
+  } catch (std::runtime_error const& error) {
+    std::cerr << "make_prj_def: " << csv << ": " << error.what() << '\n';
+    return 2;
+  }
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 3) {
+    std::cerr << "usage: make_prj_def TABLE.csv TABLE.dbf\n";
+    return 2;
+  }
+  return convert(argv[1], argv[2]);
+}
