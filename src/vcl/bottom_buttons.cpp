@@ -1,0 +1,74 @@
+#include "vcl/bottom_buttons.h"
+
+#include "vcl/event_guard.h"
+
+namespace {
+
+constexpr int rc_buttons = 5;
+// Entries of the five captions in the order of the buttons.
+constexpr std::array<int, Tzu_vcl_bottom_buttons::buttons_count> rc_captions{5, 6, 0, 1, 2};
+constexpr std::array<wchar_t const*, Tzu_vcl_bottom_buttons::buttons_count> first_captions{
+    L"Save", L"Load", L"Apply", L"Cancel", L"Help"};
+
+void call(std::function<void()> const& event) {
+  if (event) event();
+}
+
+}  // namespace
+
+Tzu_vcl_bottom_buttons::Tzu_vcl_bottom_buttons(wxWindow* parent) : Tzu_vcl_panel(parent) {}
+
+void Tzu_vcl_bottom_buttons::create() {
+  constexpr std::array<void (Tzu_vcl_bottom_buttons::*)() const, buttons_count> calls{
+      &Tzu_vcl_bottom_buttons::call_on_save, &Tzu_vcl_bottom_buttons::call_on_load,
+      &Tzu_vcl_bottom_buttons::call_on_apply, &Tzu_vcl_bottom_buttons::call_on_cancel,
+      &Tzu_vcl_bottom_buttons::call_on_help};
+  int const gap = FromDIP(margin);
+  auto* const row = zu::vcl::make_sizer<wxBoxSizer>(wxHORIZONTAL);
+  for (std::size_t index = 0; index < buttons_count; ++index) {
+    // The id tells the edits that the user is leaving the form.
+    auto* const button = zu::vcl::make_child<Tzu_vcl_button>(
+        this, first_captions[index],
+        static_cast<wxWindowID>(index == cancel ? wxID_CANCEL : wxID_ANY));
+    zu::vcl::bind_guarded(*button, wxEVT_BUTTON, [this, fire = calls[index]] { (this->*fire)(); });
+    buttons_[index] = button;
+    if (index == apply) row->AddStretchSpacer();
+    row->Add(button, 0, wxTOP | wxBOTTOM | (index < apply ? wxLEFT : wxRIGHT), gap);
+  }
+  for (button_index const index : {help, save, load}) buttons_[index]->Hide();
+  SetSizer(row);
+  layout_buttons();
+  SetSize(GetSize().x, GetMinSize().y);
+}
+
+void Tzu_vcl_bottom_buttons::load_rc() {
+  for (std::size_t index = 0; index < buttons_count; ++index) {
+    buttons_[index]->set_caption(zu::vcl::rc_text(rc_buttons, rc_captions[index]));
+  }
+  layout_buttons();
+}
+
+void Tzu_vcl_bottom_buttons::set_visible(button_index index, bool visible) {
+  if (get_visible(index) == visible) return;
+  buttons_[index]->Show(visible);
+  layout_buttons();
+}
+
+wxSize Tzu_vcl_bottom_buttons::get_slot_size() const {
+  wxSize slot = FromDIP(wxSize(button_width, button_height));
+  for (auto const* const button : buttons_) slot.IncTo(button->GetBestSize());
+  return slot;
+}
+
+void Tzu_vcl_bottom_buttons::layout_buttons() {
+  wxSize const slot = get_slot_size();
+  for (auto* const button : buttons_) button->SetMinSize(slot);
+  SetMinSize(wxSize(wxDefaultCoord, slot.y + 2 * FromDIP(margin)));
+  Layout();
+}
+
+void Tzu_vcl_bottom_buttons::call_on_cancel() const { call(on_cancel); }
+void Tzu_vcl_bottom_buttons::call_on_apply() const { call(on_apply); }
+void Tzu_vcl_bottom_buttons::call_on_help() const { call(on_help); }
+void Tzu_vcl_bottom_buttons::call_on_save() const { call(on_save); }
+void Tzu_vcl_bottom_buttons::call_on_load() const { call(on_load); }

@@ -1,0 +1,85 @@
+// The bar of buttons at the bottom of a form.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <functional>
+
+#include "vcl/panel.h"
+
+// Save and Load stand at the left edge; Apply, Cancel and Help at the right.
+class Tzu_vcl_bottom_buttons : public Tzu_vcl_panel {
+ public:
+  static constexpr int margin = 4;
+  static constexpr int button_width = 70;
+  static constexpr int button_height = 26;
+  static constexpr int bar_height = button_height + 2 * margin;
+
+  // From left to right, which is the order of the Tab key too.
+  enum button_index : std::size_t { save, load, apply, cancel, help };
+  static constexpr std::size_t buttons_count = 5;
+
+  // Left edge of each button on a bar of `width`, -1 for a hidden one. Slots
+  // close up when a button is hidden.
+  static constexpr std::array<int, buttons_count> button_lefts(
+      int width, int slot_width, int margin_width, std::array<bool, buttons_count> const& visible) {
+    std::array<int, buttons_count> lefts{-1, -1, -1, -1, -1};
+    int const step = slot_width + margin_width;
+    int left = margin_width;
+    for (std::size_t const index : {save, load}) {
+      if (!visible[index]) continue;
+      lefts[index] = left;
+      left += step;
+    }
+    int right = width;
+    for (std::size_t const index : {help, cancel, apply}) {
+      if (!visible[index]) continue;
+      right -= step;
+      lefts[index] = right;
+    }
+    return lefts;
+  }
+
+  explicit Tzu_vcl_bottom_buttons(wxWindow* parent);
+
+  // Shows Apply and Cancel; the other three are hidden.
+  void create() override;
+  void load_rc() override;
+
+  bool get_visible(button_index index) const { return buttons_[index]->IsShown(); }
+  void set_visible(button_index index, bool visible);
+
+  bool get_cancel_visible() const { return get_visible(cancel); }
+  void set_cancel_visible(bool visible) { set_visible(cancel, visible); }
+  bool get_apply_visible() const { return get_visible(apply); }
+  void set_apply_visible(bool visible) { set_visible(apply, visible); }
+  bool get_help_visible() const { return get_visible(help); }
+  void set_help_visible(bool visible) { set_visible(help, visible); }
+  bool get_save_visible() const { return get_visible(save); }
+  void set_save_visible(bool visible) { set_visible(save, visible); }
+  bool get_load_visible() const { return get_visible(load); }
+  void set_load_visible(bool visible) { set_visible(load, visible); }
+
+  Tzu_vcl_button* get_button(button_index index) const { return buttons_[index]; }
+
+  // Size of every button: the constants, or more where a caption needs it.
+  wxSize get_slot_size() const;
+
+  std::function<void()> on_cancel;
+  std::function<void()> on_apply;
+  std::function<void()> on_help;
+  std::function<void()> on_save;
+  std::function<void()> on_load;
+
+  void call_on_cancel() const;
+  void call_on_apply() const;
+  void call_on_help() const;
+  void call_on_save() const;
+  void call_on_load() const;
+
+ protected:
+  virtual void layout_buttons();
+
+ private:
+  std::array<Tzu_vcl_button*, buttons_count> buttons_{};
+};

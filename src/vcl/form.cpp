@@ -1,0 +1,111 @@
+#include "vcl/form.h"
+
+#include <wx/display.h>
+#include <wx/sizer.h>
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "vcl/application.h"
+#include "vcl/edit.h"
+#include "vcl/event_guard.h"
+#include "vcl/owner_window.h"
+
+namespace {
+
+wxRect screen_at(wxPoint const& point) {
+  int const display = wxDisplay::GetFromPoint(point);
+  return wxDisplay(display == wxNOT_FOUND ? 0U : static_cast<unsigned>(display)).GetClientArea();
+}
+
+wxPoint centre_of(wxRect const& place) {
+  return {place.x + place.width / 2, place.y + place.height / 2};
+}
+
+wxPoint keep_on_screen(wxRect const& place, wxRect const& screen) {
+  return {std::max(screen.x, std::min(place.x, screen.x + screen.width - place.width)),
+          std::max(screen.y, std::min(place.y, screen.y + screen.height - place.height))};
+}
+
+// A window whose size stays as it was does not lay out its children by itself.
+void layout_all(wxWindow& window) {
+  window.Layout();
+  for (wxWindow* const child : window.GetChildren()) {
+    if (!child->IsTopLevel()) layout_all(*child);
+  }
+}
+
+bool commit_all(wxWindow& window) {
+  if (auto* const edit = dynamic_cast<Tzu_vcl_dbl_edit*>(&window)) return edit->commit();
+  return std::ranges::all_of(window.GetChildren(), [](wxWindow* child) {
+    return child->IsTopLevel() || !child->IsShown() || commit_all(*child);
+  });
+}
+
+}  // namespace
+
+Tzu_vcl_form::Tzu_vcl_form()
+    : wxDialog(nullptr, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+               wxCAPTION | wxDIALOG_NO_PARENT) {
+  SetEscapeId(wxID_NONE);
+  SetSize(FromDIP(wxSize(least_width, least_height)));
+  // Without a close box the window manager still has ways to close a window.
+  zu::vcl::bind_guarded(*this, wxEVT_CLOSE_WINDOW, [this] { close_form(); });
+}
+
+std::wstring Tzu_vcl_form::get_caption() const { return GetTitle().ToStdWstring(); }
+
+void Tzu_vcl_form::set_caption(std::wstring const& caption) { SetTitle(caption); }
+
+void Tzu_vcl_form::show_modal() {
+  rethrow_held();
+  auto const owner = zu::vcl::set_owner(*this, Tzu_application::instance().get_handle());
+  wxRect const around = owner ? *owner : screen_at({0, 0});
+  wxPoint const centre = centre_of(around);
+  wxSize const size = GetSize();
+  Move(keep_on_screen({centre.x - size.x / 2, centre.y - size.y / 2, size.x, size.y},
+                      screen_at(centre)));
+  // What is thrown while the form comes to the screen finds nothing to end yet.
+  CallAfter([this] {
+    if (held_) close_form();
+  });
+  ShowModal();
+  rethrow_held();
+}
+
+void Tzu_vcl_form::close_form() {
+  if (IsModal()) EndModal(wxID_CANCEL);
+}
+
+bool Tzu_vcl_form::commit_edits() { return commit_all(*this); }
+
+void Tzu_vcl_form::fit_to_content() {
+  wxRect const place = GetRect();
+  wxRect const screen = screen_at(IsShown() ? centre_of(place) : wxPoint());
+  wxSize size = place.GetSize();
+  size.IncTo(FromDIP(wxSize(least_width, least_height)));
+  if (GetSizer() != nullptr) size.IncTo(GetSizer()->ComputeFittingWindowSize(this));
+  size.DecTo(screen.GetSize());
+  if (size != place.GetSize()) {
+    SetSize(size);
+    if (IsShown()) Move(keep_on_screen({place.GetPosition(), size}, screen));
+  }
+  layout_all(*this);
+}
+
+Tzu_vcl_form* Tzu_vcl_form::find_form(wxWindow* window) {
+  for (; window != nullptr; window = window->GetParent()) {
+    if (auto* const form = dynamic_cast<Tzu_vcl_form*>(window)) return form;
+  }
+  return nullptr;
+}
+
+void Tzu_vcl_form::hold_exception(std::exception_ptr exception) {
+  if (!held_) held_ = std::move(exception);
+  close_form();
+}
+
+void Tzu_vcl_form::rethrow_held() {
+  if (held_) std::rethrow_exception(std::exchange(held_, nullptr));
+}

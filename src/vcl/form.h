@@ -1,0 +1,51 @@
+// The base of modal forms.
+#pragma once
+
+#include <wx/dialog.h>
+
+#include <exception>
+#include <string>
+
+// An empty form with a title bar and nothing on it: no close box, no keys that
+// close it. Subclasses fill it in create().
+class Tzu_vcl_form : public wxDialog {
+ public:
+  static constexpr int least_width = 600;
+  static constexpr int least_height = 360;
+
+  // The form belongs to the caller, not to the toolkit; the window that owns
+  // it on the screen is the application's at the time of show_modal.
+  Tzu_vcl_form();
+
+  virtual void create() {}
+  virtual void load_rc() {}
+
+  std::wstring get_caption() const;
+  void set_caption(std::wstring const& caption);
+
+  // Shows the form over its owner and returns when it is closed. Throws what an
+  // event handler of the form has thrown in the meantime.
+  void show_modal();
+
+  // Ends show_modal; does nothing when the form is not shown.
+  void close_form();
+
+  // Accepts what is typed in the visible number edits. Returns false, with the
+  // message shown and the focus on the edit, when a text was refused.
+  bool commit_edits();
+
+  // Lays the whole form out anew and makes it large enough for its content.
+  // It never gets smaller and stays on the screen.
+  void fit_to_content();
+
+  // The form that `window` is on, null when it is on none.
+  static Tzu_vcl_form* find_form(wxWindow* window);
+
+  // Keeps the first exception for show_modal and closes the form.
+  void hold_exception(std::exception_ptr exception);
+
+ private:
+  void rethrow_held();
+
+  std::exception_ptr held_;
+};

@@ -1,0 +1,53 @@
+#include "vcl/panel.h"
+
+#include "text/rc.h"
+#include "text/strconv.h"
+
+namespace zu::vcl {
+
+std::wstring rc_text(int group, int index) {
+  return strconv::from_interface(Tzu_rc::get_str(group, index));
+}
+
+}  // namespace zu::vcl
+
+Tzu_vcl_panel::Tzu_vcl_panel(wxWindow* parent)
+    : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_NONE) {
+  SetSize(FromDIP(wxSize(initial_width, initial_height)));
+}
+
+Tzu_vcl_group_box::Tzu_vcl_group_box(wxWindow* parent)
+    : wxStaticBox(parent, wxID_ANY, wxString()) {}
+
+std::wstring Tzu_vcl_group_box::get_caption() const { return GetLabelText().ToStdWstring(); }
+
+void Tzu_vcl_group_box::set_caption(std::wstring const& caption) { SetLabelText(caption); }
+
+wxSizer* Tzu_vcl_group_box::get_sizer() {
+  if (sizer_ == nullptr) sizer_ = zu::vcl::make_sizer<wxStaticBoxSizer>(this, wxVERTICAL);
+  return sizer_;
+}
+
+// The label keeps the width that its sizer gives it when the caption changes.
+Tzu_vcl_label::Tzu_vcl_label(wxWindow* parent, std::wstring const& caption)
+    : wxStaticText(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                   wxST_NO_AUTORESIZE) {
+  set_caption(caption);
+}
+
+std::wstring Tzu_vcl_label::get_caption() const { return GetLabelText().ToStdWstring(); }
+
+void Tzu_vcl_label::set_caption(std::wstring const& caption) {
+  SetLabelText(caption);
+  // The toolkit forgets the size of the old text only where it resizes by itself.
+  InvalidateBestSize();
+}
+
+Tzu_vcl_button::Tzu_vcl_button(wxWindow* parent, std::wstring const& caption, wxWindowID id)
+    : wxButton(parent, id, L" ") {
+  set_caption(caption);
+}
+
+std::wstring Tzu_vcl_button::get_caption() const { return GetLabelText().ToStdWstring(); }
+
+void Tzu_vcl_button::set_caption(std::wstring const& caption) { SetLabelText(caption); }

@@ -1,0 +1,76 @@
+// The kit's plain container and the controls that add nothing but their type.
+#pragma once
+
+#include <wx/button.h>
+#include <wx/panel.h>
+#include <wx/sizer.h>
+#include <wx/statbox.h>
+#include <wx/stattext.h>
+
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace zu::vcl {
+
+// Makes a window that its parent owns and destroys.
+template <class Window, class Parent, class... Arguments>
+Window* make_child(Parent* parent, Arguments&&... arguments) {
+  return std::make_unique<Window>(parent, std::forward<Arguments>(arguments)...).release();
+}
+
+// Makes a sizer that the window or the sizer it is given to owns.
+template <class Sizer, class... Arguments>
+Sizer* make_sizer(Arguments&&... arguments) {
+  return std::make_unique<Sizer>(std::forward<Arguments>(arguments)...).release();
+}
+
+// An interface text in the current language.
+std::wstring rc_text(int group, int index);
+
+}  // namespace zu::vcl
+
+// Containers are built in two steps after construction: create() makes and
+// places the children, load_rc() sets the captions in the interface language.
+class Tzu_vcl_panel : public wxPanel {
+ public:
+  static constexpr int initial_width = 200;
+  static constexpr int initial_height = 21;
+
+  explicit Tzu_vcl_panel(wxWindow* parent);
+
+  virtual void create() {}
+  virtual void load_rc() {}
+};
+
+class Tzu_vcl_group_box : public wxStaticBox {
+ public:
+  explicit Tzu_vcl_group_box(wxWindow* parent);
+
+  std::wstring get_caption() const;
+  void set_caption(std::wstring const& caption);
+
+  // Lays the box's children out from the top. Made at the first call; stands
+  // for the box in the sizer of the box's parent, which must take it.
+  wxSizer* get_sizer();
+
+ private:
+  wxSizer* sizer_ = nullptr;
+};
+
+class Tzu_vcl_label : public wxStaticText {
+ public:
+  explicit Tzu_vcl_label(wxWindow* parent, std::wstring const& caption = {});
+
+  std::wstring get_caption() const;
+  void set_caption(std::wstring const& caption);
+};
+
+class Tzu_vcl_button : public wxButton {
+ public:
+  explicit Tzu_vcl_button(wxWindow* parent, std::wstring const& caption = {},
+                          wxWindowID id = wxID_ANY);
+
+  std::wstring get_caption() const;
+  void set_caption(std::wstring const& caption);
+};

@@ -1,0 +1,89 @@
+#include "vcl/selbox.h"
+
+#include <wx/arrstr.h>
+
+#include <algorithm>
+
+#include "vcl/event_guard.h"
+
+namespace {
+
+template <class Predicate>
+int find_position(std::vector<Tzu_vcl_selbox_item> const& items, Predicate predicate) {
+  auto const found = std::ranges::find_if(items, predicate);
+  return found == items.end() ? wxNOT_FOUND : static_cast<int>(found - items.begin());
+}
+
+}  // namespace
+
+Tzu_vcl_selbox::Tzu_vcl_selbox(wxWindow* parent) : wxChoice(parent, wxID_ANY) {
+  zu::vcl::bind_guarded(*this, wxEVT_CHOICE, [this] { on_self_change(); });
+}
+
+void Tzu_vcl_selbox::clear() {
+  Clear();
+  items_.clear();
+}
+
+void Tzu_vcl_selbox::add_item(std::wstring const& caption, unsigned key) {
+  Tzu_vcl_selbox_item const item{caption, key};
+  add_items({&item, 1});
+}
+
+void Tzu_vcl_selbox::add_items(std::span<Tzu_vcl_selbox_item const> items) {
+  if (items.empty()) return;
+  bool const was_empty = items_.empty();
+  wxArrayString captions;
+  captions.reserve(items.size());
+  for (auto const& item : items) captions.push_back(item.caption);
+  Append(captions);
+  items_.insert(items_.end(), items.begin(), items.end());
+  if (was_empty) SetSelection(0);
+}
+
+bool Tzu_vcl_selbox::find_str(std::wstring const& caption, unsigned* key) const {
+  auto const found = std::ranges::find(items_, caption, &Tzu_vcl_selbox_item::caption);
+  if (found == items_.end()) return false;
+  *key = found->key;
+  return true;
+}
+
+Tzu_vcl_selbox_item const* Tzu_vcl_selbox::get_active() const {
+  int const position = GetSelection();
+  return position == wxNOT_FOUND ? nullptr : &items_[static_cast<std::size_t>(position)];
+}
+
+unsigned Tzu_vcl_selbox::get_active_idx() const {
+  auto const* const item = get_active();
+  return item == nullptr ? 0 : item->key;
+}
+
+void Tzu_vcl_selbox::set_active_idx(unsigned key) {
+  SetSelection(find_position(items_, [key](auto const& item) { return item.key == key; }));
+}
+
+std::wstring Tzu_vcl_selbox::get_active_caption() const {
+  auto const* const item = get_active();
+  return item == nullptr ? std::wstring() : item->caption;
+}
+
+void Tzu_vcl_selbox::set_active_caption(std::wstring const& caption) {
+  SetSelection(find_position(items_, [&](auto const& item) { return item.caption == caption; }));
+}
+
+std::wstring Tzu_vcl_selbox::get_item_captions(std::size_t position) const {
+  return position < items_.size() ? items_[position].caption : std::wstring();
+}
+
+void Tzu_vcl_selbox::set_item_captions(std::size_t position, std::wstring const& caption) {
+  if (position >= items_.size()) return;
+  items_[position].caption = caption;
+  SetString(static_cast<unsigned>(position), caption);
+  InvalidateBestSize();
+}
+
+void Tzu_vcl_selbox::call_on_change() const {
+  if (on_change) on_change();
+}
+
+Tzu_vcl_combo_box::Tzu_vcl_combo_box(wxWindow* parent) : wxComboBox(parent, wxID_ANY) {}

@@ -1,0 +1,60 @@
+// Drop-down lists.
+#pragma once
+
+#include <wx/choice.h>
+#include <wx/combobox.h>
+
+#include <cstddef>
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+struct Tzu_vcl_selbox_item {
+  std::wstring caption;
+  unsigned key = 0;
+};
+
+// A list to pick from. Each item has a key beside its caption; callers keep and
+// compare keys, positions serve only to set captions.
+class Tzu_vcl_selbox : public wxChoice {
+ public:
+  explicit Tzu_vcl_selbox(wxWindow* parent);
+
+  void clear();
+  // The first item of an empty list becomes the selected one.
+  void add_item(std::wstring const& caption, unsigned key);
+  // The same for many items at once, and much faster.
+  void add_items(std::span<Tzu_vcl_selbox_item const> items);
+  std::size_t get_items_count() const noexcept { return items_.size(); }
+
+  // Key of the first item with the caption; false and `key` untouched if none.
+  bool find_str(std::wstring const& caption, unsigned* key) const;
+
+  // Key of the selected item, 0 when nothing is selected.
+  unsigned get_active_idx() const;
+  // Selects the first item with the key or caption, nothing when there is none.
+  // Neither fires on_change.
+  void set_active_idx(unsigned key);
+  std::wstring get_active_caption() const;
+  void set_active_caption(std::wstring const& caption);
+
+  // Caption at a list position from 0; empty, or not set, beyond the end.
+  std::wstring get_item_captions(std::size_t position) const;
+  void set_item_captions(std::size_t position, std::wstring const& caption);
+
+  // Fired when the user picks an item.
+  std::function<void()> on_change;
+  void call_on_change() const;
+
+ private:
+  void on_self_change() const { call_on_change(); }
+  Tzu_vcl_selbox_item const* get_active() const;
+
+  std::vector<Tzu_vcl_selbox_item> items_;
+};
+
+class Tzu_vcl_combo_box : public wxComboBox {
+ public:
+  explicit Tzu_vcl_combo_box(wxWindow* parent);
+};

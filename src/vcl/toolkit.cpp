@@ -1,0 +1,62 @@
+#include "vcl/toolkit.h"
+
+#include <wx/app.h>
+#include <wx/init.h>
+#include <wx/log.h>
+
+#include <array>
+#include <clocale>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+namespace zu::vcl {
+namespace {
+
+// Stands in for the application of a host that has none of the toolkit's. Its
+// main loop is never run: forms run loops of their own.
+class Tzu_wx_app : public wxApp {
+ public:
+  bool OnInit() override {
+    SetExitOnFrameDelete(false);
+    return true;
+  }
+};
+
+// The toolkit and what it stands on take up the user's locale when they start.
+// The locale is the host's business.
+class Tzu_locale_scope {
+ public:
+  Tzu_locale_scope() : kept_(std::setlocale(LC_ALL, nullptr)) {}
+  ~Tzu_locale_scope() { std::setlocale(LC_ALL, kept_.c_str()); }
+
+  Tzu_locale_scope(Tzu_locale_scope const&) = delete;
+  Tzu_locale_scope& operator=(Tzu_locale_scope const&) = delete;
+
+ private:
+  std::string kept_;
+};
+
+}  // namespace
+
+void start() {
+  if (wxApp::GetInstance() != nullptr) return;
+
+  Tzu_locale_scope const locale;
+  platform::prepare_start();
+  wxApp::SetInstance(std::make_unique<Tzu_wx_app>().release());
+  int argc = 0;
+  std::array<wxChar*, 1> argv{nullptr};
+  // The caller gets the failure; it need not be on the terminal as well.
+  wxLogNull const quiet;
+  if (!wxEntryStart(argc, argv.data())) {
+    throw std::runtime_error("the window toolkit cannot start: no display");
+  }
+  if (!wxTheApp->CallOnInit()) {
+    wxEntryCleanup();
+    throw std::runtime_error("the window toolkit cannot start");
+  }
+  platform::keep_library_loaded();
+}
+
+}  // namespace zu::vcl

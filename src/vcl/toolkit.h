@@ -1,0 +1,31 @@
+// Start of the window toolkit inside a host that may know nothing of it.
+#pragma once
+
+class wxTextCtrl;
+class wxWindow;
+
+namespace zu::vcl {
+
+// Starts the toolkit unless it already runs in this process, be it the host's
+// or from an earlier call. The host's C locale is what it was afterwards.
+// Throws std::runtime_error when there is no display to start on.
+void start();
+
+// What differs by platform.
+namespace platform {
+
+// Called before the toolkit starts.
+void prepare_start();
+
+// Called once the toolkit runs: neither the toolkit nor the application object
+// can be taken down again, so the library must not be unmapped under them.
+void keep_library_loaded();
+
+// Tells screen readers that `label` names `control`.
+void relate_label(wxWindow& label, wxWindow& control);
+
+// The natural height of a single-line edit that is not hidden.
+int best_edit_height(wxTextCtrl const& edit);
+
+}  // namespace platform
+}  // namespace zu::vcl

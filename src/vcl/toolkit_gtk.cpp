@@ -1,0 +1,36 @@
+#include <dlfcn.h>
+#include <gtk/gtk.h>
+#include <wx/textctrl.h>
+
+#include "vcl/toolkit.h"
+
+namespace zu::vcl::platform {
+
+void prepare_start() {
+  // Of no use, and complained about, once GTK runs for the host.
+  if (gdk_display_get_default() == nullptr) gtk_disable_setlocale();
+}
+
+void keep_library_loaded() {
+  Dl_info info{};
+  if (dladdr(reinterpret_cast<void const*>(&keep_library_loaded), &info) == 0) return;
+  // The handle is dropped on purpose: the mapping is to stay.
+  static_cast<void>(dlopen(info.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE));
+}
+
+void relate_label(wxWindow& label, wxWindow& control) {
+  GtkWidget* const widget = label.GetHandle();
+  if (GTK_IS_LABEL(widget)) gtk_label_set_mnemonic_widget(GTK_LABEL(widget), control.GetHandle());
+}
+
+// The toolkit's own answer changes when the edit first appears, which would
+// leave forms laid out before that too small.
+int best_edit_height(wxTextCtrl const& edit) {
+  GtkWidget* const widget = edit.GetHandle();
+  int least = 0;
+  int natural = 0;
+  GTK_WIDGET_GET_CLASS(widget)->get_preferred_height(widget, &least, &natural);
+  return natural;
+}
+
+}  // namespace zu::vcl::platform
