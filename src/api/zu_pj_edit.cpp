@@ -1,0 +1,46 @@
+#include "zu_pj_edit/zu_pj_edit.h"
+
+#include <string>
+
+#include "basic/module.h"
+#include "pj_edit/vcl_pj_edit_form.h"
+#include "vcl/application.h"
+#include "vcl/toolkit.h"
+
+namespace {
+
+// Results live as long as the library; each call overwrites them.
+std::string execute_result;
+std::string edit_result;
+
+using wide_execute = void*(zu_pj_edit_window, void*, void*);
+
+char const* zu_vcl_pj_edit(char const* definition, unsigned char* changed) {
+  zu::vcl::start();
+  Tzu_vcl_pj_edit_form form;
+  form.create();
+  form.load_rc();
+  edit_result = form.pj_edit(definition, changed);
+  return edit_result.c_str();
+}
+
+}  // namespace
+
+char const* zu_proj4_form_execute(zu_pj_edit_window owner, char const* definition,
+                                  unsigned char* changed) {
+  Tzu_handle_scope const scope(owner);
+  *changed = 0;
+  // The caller may pass the last result back in.
+  std::string const input = definition == nullptr ? "" : definition;
+  execute_result = input;
+  execute_result = zu_vcl_pj_edit(input.c_str(), changed);
+  return execute_result.c_str();
+}
+
+void* zu_proj4_form_execute_w(zu_pj_edit_window owner, void* first, void* second) {
+  Tzu_handle_scope const scope(owner);
+  auto* const execute = zu::module::find_loaded_as<wide_execute>("zuk_scene2d_editor_bdl",
+                                                                 "zu_proj4_form_execute_w__impl");
+  // The window is the application's by now, so the module is given none.
+  return execute == nullptr ? nullptr : execute(nullptr, first, second);
+}

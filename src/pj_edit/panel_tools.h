@@ -1,0 +1,44 @@
+// What the editor's panels have in common.
+#pragma once
+
+#include <string>
+
+#include "vcl/caption_panel.h"
+
+namespace zu {
+
+// Group of the interface texts that hold the editor's captions.
+inline constexpr int editor_texts = 6;
+// Least widths in device-independent pixels: captions of selectors, number
+// parts of the editor's captioned edits.
+inline constexpr int selector_caption_width = 70;
+inline constexpr int number_width = 100;
+inline constexpr int projection_number_width = 70;
+// Room around the controls of a group.
+inline constexpr int group_margin = 2;
+
+// Makes a captioned control as the next one from the top of a group.
+template <class Control>
+Control* add_to_group(Tzu_vcl_group_box& group) {
+  auto* const control = vcl::make_child<Control>(&group);
+  control->create();
+  group.get_sizer()->Add(control, wxSizerFlags().Expand().Border(wxALL, control->FromDIP(group_margin)));
+  return control;
+}
+
+// A group box that fills a panel.
+inline Tzu_vcl_group_box* fill_with_group(Tzu_vcl_panel& panel) {
+  auto* const group = vcl::make_child<Tzu_vcl_group_box>(&panel);
+  auto* const sizer = vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
+  sizer->Add(group->get_sizer(), wxSizerFlags(1).Expand().Border(wxALL, panel.FromDIP(group_margin)));
+  panel.SetSizer(sizer);
+  return group;
+}
+
+// Sets the caption of an editor text.
+template <class Control>
+void set_rc_caption(Control& control, int index) {
+  control.set_caption(vcl::rc_text(editor_texts, index));
+}
+
+}  // namespace zu

@@ -1,0 +1,82 @@
+#include "pj_edit/vcl_pj_edit.h"
+
+#include "pj_edit/panel_tools.h"
+
+using zu::definition_kind;
+
+namespace {
+
+constexpr int type_left = 4;
+constexpr int type_width = 300;
+
+}  // namespace
+
+Tzu_vcl_pj_edit::Tzu_vcl_pj_edit(wxWindow* parent)
+    : Tzu_vcl_panel(parent), editor_(zu::catalogue_lists::shipped()) {}
+
+void Tzu_vcl_pj_edit::create() {
+  top_ = zu::vcl::make_child<Tzu_vcl_panel>(this);
+  type_ = zu::vcl::make_child<Tzu_vcl_caption_selbox>(top_);
+  type_->create();
+  type_->set_caption_width(zu::selector_caption_width);
+  type_->GetSizer()->SetMinSize(FromDIP(wxSize(type_width, 0)));
+  type_->add_item(L"none", static_cast<unsigned>(definition_kind::none));
+  type_->add_item(L"usual", static_cast<unsigned>(definition_kind::usual));
+  type_->add_item(L"zonal", static_cast<unsigned>(definition_kind::zonal));
+  type_->on_change = [this] { on_type_change(); };
+  auto* const top_sizer = zu::vcl::make_sizer<wxBoxSizer>(wxHORIZONTAL);
+  top_sizer->Add(type_, wxSizerFlags().Border(wxALL, FromDIP(type_left)));
+  top_->SetSizer(top_sizer);
+
+  proj_ = zu::vcl::make_child<Tzu_vcl_pj_proj>(this, editor_);
+  proj_->create();
+  proj_->on_projection_change = [this] {
+    // A Gauss-Kruger system brings its datum.
+    datum_->refresh();
+    call_on_layout();
+  };
+  datum_ = zu::vcl::make_child<Tzu_vcl_pj_datum>(this, editor_);
+  datum_->create();
+  datum_->on_layout = [this] { call_on_layout(); };
+
+  auto* const panels = zu::vcl::make_sizer<wxBoxSizer>(wxHORIZONTAL);
+  panels->Add(proj_, wxSizerFlags().Expand());
+  panels->Add(datum_, wxSizerFlags(1).Expand());
+  auto* const sizer = zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
+  sizer->Add(top_, wxSizerFlags().Expand());
+  sizer->Add(panels, wxSizerFlags(1).Expand());
+  SetSizer(sizer);
+  refresh();
+}
+
+void Tzu_vcl_pj_edit::load_rc() {
+  zu::set_rc_caption(*type_, 28);
+  for (std::size_t i = 0; i < 3; ++i)
+    type_->set_item_captions(i, zu::vcl::rc_text(zu::editor_texts, 29 + static_cast<int>(i)));
+  proj_->load_rc();
+  datum_->load_rc();
+}
+
+void Tzu_vcl_pj_edit::set_proj4_string(char const* text) {
+  editor_.set_proj4_string(text);
+  refresh();
+}
+
+void Tzu_vcl_pj_edit::on_type_change() {
+  editor_.choose_kind(static_cast<definition_kind>(type_->get_active_idx()));
+  refresh();
+}
+
+void Tzu_vcl_pj_edit::refresh() {
+  definition_kind const kind = editor_.state().kind;
+  type_->set_active_idx(static_cast<unsigned>(kind));
+  proj_->Show(kind != definition_kind::none);
+  datum_->Show(kind != definition_kind::none);
+  proj_->refresh();
+  datum_->refresh();
+  call_on_layout();
+}
+
+void Tzu_vcl_pj_edit::call_on_layout() const {
+  if (on_layout) on_layout();
+}

@@ -1,0 +1,107 @@
+#include "pj_edit/vcl_pj_proj.h"
+
+#include "basic/number.h"
+#include "pj_edit/panel_tools.h"
+#include "text/strconv.h"
+
+namespace {
+
+// All zonal names share one key: they are chosen by their text.
+constexpr unsigned zonal_key = 1;
+
+}  // namespace
+
+Tzu_vcl_pj_proj::Tzu_vcl_pj_proj(wxWindow* parent, zu::Tzu_pj_editor& editor)
+    : Tzu_vcl_panel(parent), editor_(editor) {}
+
+void Tzu_vcl_pj_proj::create() {
+  group_ = zu::fill_with_group(*this);
+  GetSizer()->SetMinSize(FromDIP(wxSize(panel_width, 0)));
+  auto* const strip = zu::vcl::make_child<Tzu_vcl_panel>(group_);
+  auto* const strip_sizer = zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
+  strip->SetSizer(strip_sizer);
+  strip_sizer->SetMinSize(FromDIP(wxSize(0, strip_height)));
+  for (auto** const part : {&usual_strip_, &zonal_strip_}) {
+    *part = zu::vcl::make_child<Tzu_vcl_panel>(strip);
+    (*part)->SetSizer(zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL));
+    strip_sizer->Add(*part, wxSizerFlags(1).Expand());
+  }
+  group_->get_sizer()->Add(strip, wxSizerFlags().Expand());
+
+  usual_ = add_selector(*usual_strip_);
+  std::vector<Tzu_vcl_selbox_item> items;
+  for (Tzu_pj_proj_def const& record : editor_.lists().usual)
+    items.push_back({zu::strconv::from_system(record.get_caption()), record.get_index()});
+  usual_->add_items(items);
+  usual_->on_change = [this] {
+    editor_.choose_usual(usual_->get_active_idx());
+    on_change();
+  };
+
+  zonal_ = add_selector(*zonal_strip_);
+  items.clear();
+  for (std::string const& name : editor_.zonal_names())
+    items.push_back({zu::strconv::from_system(name), zonal_key});
+  zonal_->add_items(items);
+  zonal_->on_change = [this] {
+    editor_.choose_zonal(zu::strconv::to_system(zonal_->get_active_caption()));
+    on_change();
+  };
+
+  zone_ = add_selector(*zonal_strip_);
+  zone_->set_edit_width(zu::projection_number_width);
+  zone_->on_change = [this] {
+    editor_.choose_zone(static_cast<int>(zone_->get_active_idx()));
+    on_change();
+  };
+
+  params_ = zu::vcl::make_child<Tzu_vcl_pj_proj_params>(group_, editor_);
+  params_->create();
+  group_->get_sizer()->Add(params_, wxSizerFlags(1).Expand());
+}
+
+Tzu_vcl_caption_selbox* Tzu_vcl_pj_proj::add_selector(Tzu_vcl_panel& strip) {
+  auto* const selector = zu::vcl::make_child<Tzu_vcl_caption_selbox>(&strip);
+  selector->create();
+  selector->set_caption_width(zu::selector_caption_width);
+  strip.GetSizer()->Add(selector,
+                        wxSizerFlags().Expand().Border(wxALL, FromDIP(zu::group_margin)));
+  return selector;
+}
+
+void Tzu_vcl_pj_proj::load_rc() {
+  zu::set_rc_caption(*group_, 14);
+  zu::set_rc_caption(*usual_, 34);
+  zu::set_rc_caption(*zonal_, 32);
+  zu::set_rc_caption(*zone_, 33);
+  params_->load_rc();
+}
+
+void Tzu_vcl_pj_proj::on_change() {
+  refresh();
+  if (on_projection_change) on_projection_change();
+}
+
+void Tzu_vcl_pj_proj::fill_zones() {
+  if (zones_of_ == editor_.state().zonal_name) return;
+  zones_of_ = editor_.state().zonal_name;
+  std::vector<Tzu_vcl_selbox_item> items;
+  for (int const zone : editor_.zones_of(zones_of_)) {
+    std::string const text = zu::number::format_int(zone);
+    items.push_back({std::wstring(text.begin(), text.end()), static_cast<unsigned>(zone)});
+  }
+  zone_->clear();
+  zone_->add_items(items);
+}
+
+void Tzu_vcl_pj_proj::refresh() {
+  zu::edit_state const& state = editor_.state();
+  bool const zonal = state.kind == zu::definition_kind::zonal;
+  usual_strip_->Show(!zonal);
+  zonal_strip_->Show(zonal);
+  usual_->set_active_idx(state.usual_id);
+  zonal_->set_active_caption(zu::strconv::from_system(state.zonal_name));
+  fill_zones();
+  zone_->set_active_idx(static_cast<unsigned>(state.zone));
+  params_->refresh();
+}
