@@ -1,0 +1,9 @@
+// Listings of the catalogue for a shell.
+#pragma once
+
+#include <iosfwd>
+#include <string>
+
+// Prints one of the lists "usual", "zonal", "datums" or "ellipsoids": a line
+// each with tabs between the columns, or as a JSON array.
+void print_catalogue(std::ostream& out, std::string const& list, bool json);
