@@ -1,0 +1,177 @@
+/* A host of the dialog in plain C and GTK 3: an edit line with a definition, a
+   button that opens the dialog on it, and what the dialog gave back.
+
+   usage: zu_demo_host [--run-once] [--controls FILE] [DEFINITION]
+
+   --run-once       press "Edit..." by itself and end with the dialog
+   --controls FILE  keep in FILE what the open dialog shows, and where */
+#include <dlfcn.h>
+#include <gdk/gdk.h>
+#include <gtk/gtk.h>
+#include <stdio.h>
+#include <string.h>
+#ifdef GDK_WINDOWING_X11
+#include <gdk/gdkx.h>
+#endif
+
+#include "host_controls_gtk.h"
+#include "zu_pj_edit/zu_pj_edit.h"
+
+typedef char const* (*execute_function)(zu_pj_edit_window owner, char const* definition,
+                                        unsigned char* changed);
+
+typedef struct {
+  execute_function execute;
+  gboolean run_once;
+  GtkWidget* window;
+  GtkWidget* definition;
+  GtkWidget* result;
+  GtkWidget* changed;
+} host;
+
+/* The library lies beside this program. */
+static execute_function load_library(void) {
+  char* const program = g_file_read_link("/proc/self/exe", NULL);
+  char* const folder = g_path_get_dirname(program != NULL ? program : ".");
+  char* const path = g_build_filename(folder, "libzu_pj_edit.so", NULL);
+  void* const library = dlopen(path, RTLD_NOW | RTLD_LOCAL);
+  g_free(path);
+  g_free(folder);
+  g_free(program);
+  if (library == NULL) {
+    (void)fprintf(stderr, "zu_demo_host: cannot load the library: %s\n", dlerror());
+    return NULL;
+  }
+  void* const address = dlsym(library, "zu_proj4_form_execute");
+  if (address == NULL) {
+    (void)fprintf(stderr, "zu_demo_host: not the expected library: %s\n", dlerror());
+    return NULL;
+  }
+  /* C has no cast from an object's address to a function's. */
+  execute_function function = NULL;
+  memcpy(&function, &address, sizeof function);
+  return function;
+}
+
+/* Null where the display is not X11: the dialog then has no owner. */
+static zu_pj_edit_window window_id(GtkWidget* window) {
+#ifdef GDK_WINDOWING_X11
+  GdkWindow* const native = gtk_widget_get_window(window);
+  if (GDK_IS_X11_WINDOW(native)) return GSIZE_TO_POINTER(GDK_WINDOW_XID(native));
+#endif
+  (void)window;
+  return NULL;
+}
+
+static void edit(host* self) {
+  /* A copy: the line may change while the dialog is open. */
+  char* const before = g_strdup(gtk_entry_get_text(GTK_ENTRY(self->definition)));
+  unsigned char changed = 0;
+  char const* const after = self->execute(window_id(self->window), before, &changed);
+
+  gtk_label_set_text(GTK_LABEL(self->result), after);
+  gtk_label_set_text(GTK_LABEL(self->changed), changed ? "1 (Apply)" : "0 (not applied)");
+  (void)printf("before: %s\nafter: %s\nchanged: %d\n", before, after, changed);
+  (void)fflush(stdout);
+  if (changed) gtk_entry_set_text(GTK_ENTRY(self->definition), after);
+  g_free(before);
+}
+
+static void on_edit(GtkButton* button, gpointer context) {
+  (void)button;
+  edit(context);
+}
+
+static gboolean on_run_once(gpointer context) {
+  host* const self = context;
+  edit(self);
+  gtk_widget_destroy(self->window);
+  return G_SOURCE_REMOVE;
+}
+
+/* A while after the window has come up: by then it has its place, and the
+   dialog can be centred on it. */
+static gboolean on_map(GtkWidget* widget, GdkEvent* event, gpointer context) {
+  (void)widget;
+  (void)event;
+  g_timeout_add(500, on_run_once, context);
+  return FALSE;
+}
+
+static GtkWidget* add_line(GtkGrid* grid, int row, char const* caption, GtkWidget* widget) {
+  GtkWidget* const label = gtk_label_new(caption);
+  gtk_label_set_xalign(GTK_LABEL(label), 0);
+  gtk_grid_attach(grid, label, 0, row, 1, 1);
+  gtk_widget_set_hexpand(widget, TRUE);
+  gtk_grid_attach(grid, widget, 1, row, 1, 1);
+  return widget;
+}
+
+static GtkWidget* new_text(void) {
+  GtkWidget* const label = gtk_label_new("-");
+  gtk_label_set_xalign(GTK_LABEL(label), 0);
+  gtk_label_set_line_wrap(GTK_LABEL(label), TRUE);
+  gtk_label_set_selectable(GTK_LABEL(label), TRUE);
+  return label;
+}
+
+static void build_window(host* self, char const* definition) {
+  self->window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
+  gtk_window_set_title(GTK_WINDOW(self->window), "zu_pj_edit demonstration host");
+  gtk_window_set_default_size(GTK_WINDOW(self->window), 860, 420);
+  gtk_window_set_position(GTK_WINDOW(self->window), GTK_WIN_POS_CENTER);
+  gtk_container_set_border_width(GTK_CONTAINER(self->window), 12);
+  g_signal_connect(self->window, "destroy", G_CALLBACK(gtk_main_quit), NULL);
+
+  GtkWidget* const grid = gtk_grid_new();
+  gtk_grid_set_row_spacing(GTK_GRID(grid), 8);
+  gtk_grid_set_column_spacing(GTK_GRID(grid), 12);
+  gtk_container_add(GTK_CONTAINER(self->window), grid);
+
+  self->definition = add_line(GTK_GRID(grid), 0, "Definition", gtk_entry_new());
+  gtk_entry_set_text(GTK_ENTRY(self->definition), definition);
+  GtkWidget* const button = gtk_button_new_with_label("Edit...");
+  g_signal_connect(button, "clicked", G_CALLBACK(on_edit), self);
+  gtk_grid_attach(GTK_GRID(grid), button, 2, 0, 1, 1);
+  self->result = add_line(GTK_GRID(grid), 1, "Returned text", new_text());
+  self->changed = add_line(GTK_GRID(grid), 2, "Changed flag", new_text());
+
+  if (self->run_once) g_signal_connect(self->window, "map-event", G_CALLBACK(on_map), self);
+  gtk_widget_show_all(self->window);
+}
+
+int main(int argc, char** argv) {
+  gboolean run_once = FALSE;
+  char* controls_file = NULL;
+  char** definitions = NULL;
+  GOptionEntry const options[] = {
+      {"run-once", 0, 0, G_OPTION_ARG_NONE, &run_once, "Open the dialog at once, end with it",
+       NULL},
+      {"controls", 0, 0, G_OPTION_ARG_FILENAME, &controls_file,
+       "Keep in FILE what the open dialog shows, and where", "FILE"},
+      {G_OPTION_REMAINING, 0, 0, G_OPTION_ARG_STRING_ARRAY, &definitions, NULL, "[DEFINITION]"},
+      {NULL, 0, 0, G_OPTION_ARG_NONE, NULL, NULL, NULL}};
+  GError* error = NULL;
+  if (!gtk_init_with_args(&argc, &argv, NULL, options, NULL, &error)) {
+    (void)fprintf(stderr, "zu_demo_host: %s\n", error ? error->message : "cannot open the display");
+    return 2;
+  }
+  if (definitions != NULL && definitions[0] != NULL && definitions[1] != NULL) {
+    (void)fprintf(stderr, "zu_demo_host: one definition is expected; put it in quotes\n");
+    return 2;
+  }
+
+  host self = {.execute = load_library(), .run_once = run_once};
+  if (self.execute == NULL) return 1;
+  build_window(&self, definitions && definitions[0]
+                          ? definitions[0]
+                          : "+proj=tmerc +lon_0=78.05 +lat_0=0 +x_0=4500000 +y_0=-5811057.628 "
+                            "+k_0=1 +towgs84=24.82,-131.21,-82.66,0,0,0.16,-0.12 +ellps=krass "
+                            "+units=m +lon_wrap=45 +no_defs");
+  if (controls_file != NULL) host_controls_watch(self.window, controls_file);
+  gtk_main();
+
+  g_strfreev(definitions);
+  g_free(controls_file);
+  return 0;
+}
