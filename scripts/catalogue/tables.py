@@ -1,0 +1,164 @@
+"""Reading and writing of the catalogue's CSV tables, and the rules by which
+the dialog matches a definition against them.
+
+Why: the making and the checking scripts share the file format, and the checks
+must find the same row that the dialog would find.
+A module for the other scripts; it does nothing when run.
+"""
+import csv
+import os
+
+FOLDER = os.path.join(os.path.dirname(os.path.abspath(__file__)),
+                      "..", "..", "data", "prj_def")
+
+NUMERIC_KEYS = ("lat_1", "lat_2", "lat_ts", "lat_0", "lon_0", "lonc", "alpha",
+                "k_0", "x_0", "y_0")
+
+KNOWN_KEYS = NUMERIC_KEYS + ("proj", "zone", "south", "datum", "towgs84", "a",
+                             "b", "rf", "ellps", "units", "nadgrids")
+
+
+def read(name):
+    """The rows of a table as dictionaries by column."""
+    with open(os.path.join(FOLDER, name), newline="", encoding="ascii") as stream:
+        return list(csv.DictReader(stream, strict=True))
+
+
+def write(name, columns, rows):
+    """Write a table; each row is a dictionary or a sequence in column order."""
+    with open(os.path.join(FOLDER, name), "w", newline="", encoding="ascii") as stream:
+        writer = csv.writer(stream, lineterminator="\n")
+        writer.writerow(columns)
+        for row in rows:
+            if isinstance(row, dict):
+                row = [row.get(column, "") for column in columns]
+            writer.writerow(row)
+
+
+def known(parameters):
+    """The parameters of a definition that the dialog keeps, under its names."""
+    result = {}
+    for key, value in parameters.items():
+        if key == "k":
+            result.setdefault("k_0", value)
+        elif key == "R":
+            result.setdefault("a", value)
+            result.setdefault("b", value)
+        elif key in KNOWN_KEYS:
+            result[key] = value
+    return result
+
+
+def shown(row):
+    """The numeric keys that a projection row lets the user edit."""
+    return [key for key in NUMERIC_KEYS
+            if row[key.upper()] and not row[key.upper()].startswith("=")]
+
+
+def fixed(row):
+    """The numeric keys with a fixed value of a projection row."""
+    return {key: float(row[key.upper()][1:]) for key in NUMERIC_KEYS
+            if row.get(key.upper(), "").startswith("=")}
+
+
+def _admits(row, definition):
+    """The checks that the strict look-up and the plain walk have in common."""
+    if row["SOUTH"] == "1" and "south" not in definition:
+        return False
+    lat_0 = fixed(row).get("lat_0")
+    return lat_0 is None or abs(float(definition.get("lat_0", 0)) - lat_0) < 0.0001
+
+
+def find_usual(rows, definition):
+    """The usual projection row that a definition selects, or None.
+
+    The strict look-up first, which asks for the parallels and the scale that
+    the definition gives, then the plain walk by name.
+    """
+    candidates = [row for row in rows
+                  if row["PROJ"].lower() == definition.get("proj", "").lower()
+                  and _admits(row, definition)]
+    for row in candidates:
+        wanted = [key for key in ("lat_1", "lat_2", "lat_ts") if key in definition]
+        if "k_0" in definition and "lat_ts" not in definition:
+            wanted.append("k_0")
+        if all(row[key.upper()] for key in wanted):
+            return row
+    return candidates[0] if candidates else None
+
+
+def find_zonal(rows, definition):
+    """The zonal row that a definition selects, or None."""
+    proj = definition.get("proj", "").lower()
+    for row in rows:
+        if row["PROJ"] != proj:
+            continue
+        if proj == "utm":
+            if (row["ZONE"] == definition.get("zone")
+                    and (row["SOUTH"] == "1") == ("south" in definition)):
+                return row
+        elif all(key in definition and abs(float(definition[key]) - value) < 1e-6
+                 for key, value in fixed(row).items()):
+            return row
+    return None
+
+
+def filled(row, definition):
+    """What the dialog writes for a usual row: the definition's value of every
+    parameter that the row shows, or what stands in for one not given."""
+    result = {"proj": row["PROJ"]}
+    if row["SOUTH"] == "1":
+        result["south"] = ""
+    for key in shown(row):
+        value = definition.get(key)
+        if value is None:
+            value = "1" if key == "k_0" else "0"
+            if row["PROJ"] == "lcc":
+                if key == "lat_2" or (key == "lat_0" and "lat_2" not in definition):
+                    value = definition.get("lat_1", "0")
+            elif row["PROJ"] == "stere" and key == "lat_ts":
+                lat_0 = definition.get("lat_0", "0")
+                value = lat_0 if abs(float(lat_0)) == 90 else "0"
+            elif row["PROJ"] == "krovak":
+                # The library's own constants of the one system it serves.
+                value = {"lat_0": "49.5", "lon_0": repr(24 + 50 / 60),
+                         "k_0": "0.9999"}.get(key, value)
+        result[key] = value
+    return result
+
+
+def find_ellipsoid(rows, definition):
+    """The ellipsoid row that a definition selects, or None."""
+    name = definition.get("ellps", "").lower()
+    if name:
+        for row in rows:
+            if row["ELLPS"].lower() == name:
+                return row
+    if "a" not in definition:
+        return None
+    a = float(definition["a"])
+    b = float(definition["b"]) if "b" in definition else None
+    rf = float(definition["rf"]) if "rf" in definition else None
+    for row in rows:
+        if float(row["A"]) != a:
+            continue
+        row_b = float(row["B"]) if row["B"] else None
+        row_rf = float(row["RF"]) if row["RF"] else None
+        if b is not None:
+            if row_b is not None:
+                if row_b == b:
+                    return row
+            elif row_rf is not None and a != b and abs(a / (a - b) - row_rf) <= 1e-6:
+                return row
+        if rf is not None:
+            if row_rf is not None:
+                if row_rf == rf:
+                    return row
+            elif row_b is not None and rf and abs((1 - 1 / rf) * a - row_b) <= 1e-6:
+                return row
+    return None
+
+
+def twelve_digits(text):
+    """A number as the library writes it into a definition."""
+    return "%.12g" % float(text)
