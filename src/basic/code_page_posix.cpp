@@ -1,6 +1,6 @@
 #include <iconv.h>
 #include <langinfo.h>
-#include <locale.h>
+#include <locale.h>  // NOLINT(modernize-deprecated-headers): newlocale is of POSIX
 
 #include <cerrno>
 #include <cstdlib>

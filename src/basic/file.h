@@ -12,7 +12,7 @@
 namespace zu::file {
 
 struct closer {
-  void operator()(std::FILE* stream) const noexcept { std::fclose(stream); }
+  void operator()(std::FILE* stream) const noexcept { (void)std::fclose(stream); }
 };
 // Owns a stream of the C run-time and closes it.
 using stream = std::unique_ptr<std::FILE, closer>;

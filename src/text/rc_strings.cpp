@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <stdexcept>
 
 namespace zu {
 namespace {
@@ -11,7 +12,8 @@ namespace {
 // in code page 1251 by the compiler: ASCII as it is, the letters in two runs.
 template <std::size_t Size>
 struct cp1251_text {
-  // NOLINTNEXTLINE(google-explicit-constructor): a literal operator's template parameter needs it
+  // A literal operator's template parameter is made from an array, implicitly.
+  // NOLINTNEXTLINE(google-explicit-constructor,modernize-avoid-c-arrays)
   consteval cp1251_text(char8_t const (&text)[Size]) {
     std::size_t length = 0;
     for (std::size_t i = 0; i + 1 < Size; ++i) {
@@ -24,7 +26,7 @@ struct cp1251_text {
   static consteval unsigned letter(unsigned code) {
     if (code == 0x401U) return 0xA8U;  // capital IO
     if (code == 0x451U) return 0xB8U;  // small io
-    if (code < 0x410U || code > 0x44FU) throw "no such letter in the Russian alphabet";
+    if (code < 0x410U || code > 0x44FU) throw std::invalid_argument("no letter of the Russian alphabet");
     return code - 0x410U + 0xC0U;
   }
 
