@@ -15,7 +15,7 @@ inline constexpr int selector_caption_width = 70;
 inline constexpr int number_width = 100;
 inline constexpr int projection_number_width = 70;
 // Room around the controls of a group.
-inline constexpr int group_margin = 2;
+inline constexpr int group_margin = 4;
 
 // Makes a captioned control as the next one from the top of a group.
 template <class Control>

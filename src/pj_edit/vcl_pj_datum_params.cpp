@@ -40,7 +40,6 @@ void Tzu_vcl_pj_datum_params::create() {
 
 Tzu_vcl_dbl_edit* Tzu_vcl_pj_datum_params::add_edit(wxWindow* parent, std::size_t index) {
   auto* const edit = zu::vcl::make_child<Tzu_vcl_dbl_edit>(parent);
-  edit->SetMinSize(wxSize(FromDIP(zu::projection_number_width), -1));
   edit->on_change = [this, edit, index] { editor_.set_shift(index, edit->get_value()); };
   edits_[index] = edit;
   return edit;

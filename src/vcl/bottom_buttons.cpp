@@ -10,6 +10,9 @@ constexpr std::array<int, Tzu_vcl_bottom_buttons::buttons_count> rc_captions{5, 
 constexpr std::array<wchar_t const*, Tzu_vcl_bottom_buttons::buttons_count> first_captions{
     L"Save", L"Load", L"Apply", L"Cancel", L"Help"};
 
+// What a caption that fills its button needs at both ends, taken together.
+constexpr int caption_room = 8;
+
 void call(std::function<void()> const& event) {
   if (event) event();
 }
@@ -56,7 +59,9 @@ void Tzu_vcl_bottom_buttons::set_visible(button_index index, bool visible) {
 
 wxSize Tzu_vcl_bottom_buttons::get_slot_size() const {
   wxSize slot = FromDIP(wxSize(button_width, button_height));
-  for (auto const* const button : buttons_) slot.IncTo(button->GetBestSize());
+  for (auto const* const button : buttons_) {
+    slot.IncTo(button->GetBestSize() + wxSize(FromDIP(caption_room), 0));
+  }
   return slot;
 }
 

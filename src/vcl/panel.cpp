@@ -43,10 +43,17 @@ void Tzu_vcl_label::set_caption(std::wstring const& caption) {
   InvalidateBestSize();
 }
 
+// As wide as its caption needs: what the toolkit thinks a good width for buttons
+// is more than a bar of five has room for. Without a first caption it would put
+// one of its own on a button with a standard id.
 Tzu_vcl_button::Tzu_vcl_button(wxWindow* parent, std::wstring const& caption, wxWindowID id)
-    : wxButton(parent, id, L" ") {
+    : wxButton(parent, id, L" ", wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT) {
   set_caption(caption);
+  frame_ = wxButton::DoGetBestSize() - GetTextExtent(caption);
 }
+
+// The toolkit's own answer is never less than the size that the button has.
+wxSize Tzu_vcl_button::DoGetBestSize() const { return frame_ + GetTextExtent(get_caption()); }
 
 std::wstring Tzu_vcl_button::get_caption() const { return GetLabelText().ToStdWstring(); }
 
