@@ -57,18 +57,15 @@ void Tzu_vcl_bottom_buttons::set_visible(button_index index, bool visible) {
   layout_buttons();
 }
 
-wxSize Tzu_vcl_bottom_buttons::get_slot_size() const {
-  wxSize slot = FromDIP(wxSize(button_width, button_height));
-  for (auto const* const button : buttons_) {
-    slot.IncTo(button->GetBestSize() + wxSize(FromDIP(caption_room), 0));
-  }
-  return slot;
-}
-
 void Tzu_vcl_bottom_buttons::layout_buttons() {
-  wxSize const slot = get_slot_size();
-  for (auto* const button : buttons_) button->SetMinSize(slot);
-  SetMinSize(wxSize(wxDefaultCoord, slot.y + 2 * FromDIP(margin)));
+  slot_size_ = FromDIP(wxSize(button_width, button_height));
+  for (auto* const button : buttons_) {
+    // A least size counts as needed.
+    button->SetMinSize(wxDefaultSize);
+    slot_size_.IncTo(button->GetBestSize() + wxSize(FromDIP(caption_room), 0));
+  }
+  for (auto* const button : buttons_) button->SetMinSize(slot_size_);
+  SetMinSize(wxSize(wxDefaultCoord, slot_size_.y + 2 * FromDIP(margin)));
   Layout();
 }
 

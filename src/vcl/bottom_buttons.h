@@ -63,7 +63,7 @@ class Tzu_vcl_bottom_buttons : public Tzu_vcl_panel {
   Tzu_vcl_button* get_button(button_index index) const { return buttons_[index]; }
 
   // Size of every button: the constants, or more where a caption needs it.
-  wxSize get_slot_size() const;
+  wxSize get_slot_size() const { return slot_size_; }
 
   std::function<void()> on_cancel;
   std::function<void()> on_apply;
@@ -82,4 +82,5 @@ class Tzu_vcl_bottom_buttons : public Tzu_vcl_panel {
 
  private:
   std::array<Tzu_vcl_button*, buttons_count> buttons_{};
+  wxSize slot_size_;
 };

@@ -1,7 +1,5 @@
 #include "vcl/caption_panel.h"
 
-#include <algorithm>
-
 #include "vcl/toolkit.h"
 
 namespace {
@@ -26,7 +24,7 @@ std::wstring Tzu_vcl_caption_panel::get_caption() const { return label_->get_cap
 
 void Tzu_vcl_caption_panel::set_caption(std::wstring const& caption) {
   label_->set_caption(caption);
-  place();
+  Layout();
 }
 
 void Tzu_vcl_caption_panel::set_caption_width(int width) {
@@ -41,18 +39,17 @@ void Tzu_vcl_caption_panel::set_edit_width(int width) {
 }
 
 void Tzu_vcl_caption_panel::place() {
+  // As wide as the window needs at any time, and at least `width`.
+  auto const add = [this](wxWindow* window, int width, int gap, bool fills) {
+    auto* const column = zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
+    column->Add(window, 0, wxEXPAND | wxRIGHT, FromDIP(gap));
+    column->Add(FromDIP(width), 0);
+    GetSizer()->Add(column, fills ? 1 : 0, wxALIGN_CENTRE_VERTICAL);
+  };
   bool const control_fills = edit_width_ == 0;
-  int const text_width = label_->GetBestSize().x + FromDIP(caption_gap);
-  int const label_width =
-      control_fills ? std::max(FromDIP(caption_width_), text_width) : text_width;
-  label_->SetMinSize(wxSize(label_width, wxDefaultCoord));
-  control_->SetMinSize(
-      wxSize(std::max(FromDIP(edit_width_), control_->GetBestSize().x), wxDefaultCoord));
-
-  wxSizer* const row = GetSizer();
-  row->Clear(false);
-  row->Add(label_, control_fills ? 0 : 1, wxALIGN_CENTRE_VERTICAL);
-  row->Add(control_, control_fills ? 1 : 0, wxALIGN_CENTRE_VERTICAL);
+  GetSizer()->Clear(false);
+  add(label_, control_fills ? caption_width_ : 0, caption_gap, !control_fills);
+  add(control_, edit_width_, 0, control_fills);
   Layout();
 }
 

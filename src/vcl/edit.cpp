@@ -56,8 +56,9 @@ bool is_whole_number(std::string_view text) {
 }  // namespace
 
 Tzu_vcl_edit::Tzu_vcl_edit(wxWindow* parent, std::wstring const& text)
-    : wxTextCtrl(parent, wxID_ANY, text),
-      best_height_(zu::vcl::platform::best_edit_height(*this)) {}
+    : wxTextCtrl(parent, wxID_ANY, text), best_height_(zu::vcl::platform::best_edit_height(*this)) {
+  InvalidateBestSize();
+}
 
 std::wstring Tzu_vcl_edit::get_text() const { return GetValue().ToStdWstring(); }
 
@@ -71,6 +72,8 @@ wxSize Tzu_vcl_edit::DoGetBestSize() const {
 
 Tzu_vcl_dbl_edit::Tzu_vcl_dbl_edit(wxWindow* parent) : Tzu_vcl_edit(parent) {
   set_value(0);
+  // The toolkit has asked for it already, before there was this class's answer.
+  InvalidateBestSize();
   zu::vcl::bind_guarded(*this, wxEVT_CHAR, [this](wxKeyEvent& event) { on_edit_key_press(event); });
   zu::vcl::bind_guarded(*this, wxEVT_KILL_FOCUS,
                         [this](wxFocusEvent& event) { on_edit_exit(event); });

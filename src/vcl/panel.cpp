@@ -49,11 +49,7 @@ void Tzu_vcl_label::set_caption(std::wstring const& caption) {
 Tzu_vcl_button::Tzu_vcl_button(wxWindow* parent, std::wstring const& caption, wxWindowID id)
     : wxButton(parent, id, L" ", wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT) {
   set_caption(caption);
-  frame_ = wxButton::DoGetBestSize() - GetTextExtent(caption);
 }
-
-// The toolkit's own answer is never less than the size that the button has.
-wxSize Tzu_vcl_button::DoGetBestSize() const { return frame_ + GetTextExtent(get_caption()); }
 
 std::wstring Tzu_vcl_button::get_caption() const { return GetLabelText().ToStdWstring(); }
 

@@ -73,10 +73,4 @@ class Tzu_vcl_button : public wxButton {
 
   std::wstring get_caption() const;
   void set_caption(std::wstring const& caption);
-
- protected:
-  wxSize DoGetBestSize() const override;
-
- private:
-  wxSize frame_;  // what the button needs about its caption
 };
