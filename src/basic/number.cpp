@@ -1,13 +1,15 @@
 #include "basic/number.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 
 namespace zu::number {
 namespace {
 
-constexpr std::string_view white_space = " \t\n\v\f\r";
+constexpr bool is_white_space(char c) noexcept { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
 struct unsigned_text {
   std::string_view digits;
@@ -17,13 +19,37 @@ struct unsigned_text {
 // Takes off the white space and the one sign that scanf allows; from_chars
 // itself accepts neither white space nor "+".
 unsigned_text take_sign(std::string_view text) noexcept {
-  auto const start = text.find_first_not_of(white_space);
-  if (start == std::string_view::npos) return {};
-  text.remove_prefix(start);
+  while (!text.empty() && is_white_space(text.front())) text.remove_prefix(1);
+  if (text.empty()) return {};
   bool const negative = text.front() == '-';
   if (negative || text.front() == '+') text.remove_prefix(1);
   if (!text.empty() && (text.front() == '-' || text.front() == '+')) return {};
   return {text, negative};
+}
+
+// Reads all of a short number without an exponent, as nearly all are. Both its
+// digits as an integer and the power of ten are exact, so that their quotient
+// is the nearest double.
+bool scan_plain(std::string_view text, double& value) noexcept {
+  constexpr std::array<double, 16> powers{1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                          1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  if (text.size() > powers.size()) return false;
+  std::int64_t whole = 0;
+  std::size_t digits = 0;
+  std::size_t whole_digits = std::string_view::npos;
+  for (char const c : text) {
+    if (c == '.' && whole_digits > digits) {
+      whole_digits = digits;
+    } else if (c >= '0' && c <= '9') {
+      whole = whole * 10 + (c - '0');
+      ++digits;
+    } else {
+      return false;
+    }
+  }
+  if (digits == 0 || digits >= powers.size()) return false;
+  value = static_cast<double>(whole) / powers[digits - std::min(digits, whole_digits)];
+  return true;
 }
 
 bool is_hex(std::string_view digits) noexcept {
@@ -32,13 +58,23 @@ bool is_hex(std::string_view digits) noexcept {
          digits[2] != '-';
 }
 
+// Digits of a number without an exponent, from the first one that is not 0.
+int significant_digits(std::string_view fixed) noexcept {
+  int count = 0;
+  for (char const c : fixed)
+    if (c >= '1' || (c == '0' && count > 0)) ++count;
+  return count;
+}
+
 }  // namespace
 
 std::optional<double> scan_double(std::string_view text) noexcept {
   auto [digits, negative] = take_sign(text);
   double value = 0;
+  if (scan_plain(digits, value)) return negative ? -value : value;
   auto const parse = [&value](std::string_view part, std::chars_format format) {
-    auto const [end, error] = std::from_chars(part.data(), part.data() + part.size(), value, format);
+    auto const [end, error] =
+        std::from_chars(part.data(), part.data() + part.size(), value, format);
     return error == std::errc{} && end != part.data();
   };
   bool const read = (is_hex(digits) && parse(digits.substr(2), std::chars_format::hex)) ||
@@ -59,9 +95,19 @@ std::optional<int> scan_int(std::string_view text) noexcept {
 
 std::string format_double(double value, int digits) {
   std::array<char, 64> buffer{};
-  auto const result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                    std::chars_format::general, digits);
-  return {buffer.data(), result.ptr};
+  char* const first = buffer.data();
+  char* const last = first + buffer.size();
+  // The shortest text that reads back as the value is also the one with that
+  // many digits, as long as a double holds them all, and it is found faster.
+  double const size = std::abs(value);
+  if (digits <= 15 && size >= 1e-4 && size < 1e12) {
+    bool const whole = value == std::trunc(value);
+    char* const end = whole ? std::to_chars(first, last, static_cast<std::int64_t>(value)).ptr
+                            : std::to_chars(first, last, value, std::chars_format::fixed).ptr;
+    if (significant_digits({first, end}) <= digits) return {first, end};
+  }
+  char* const end = std::to_chars(first, last, value, std::chars_format::general, digits).ptr;
+  return {first, end};
 }
 
 std::string format_int(int value) { return std::to_string(value); }

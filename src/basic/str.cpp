@@ -1,25 +1,22 @@
 #include "basic/str.h"
 
-#include <algorithm>
-
 namespace zu::str {
 namespace {
 
-constexpr char to_lower(char c) noexcept {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+// The sets are a few characters long: a loop over them beats a library call
+// for each character of the text.
+constexpr bool is_in(std::string_view set, char c) noexcept {
+  for (char const member : set)
+    if (member == c) return true;
+  return false;
 }
 
 }  // namespace
 
 std::string_view trim(std::string_view text, std::string_view set) noexcept {
-  auto const first = text.find_first_not_of(set);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(set) - first + 1);
-}
-
-bool equal_no_case(std::string_view left, std::string_view right) noexcept {
-  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                    [](char a, char b) { return to_lower(a) == to_lower(b); });
+  while (!text.empty() && is_in(set, text.front())) text.remove_prefix(1);
+  while (!text.empty() && is_in(set, text.back())) text.remove_suffix(1);
+  return text;
 }
 
 bool trim_stricmp_equal(std::string_view left, std::string_view right) noexcept {
@@ -27,9 +24,11 @@ bool trim_stricmp_equal(std::string_view left, std::string_view right) noexcept 
 }
 
 std::vector<std::string_view> split(std::string_view text, std::string_view delimiters) {
+  bool const single = delimiters.size() == 1;
   std::vector<std::string_view> pieces;
+  pieces.reserve(32);
   for (;;) {
-    auto const end = text.find_first_of(delimiters);
+    auto const end = single ? text.find(delimiters.front()) : text.find_first_of(delimiters);
     pieces.push_back(text.substr(0, end));
     if (end == std::string_view::npos) return pieces;
     text.remove_prefix(end + 1);

@@ -17,7 +17,15 @@ std::string_view trim(std::string_view text, std::string_view set = blanks) noex
 
 // Equality without regard to the case of ASCII letters. Keys and catalogue
 // names are ASCII; other bytes compare as they are, whatever the code page.
-bool equal_no_case(std::string_view left, std::string_view right) noexcept;
+constexpr bool equal_no_case(std::string_view left, std::string_view right) noexcept {
+  constexpr auto to_lower = [](char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  };
+  if (left.size() != right.size()) return false;
+  for (std::size_t i = 0; i < left.size(); ++i)
+    if (left[i] != right[i] && to_lower(left[i]) != to_lower(right[i])) return false;
+  return true;
+}
 
 // As equal_no_case, of both texts trimmed.
 bool trim_stricmp_equal(std::string_view left, std::string_view right) noexcept;

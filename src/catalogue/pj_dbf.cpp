@@ -38,7 +38,7 @@ class Trow {
     return true;
   }
 
-  std::string text(std::size_t column) const { return Tzu_pj_dbf::wrk_str(raw(column)); }
+  std::string text(std::size_t column) const { return std::string(cleaned(column)); }
 
   std::optional<double> number(std::size_t column) const {
     return zu::number::scan_double(cleaned(column));
@@ -59,10 +59,10 @@ class Trow {
     return type == 'B' || type == 'I' ? table_->get_str(index) : table_->get_text(index);
   }
 
-  // Numbers are scanned from the cleaned text; only a "*" needs a copy for it.
+  // Only a "*" needs a copy of the field. Most fields are blank.
   std::string_view cleaned(std::size_t column) const {
-    std::string_view const text = raw(column);
-    if (text.find('*') == std::string_view::npos) return zu::str::trim(text);
+    std::string_view const text = zu::str::trim(raw(column));
+    if (text.find('*') == std::string_view::npos) return text;
     buffer_ = Tzu_pj_dbf::wrk_str(text);
     return buffer_;
   }
@@ -94,24 +94,24 @@ int load(std::string const& name, List& list, std::array<std::string_view, Count
 constexpr std::array<std::string_view, 6> ellipse_columns{"ELLPS_ID", "ELLPS_NAME", "ELLPS",
                                                           "A",        "B",          "RF"};
 constexpr std::array<std::string_view, 10> datum_columns{
-    "DATUM_NAME", "DATUM",     "SHIFT_X0",  "SHIFT_Y0", "SHIFT_Z0",
+    "DATUM_NAME", "DATUM",    "SHIFT_X0", "SHIFT_Y0", "SHIFT_Z0",
     "ROTAT_X0",   "ROTAT_Y0", "ROTAT_Z0", "SCALE_F0", "ELLPS_ID"};
 
 // Columns of the projection tables. The K columns must exist, as in every table
 // of the suite, but K_0 alone carries the scale.
 constexpr std::array<std::string_view, 54> proj_columns{
-    "PRJ_NAME", "PRJ_ALIAS", "PROJ",      "SOUTH",                       //
-    "LAT_1",    "LAT_1_V",   "LAT_1_MIN",  "LAT_1_MAX",                   //
-    "LAT_2",    "LAT_2_V",   "LAT_2_MIN",  "LAT_2_MAX",                   //
-    "LAT_TS",   "LAT_TS_V",  "LAT_TS_MIN", "LAT_TS_MAX",                  //
-    "LAT_0",    "LAT_0_V",   "LAT_0_MIN",  "LAT_0_MAX",                   //
-    "LON_0",    "LON_0_V",   "LON_0_MIN",  "LON_0_MAX",                   //
-    "LONC",     "LONC_V",    "LONC_MIN",   "LONC_MAX",                    //
-    "ALPHA",    "ALPHA_V",   "ALPHA_MIN",  "ALPHA_MAX",                   //
-    "K",        "K_V",       "K_MIN",      "K_MAX",                       //
-    "K_0",      "K_0_V",     "K_0_MIN",    "K_0_MAX",                     //
-    "X_0",      "X_0_V",     "X_0_MIN",    "X_0_MAX",                     //
-    "Y_0",      "Y_0_V",     "Y_0_MIN",    "Y_0_MAX",                     //
+    "PRJ_NAME", "PRJ_ALIAS", "PROJ",       "SOUTH",       //
+    "LAT_1",    "LAT_1_V",   "LAT_1_MIN",  "LAT_1_MAX",   //
+    "LAT_2",    "LAT_2_V",   "LAT_2_MIN",  "LAT_2_MAX",   //
+    "LAT_TS",   "LAT_TS_V",  "LAT_TS_MIN", "LAT_TS_MAX",  //
+    "LAT_0",    "LAT_0_V",   "LAT_0_MIN",  "LAT_0_MAX",   //
+    "LON_0",    "LON_0_V",   "LON_0_MIN",  "LON_0_MAX",   //
+    "LONC",     "LONC_V",    "LONC_MIN",   "LONC_MAX",    //
+    "ALPHA",    "ALPHA_V",   "ALPHA_MIN",  "ALPHA_MAX",   //
+    "K",        "K_V",       "K_MIN",      "K_MAX",       //
+    "K_0",      "K_0_V",     "K_0_MIN",    "K_0_MAX",     //
+    "X_0",      "X_0_V",     "X_0_MIN",    "X_0_MAX",     //
+    "Y_0",      "Y_0_V",     "Y_0_MIN",    "Y_0_MAX",     //
     "UNITS",    "UNITS_V",   "ZONE",       "ZONE_V",     "ZONE_N", "DATUM"};
 
 struct number_columns {
@@ -190,7 +190,9 @@ std::string Tzu_pj_dbf::get_dll_path() {
   return zu::strconv::to_system(zu::file::folder_of(module));
 }
 
-void Tzu_pj_dbf::set_catalogue_folder(std::string folder) { catalogue_folder() = std::move(folder); }
+void Tzu_pj_dbf::set_catalogue_folder(std::string folder) {
+  catalogue_folder() = std::move(folder);
+}
 
 std::string Tzu_pj_dbf::get_proj_db_path() { return table_path("pj_proj1.dbf"); }
 std::string Tzu_pj_dbf::get_zone_db_path() { return table_path("pj_proj2.dbf"); }

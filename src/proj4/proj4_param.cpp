@@ -55,7 +55,9 @@ bool Tzu_proj4_param_str::equal(Tzu_proj4_param_str const& other) const noexcept
                       [&] { return zu::str::trim_stricmp_equal(value_, other.value_); });
 }
 
-char const* Tzu_proj4_param_dbl::get_out_str() { return render(zu::number::format_double(value_)); }
+char const* Tzu_proj4_param_dbl::get_out_str() {
+  return render(get_def() ? zu::number::format_double(value_) : std::string());
+}
 
 bool Tzu_proj4_param_dbl::val_from_str(char const* text) {
   auto const number = zu::number::scan_double(zu::str::trim(text));
@@ -124,6 +126,7 @@ bool Tzu_proj4_param_bool::equal(Tzu_proj4_param_bool const& other) const noexce
 }
 
 char const* Tzu_proj4_param_towgs84::get_out_str() {
+  if (!get_def()) return render({});
   std::string text;
   for (double const value : values_) {
     if (!text.empty()) text += ',';

@@ -24,6 +24,7 @@ class Tzu_proj4_param {
   virtual bool val_from_str(char const* text) = 0;
 
   char const* get_name() const noexcept { return name_.c_str(); }
+  std::string_view name() const noexcept { return name_; }
   void set_name(char const* name) { name_ = name; }
   void clear_other_names() noexcept { other_names_.clear(); }
   void add_other_name(char const* name) { other_names_.emplace_back(name); }

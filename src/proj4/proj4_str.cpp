@@ -9,9 +9,9 @@
 using zu::str::equal_no_case;
 
 Tzu_proj4_str::Tzu_proj4_str()
-    : list_{&proj_,  &zone_,   &lon_0_, &lonc_,  &lat_0_, &x_0_,   &y_0_,
-            &lat_1_, &lat_ts_, &lat_2_, &south_, &k_0_,   &alpha_, &datum_,
-            &towgs84_, &a_,    &b_,     &rf_,    &ellps_, &units_, &nadgrids_} {
+    : list_{&proj_,    &zone_,   &lon_0_, &lonc_,  &lat_0_, &x_0_,   &y_0_,
+            &lat_1_,   &lat_ts_, &lat_2_, &south_, &k_0_,   &alpha_, &datum_,
+            &towgs84_, &a_,      &b_,     &rf_,    &ellps_, &units_, &nadgrids_} {
   k_0_.add_other_name("k");
   // A radius gives both axes.
   a_.add_other_name("R");
@@ -19,21 +19,23 @@ Tzu_proj4_str::Tzu_proj4_str()
 }
 
 void Tzu_proj4_str::decompose() {
-  std::vector<zu::str::name_value> pieces;
-  for (auto const piece : zu::str::split(definition_, "+"))
-    pieces.push_back(zu::str::divide_str(piece, '='));
+  auto const texts = zu::str::split(definition_, "+");
+  std::vector<zu::str::name_value> pieces(texts.size());
+  std::ranges::transform(texts, pieces.begin(),
+                         [](auto text) { return zu::str::divide_str(text, '='); });
   auto const find = [&pieces](std::string_view name) {
-    return std::ranges::find_if(pieces,
-                                [name](auto const& piece) { return equal_no_case(piece.name, name); });
+    return std::ranges::find_if(
+        pieces, [name](auto const& piece) { return equal_no_case(piece.name, name); });
   };
+  std::string value;
   for (Tzu_proj4_param* const param : list_) {
-    auto found = find(param->get_name());
+    auto found = find(param->name());
     for (unsigned i = 0; found == pieces.end() && i < param->get_other_names_count(); ++i)
       found = find(param->get_other_name(i));
-    if (found == pieces.end())
-      param->set_def(false);
-    else
-      param->val_from_str(std::string(found->value).c_str());
+    param->set_def(false);
+    if (found == pieces.end()) continue;
+    value = found->value;
+    param->val_from_str(value.c_str());
   }
 }
 
@@ -48,8 +50,9 @@ void Tzu_proj4_str::compose_as(style wanted) {
   for (Tzu_proj4_param* const param : list_) {
     if (sphere && param == &towgs84_) continue;
     if (by_radius && (param == &b_ || param == &rf_)) continue;
-    any = any || param->get_def();
-    if (by_radius && param == &a_ && a_.get_def())
+    if (!param->get_def()) continue;
+    any = true;
+    if (by_radius && param == &a_)
       definition_.append("+R=").append(zu::number::format_double(a_.get_dbl())).append(" ");
     else
       definition_.append(param->get_out_str());
@@ -79,10 +82,10 @@ bool Tzu_proj4_str::equal(Tzu_proj4_str const& other) const noexcept {
   return proj_.equal(other.proj_) && datum_.equal(other.datum_) && ellps_.equal(other.ellps_) &&
          units_.equal(other.units_) && lon_0_.equal(other.lon_0_) && lonc_.equal(other.lonc_) &&
          lat_0_.equal(other.lat_0_) && x_0_.equal(other.x_0_) && y_0_.equal(other.y_0_) &&
-         lat_1_.equal(other.lat_1_) && lat_ts_.equal(other.lat_ts_) &&
-         lat_2_.equal(other.lat_2_) && k_0_.equal(other.k_0_) && alpha_.equal(other.alpha_) &&
-         a_.equal(other.a_) && b_.equal(other.b_) && rf_.equal(other.rf_) &&
-         south_.equal(other.south_) && towgs84_.equal(other.towgs84_) && zone_.equal(other.zone_);
+         lat_1_.equal(other.lat_1_) && lat_ts_.equal(other.lat_ts_) && lat_2_.equal(other.lat_2_) &&
+         k_0_.equal(other.k_0_) && alpha_.equal(other.alpha_) && a_.equal(other.a_) &&
+         b_.equal(other.b_) && rf_.equal(other.rf_) && south_.equal(other.south_) &&
+         towgs84_.equal(other.towgs84_) && zone_.equal(other.zone_);
 }
 
 bool Tzu_proj4_str::get_is_long_lat() const noexcept {
