@@ -42,7 +42,6 @@ void for_each_definition(std::vector<std::string> const& definitions,
     }
     for (std::string line; std::getline(std::cin, line);) std::cout << convert(line) << '\n';
   }
-  if (!std::cout.flush()) throw Terror("cannot write to standard output");
 }
 
 std::string normalize(std::string const& definition) {
@@ -117,7 +116,7 @@ void use_options(options const& chosen) {
   Tzu_rc::set_lang(chosen.lang == "ru" ? 1 : 0);
 }
 
-int run(int argc, char** argv) {
+int run_command(int argc, char** argv) {
   options chosen;
   CLI::App app{"Reads, edits and writes coordinate-system definitions (PROJ.4 strings)."};
   app.name("zu_pj4");
@@ -178,6 +177,12 @@ int run(int argc, char** argv) {
   if (*load_command) load(chosen.file);
   if (*save_command) save(chosen.definition, chosen.file);
   return 0;
+}
+
+int run(int argc, char** argv) {
+  int const status = run_command(argc, argv);
+  if (!std::cout.flush()) throw Terror("cannot write to standard output");
+  return status;
 }
 
 }  // namespace
