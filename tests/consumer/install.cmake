@@ -1,0 +1,15 @@
+# Installs into a scratch prefix and moves the result: what is found in the new
+# place holds no path of the old one.
+file(REMOVE_RECURSE "${prefix}" "${moved}")
+execute_process(
+  COMMAND "${CMAKE_COMMAND}" --install "${build}" --config "${config}" --prefix "${prefix}"
+  COMMAND_ERROR_IS_FATAL ANY)
+file(RENAME "${prefix}" "${moved}")
+
+foreach(file include/zu_pj_edit/zu_pj_edit.h include/zu_pj_edit/version.h
+             bin/prj_def/pj_proj1.dbf bin/prj_def/pj_proj2.dbf
+             bin/prj_def/pj_datum.dbf bin/prj_def/pj_ellps.dbf)
+  if(NOT EXISTS "${moved}/${file}")
+    message(FATAL_ERROR "not installed: ${file}")
+  endif()
+endforeach()

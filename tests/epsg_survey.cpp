@@ -1,0 +1,295 @@
+#include "epsg_survey.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <map>
+#include <set>
+#include <sstream>
+
+namespace epsg_survey {
+namespace {
+
+using libproj::key_list;
+using libproj::keys_of;
+using libproj::point;
+using libproj::value_of;
+
+constexpr double millimetre = 1e-3;
+
+// Whether the editor's parameters include a key of the projection.
+bool is_carried(std::string_view key) {
+  static std::set<std::string_view> const carried{"proj",  "zone", "lon_0", "lonc",   "lat_0",
+                                                  "x_0",   "y_0",  "lat_1", "lat_ts", "lat_2",
+                                                  "south", "k_0",  "k",     "alpha"};
+  return carried.contains(key);
+}
+
+std::string number(double value) {
+  std::ostringstream text;
+  text.precision(17);
+  text << value;
+  return text.str();
+}
+
+std::vector<point> points_in(libproj::Tcontext const& context, PJ const* crs) {
+  double west = -180;
+  double south = -80;
+  double east = 180;
+  double north = 80;
+  if (proj_get_area_of_use(context.get(), crs, &west, &south, &east, &north, nullptr) == 0 ||
+      west == -1000) {
+    west = -10;
+    east = 10;
+    south = 30;
+    north = 50;
+  }
+  if (east < west) east += 360;
+  std::vector<point> points;
+  for (auto const [u, v] : {point{0.5, 0.5}, {0.2, 0.3}, {0.8, 0.25}, {0.3, 0.85}, {0.7, 0.7}})
+    points.push_back({west + u * (east - west), south + v * (north - south)});
+  return points;
+}
+
+// One system and what became of it.
+class Tcase {
+ public:
+  Tcase(libproj::Tcontext const& context, verdict& found, std::vector<point> points)
+      : context_(context),
+        found_(found),
+        points_(std::move(points)),
+        source_(keys_of(found.source)),
+        written_(keys_of(found.written)) {}
+
+  // False when PROJ cannot compute with the source.
+  bool judge() {
+    auto const shape = libproj::ellipsoid_of(context_, found_.source);
+    if (!shape) return false;
+    on_shape_ = " +a=" + number(shape->a) + " +b=" + number(shape->b);
+    auto const expected = project(source_, [](auto const&) { return true; });
+    if (std::ranges::none_of(expected, [](auto const& to) { return to.has_value(); })) return false;
+    if (found_.written.empty()) {
+      found_.result = outcome::unknown;
+      found_.causes.push_back(value_of(source_, "proj").value_or(""));
+      return true;
+    }
+    if (!libproj::ellipsoid_of(context_, found_.written + " +type=crs")) {
+      add_unexplained("PROJ does not read the result");
+      found_.result = outcome::changed;
+      return true;
+    }
+    if (found_.written_again != found_.written)
+      add_unexplained("another one the second time: " +
+                      libproj::join(keys_of(found_.written_again), libproj::is_geodetic));
+    compare_projection(expected);
+    compare_units();
+    compare_ellipsoid(*shape);
+    compare_shift();
+    if (!found_.causes.empty()) found_.result = outcome::changed;
+    return true;
+  }
+
+ private:
+  using wanted = std::function<bool(std::string const&)>;
+
+  std::vector<std::optional<point>> project(key_list const& keys, wanted const& also) const {
+    return libproj::project(context_,
+                            libproj::join(keys,
+                                          [&](std::string const& key) {
+                                            return libproj::is_of_projection(key) && also(key);
+                                          }) +
+                                on_shape_,
+                            points_);
+  }
+
+  void add_unexplained(std::string const& what) {
+    found_.causes.push_back("UNEXPLAINED: " + what);
+    found_.unexplained = true;
+  }
+
+  static bool is_near(std::optional<double> distance) { return distance && *distance < millimetre; }
+
+  void compare_projection(std::vector<std::optional<point>> const& expected) {
+    auto const now = project(written_, [](auto const&) { return true; });
+    if (is_near(distance(expected, now))) return;
+    if (!is_near(distance(project(source_, is_carried), now)))
+      return add_unexplained("projection, " + value_of(source_, "proj").value_or(""));
+    for (auto const& [key, value] : source_) {
+      std::string const& one = key;
+      if (is_carried(key) || !libproj::is_of_projection(key)) continue;
+      auto const without = project(source_, [&one](auto const& other) { return other != one; });
+      if (!is_near(distance(expected, without))) found_.causes.push_back("key dropped: " + key);
+    }
+  }
+
+  void compare_units() {
+    auto const before = libproj::unit_of(context_, found_.source);
+    auto const after = libproj::unit_of(context_, found_.written + " +type=crs");
+    if (before && after && std::abs(*before / *after - 1) < 1e-11) return;
+    if (value_of(source_, "to_meter"))
+      found_.causes.emplace_back("key dropped: to_meter");
+    else
+      add_unexplained("units");
+  }
+
+  void compare_ellipsoid(libproj::ellipsoid const& before) {
+    auto const after = libproj::ellipsoid_of(context_, found_.written + " +type=crs");
+    auto const is_like = [&after](auto const& shape) {
+      return after && shape && std::abs(shape->a - after->a) < millimetre / 10 &&
+             std::abs(shape->b - after->b) < millimetre / 10;
+    };
+    if (is_like(std::optional(before))) return;
+    // By this grid PROJ knows a sphere that stands for the ellipsoid of WGS 84.
+    auto const without = libproj::join(source_, [](auto const& key) { return key != "nadgrids"; });
+    if (value_of(source_, "nadgrids") == "@null" &&
+        is_like(libproj::ellipsoid_of(context_, without)))
+      return;
+    add_unexplained("ellipsoid " + libproj::join(source_, libproj::is_geodetic));
+  }
+
+  static bool is_zero_shift(key_list const& keys) {
+    auto const shift = value_of(keys, "towgs84");
+    return !shift || shift->find_first_not_of("0,") == std::string::npos;
+  }
+
+  void compare_shift() {
+    auto const datum = value_of(source_, "datum");
+    auto const grid = value_of(source_, "nadgrids");
+    if (grid) found_.causes.push_back("key dropped: nadgrids=" + *grid);
+    // PROJ takes these two by grids; the numbers of the dialog override them.
+    if (datum && (*datum == "NAD27" || *datum == "potsdam")) {
+      if (value_of(written_, "datum") != datum)
+        add_unexplained("datum " + *datum);
+      else if (!is_zero_shift(written_))
+        found_.causes.push_back("grid of the datum gives way to seven numbers: " + *datum);
+      return;
+    }
+    bool const silent = !datum && !grid && !value_of(source_, "towgs84");
+    if (silent && is_zero_shift(written_)) {
+      // To the dialog no shift and a shift of zeros are the same.
+      found_.gains_zero_shift = value_of(written_, "towgs84").has_value();
+      found_.gained_datum = value_of(written_, "datum").value_or("");
+      return;
+    }
+    if (is_near(distance(shifted(source_), shifted(written_)))) return;
+    bool const is_zone =
+        value_of(source_, "proj") == "tmerc" && value_of(source_, "ellps") == "krass";
+    if (silent && is_zone && value_of(written_, "ellps") == "krass" &&
+        value_of(written_, "towgs84") == "23.57,-140.95,-79.8,0,0.35,0.79,-0.22")
+      found_.causes.emplace_back(
+          "zone of Gauss and Kruger without a shift gets that of Pulkovo 1942");
+    else
+      add_unexplained("datum shift " + datum.value_or(""));
+  }
+
+  std::vector<std::optional<point>> shifted(key_list const& keys) const {
+    return libproj::project(context_,
+                            "+proj=longlat " + libproj::join(keys,
+                                                             [](std::string const& key) {
+                                                               return libproj::is_geodetic(key) &&
+                                                                      key != "nadgrids";
+                                                             }),
+                            points_);
+  }
+
+  libproj::Tcontext const& context_;
+  verdict& found_;
+  std::vector<point> points_;
+  key_list source_;
+  key_list written_;
+  std::string on_shape_;
+};
+
+struct list_closer {
+  void operator()(PROJ_CRS_INFO** list) const noexcept { proj_crs_info_list_destroy(list); }
+};
+struct parameters_closer {
+  void operator()(PROJ_CRS_LIST_PARAMETERS* it) const noexcept {
+    proj_get_crs_list_parameters_destroy(it);
+  }
+};
+
+std::vector<std::string> codes(libproj::Tcontext const& context) {
+  std::unique_ptr<PROJ_CRS_LIST_PARAMETERS, parameters_closer> const wanted(
+      proj_get_crs_list_parameters_create());
+  std::array<PJ_TYPE, 2> const types{PJ_TYPE_PROJECTED_CRS, PJ_TYPE_GEOGRAPHIC_2D_CRS};
+  wanted->types = types.data();
+  wanted->typesCount = types.size();
+  wanted->allow_deprecated = 1;
+  int count = 0;
+  std::unique_ptr<PROJ_CRS_INFO*, list_closer> const list(
+      proj_get_crs_info_list_from_database(context.get(), "EPSG", wanted.get(), &count));
+  std::vector<std::string> found;
+  for (int i = 0; i < count; ++i) found.emplace_back(list.get()[i]->code);
+  return found;
+}
+
+}  // namespace
+
+report run(zu::Tzu_pj_editor& editor) {
+  libproj::Tcontext const context;
+  report survey;
+  for (std::string const& code : codes(context)) {
+    ++survey.systems;
+    libproj::object const crs(proj_create_from_database(context.get(), "EPSG", code.c_str(),
+                                                        PJ_CATEGORY_CRS, 0, nullptr));
+    char const* const text =
+        crs ? proj_as_proj_string(context.get(), crs.get(), PJ_PROJ_4, nullptr) : nullptr;
+    if (text == nullptr) {
+      ++survey.without_text;
+      continue;
+    }
+    verdict found;
+    found.code = code;
+    found.source = text;
+    editor.set_proj4_string(text);
+    found.written = editor.get_proj4_string();
+    editor.set_proj4_string(found.written.c_str());
+    found.written_again = editor.get_proj4_string();
+    if (!Tcase(context, found, points_in(context, crs.get())).judge()) {
+      ++survey.not_computable;
+      continue;
+    }
+    survey.verdicts.push_back(std::move(found));
+  }
+  return survey;
+}
+
+std::string table(report const& survey) {
+  auto const count = [&survey](outcome wanted) {
+    return std::ranges::count(survey.verdicts, wanted, &verdict::result);
+  };
+  std::map<std::string, std::size_t> gained_datums;
+  for (verdict const& found : survey.verdicts)
+    if (!found.gained_datum.empty()) ++gained_datums[found.gained_datum];
+  std::map<std::string, std::pair<std::size_t, verdict const*>> causes;
+  for (verdict const& found : survey.verdicts) {
+    for (std::string const& cause : std::set(found.causes.begin(), found.causes.end())) {
+      auto& entry = causes[(found.result == outcome::unknown ? "unknown: " : "") + cause];
+      ++entry.first;
+      if (entry.second == nullptr) entry.second = &found;
+    }
+  }
+  std::ostringstream out;
+  auto const line = [&out](auto number_of, std::string const& what) {
+    out.width(7);
+    out << number_of << "  " << what << '\n';
+  };
+  line(survey.systems, "systems in the database");
+  line(survey.without_text, "that PROJ cannot write as a definition");
+  line(survey.not_computable, "whose definition PROJ cannot compute with");
+  line(survey.verdicts.size(), "through the editor, of them");
+  line(count(outcome::same), "  same meaning");
+  line(count(outcome::unknown), "  unknown");
+  line(count(outcome::changed), "  changed");
+  out << "causes (a system can have several):\n";
+  for (auto const& [cause, entry] : causes)
+    line(entry.first, cause + "\n           EPSG:" + entry.second->code + " " +
+                          entry.second->source + "\n           -> " + entry.second->written);
+  line(std::ranges::count(survey.verdicts, true, &verdict::gains_zero_shift),
+       "without a shift come back with one of zeros, of them");
+  for (auto const& [name, times] : gained_datums) line(times, "  with datum=" + name);
+  return out.str();
+}
+
+}  // namespace epsg_survey

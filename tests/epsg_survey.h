@@ -1,0 +1,41 @@
+// Every coordinate system of PROJ's database that it can write as a definition,
+// through the editor: what opening it and pressing Apply makes of its meaning.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "libproj.h"
+#include "pj_edit/edit_rules.h"
+
+namespace epsg_survey {
+
+enum class outcome { same, unknown, changed };
+
+struct verdict {
+  std::string code;
+  std::string source;
+  std::string written;
+  std::string written_again;  // what opening that and pressing Apply gives
+  outcome result = outcome::same;
+  // Why it is unknown or changed; of a changed one, each cause that applies.
+  std::vector<std::string> causes;
+  // Among the causes is one that the rules of the editor do not account for.
+  bool unexplained = false;
+  // What does not count as a change.
+  bool gains_zero_shift = false;
+  std::string gained_datum;
+};
+
+struct report {
+  std::size_t systems = 0;         // in the database
+  std::size_t without_text = 0;    // PROJ cannot write them as a definition
+  std::size_t not_computable = 0;  // PROJ cannot compute with its own text
+  std::vector<verdict> verdicts;
+};
+
+report run(zu::Tzu_pj_editor& editor);
+// Counts by outcome and cause, with an example of each.
+std::string table(report const& survey);
+
+}  // namespace epsg_survey

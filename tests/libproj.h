@@ -1,0 +1,78 @@
+// PROJ as the independent party of the tests: what it makes of a definition.
+#pragma once
+
+#include <proj.h>
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace libproj {
+
+struct context_closer {
+  void operator()(PJ_CONTEXT* context) const noexcept { proj_context_destroy(context); }
+};
+struct object_closer {
+  void operator()(PJ* object) const noexcept { proj_destroy(object); }
+};
+using object = std::unique_ptr<PJ, object_closer>;
+
+// A context that neither prints nor asks the network.
+class Tcontext {
+ public:
+  Tcontext();
+  PJ_CONTEXT* get() const noexcept { return context_.get(); }
+  object create(std::string const& text) const { return object(proj_create(get(), text.c_str())); }
+
+ private:
+  std::unique_ptr<PJ_CONTEXT, context_closer> context_;
+};
+
+// The keys of a definition in order, without "+"; a flag has an empty value.
+using key_list = std::vector<std::pair<std::string, std::string>>;
+key_list keys_of(std::string_view definition);
+std::optional<std::string> value_of(key_list const& keys, std::string_view key);
+// "+key=value ..." of the keys that pass.
+std::string join(
+    key_list const& keys,
+    std::function<bool(std::string const&)> const& wanted = [](auto const&) { return true; });
+
+// Keys by what they say: of the earth's shape and the datum, of the plane's
+// unit, or nothing that moves a coordinate.
+bool is_geodetic(std::string_view key);
+bool is_unit(std::string_view key);
+bool is_neutral(std::string_view key);
+// All others.
+bool is_of_projection(std::string_view key);
+
+struct point {
+  double x = 0;
+  double y = 0;
+};
+
+// Where an operation brings points given in degrees, in metres; angles are
+// metres on the equator. No value where it fails.
+std::vector<std::optional<point>> project(Tcontext const& context, std::string const& operation,
+                                          std::vector<point> const& degrees);
+
+// The largest distance in metres between two results; a point that only one of
+// them has is infinitely far off. Empty when they have no point in common and
+// none on one side only.
+std::optional<double> distance(std::vector<std::optional<point>> const& left,
+                               std::vector<std::optional<point>> const& right);
+
+struct ellipsoid {
+  double a = 0;
+  double b = 0;
+};
+// Of a coordinate system; empty when the definition makes none.
+std::optional<ellipsoid> ellipsoid_of(Tcontext const& context, std::string const& crs);
+// Metres (or radians) to the unit of the first axis of a coordinate system.
+std::optional<double> unit_of(Tcontext const& context, std::string const& crs);
+
+}  // namespace libproj

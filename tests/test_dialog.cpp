@@ -1,0 +1,364 @@
+// The whole dialog, opened as a host opens it and driven by real input.
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "gui_support.h"
+#include "pj_edit/vcl_pj_edit_form.h"
+#include "text/rc.h"
+#include "vcl/application.h"
+#include "vcl/toolkit.h"
+#include "zu_pj_edit/zu_pj_edit.h"
+
+namespace {
+
+using gui::click;
+using gui::pick;
+using Tform = Tzu_vcl_pj_edit_form;
+using Tscript = std::function<void(Tform&)>;
+
+constexpr char const* pulkovo_zone_7 =
+    "+proj=tmerc +lon_0=39 +lat_0=0 +x_0=7500000 +y_0=0 +k_0=1 "
+    "+towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 +ellps=krass +units=m +lon_wrap=45 +no_defs";
+constexpr char const* moscow_tm =
+    "+proj=tmerc +lon_0=37.5 +lat_0=55.5 +x_0=12 +y_0=14 +k_0=1 +towgs84=1,2,3,0,0,0,0 "
+    "+ellps=krass +units=m +lon_wrap=45 +no_defs";
+
+struct outcome {
+  std::string text;
+  int changed;
+};
+
+// Opens the dialog through the exported function and runs the script on it.
+outcome open_dialog(char const* definition, Tscript const& script, void* owner = nullptr) {
+  unsigned char changed = 7;
+  std::string text;
+  gui::run_in_form(
+      [&] { text = zu_proj4_form_execute(owner, definition, &changed); },
+      [&](Tzu_vcl_form& form) { script(dynamic_cast<Tform&>(form)); });
+  return {text, changed};
+}
+
+void press_button(Tform& form, Tzu_vcl_bottom_buttons::button_index button) {
+  click(*form.get_buttons()->get_button(button));
+}
+void apply(Tform& form) { press_button(form, Tzu_vcl_bottom_buttons::apply); }
+void cancel(Tform& form) { press_button(form, Tzu_vcl_bottom_buttons::cancel); }
+
+Tzu_vcl_dbl_edit& number(Tform& form, proj_number which) {
+  return *form.get_editor()->get_proj()->get_params()->get_edit(which)->get_edit();
+}
+
+Tzu_vcl_selbox& type(Tform& form) { return *form.get_editor()->get_type()->get_selbox(); }
+Tzu_vcl_selbox& datum(Tform& form) {
+  return *form.get_editor()->get_datum()->get_datum()->get_selbox();
+}
+Tzu_vcl_selbox& ellipse(Tform& form) {
+  return *form.get_editor()->get_datum()->get_ellipse()->get_ellipse()->get_selbox();
+}
+Tzu_vcl_dbl_edit& shift(Tform& form, std::size_t index) {
+  return *form.get_editor()->get_datum()->get_params()->get_edit(index);
+}
+
+// A folder of the test's own.
+class Tfolder {
+ public:
+  Tfolder() {
+    std::string pattern = std::filesystem::temp_directory_path() / "zu_dialog_XXXXXX";
+    path_ = mkdtemp(pattern.data());
+  }
+  ~Tfolder() { std::filesystem::remove_all(path_); }
+  Tfolder(Tfolder const&) = delete;
+  Tfolder& operator=(Tfolder const&) = delete;
+  std::filesystem::path file(std::string const& name) const { return path_ / name; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+std::string content(std::filesystem::path const& name) {
+  std::ostringstream text;
+  text << std::ifstream(name, std::ios::binary).rdbuf();
+  return text.str();
+}
+
+class dialog : public testing::Test {
+ protected:
+  void SetUp() override {
+    Tzu_rc::get_auto_lang();
+    Tzu_rc::set_lang(0);
+  }
+  gui::Tanswers answers;
+};
+
+TEST_F(dialog, ends_with_the_input_unless_applied) {
+  // No catalogue row, spelling or order of keys may touch what is not applied.
+  for (char const* const text : {"+units=m  +proj=merc +zone=x", "", "not a definition"}) {
+    outcome const result = open_dialog(text, cancel);
+    EXPECT_EQ(result.text, text);
+    EXPECT_EQ(result.changed, 0);
+  }
+  EXPECT_EQ(open_dialog(nullptr, cancel).text, "");
+  // The window manager's way of closing is no Apply either.
+  outcome const closed = open_dialog("+proj=merc", [](Tform& form) { form.Close(); });
+  EXPECT_EQ(closed.text, "+proj=merc");
+  EXPECT_EQ(closed.changed, 0);
+}
+
+TEST_F(dialog, gives_back_what_was_applied) {
+  outcome const untouched = open_dialog(pulkovo_zone_7, apply);
+  EXPECT_EQ(untouched.text, pulkovo_zone_7);
+  EXPECT_EQ(untouched.changed, 1);
+  // A result may be handed in again: it is the library's own text.
+  unsigned char changed = 0;
+  char const* again = nullptr;
+  gui::run_in_form([&] { again = zu_proj4_form_execute(nullptr, untouched.text.c_str(), &changed); },
+                   [](Tzu_vcl_form& form) { apply(dynamic_cast<Tform&>(form)); });
+  gui::run_in_form([&] { again = zu_proj4_form_execute(nullptr, again, &changed); },
+                   [](Tzu_vcl_form& form) { cancel(dynamic_cast<Tform&>(form)); });
+  EXPECT_STREQ(again, pulkovo_zone_7);
+
+  outcome const unknown = open_dialog("+proj=nonsense +lat_0=1 +ellps=krass", [](Tform& form) {
+    EXPECT_FALSE(form.get_editor()->get_proj()->IsShown());
+    EXPECT_FALSE(form.get_editor()->get_datum()->IsShown());
+    apply(form);
+  });
+  EXPECT_EQ(unknown.text, "");
+  EXPECT_EQ(unknown.changed, 1);
+}
+
+TEST_F(dialog, writes_the_numbers_that_were_typed) {
+  outcome const result = open_dialog(moscow_tm, [](Tform& form) {
+    EXPECT_EQ(number(form, proj_number::lon_0).get_text(), L"37.5");
+    gui::type_over(number(form, proj_number::lon_0), "38.25");
+    gui::type_over(shift(form, 4), "-0.35");
+    // Typed and not left: Apply takes it all the same.
+    gui::type_over(number(form, proj_number::y_0), "-5811057.628");
+    apply(form);
+  });
+  EXPECT_EQ(result.text,
+            "+proj=tmerc +lon_0=38.25 +lat_0=55.5 +x_0=12 +y_0=-5811057.628 +k_0=1 "
+            "+towgs84=1,2,3,0,-0.35,0,0 +ellps=krass +units=m +lon_wrap=45 +no_defs");
+}
+
+TEST_F(dialog, refuses_bad_numbers_and_stays_open) {
+  struct row {
+    proj_number which;
+    char const* typed;
+    wchar_t const* message;
+  };
+  for (row const& bad : {row{proj_number::lat_0, "91", L"Number must be less than: 90"},
+                         row{proj_number::lat_0, "-90.5", L"Number must be greater than: -90"},
+                         row{proj_number::x_0, "--1", L"Wrong number: --1"}}) {
+    outcome const result = open_dialog(moscow_tm, [&](Tform& form) {
+      gui::type_over(number(form, bad.which), bad.typed);
+      answers.expect_message();
+      apply(form);
+      EXPECT_TRUE(gui::wait_until([&] { return wxWindow::FindFocus() == &number(form, bad.which); }));
+      EXPECT_EQ(answers.take_messages(), std::vector<std::wstring>{bad.message});
+      EXPECT_EQ(number(form, bad.which).get_text(),
+                std::wstring(bad.typed, bad.typed + std::strlen(bad.typed)));
+      EXPECT_TRUE(form.IsModal()) << bad.typed;
+      cancel(form);
+    });
+    EXPECT_EQ(result.changed, 0) << bad.typed;
+  }
+  // Limits are inclusive, and a scale of 0 is outside them.
+  outcome const edge = open_dialog(moscow_tm, [&](Tform& form) {
+    gui::type_over(number(form, proj_number::k_0), "0");
+    answers.expect_message();
+    apply(form);
+    gui::type_over(number(form, proj_number::k_0), "0.9996");
+    gui::type_over(number(form, proj_number::lat_0), "90");
+    apply(form);
+  });
+  EXPECT_NE(edge.text.find("+lat_0=90 "), std::string::npos) << edge.text;
+  EXPECT_NE(edge.text.find("+k_0=0.9996 "), std::string::npos) << edge.text;
+}
+
+TEST_F(dialog, shows_what_the_type_selector_says) {
+  outcome const result = open_dialog("", [](Tform& form) {
+    Tzu_vcl_pj_edit& editor = *form.get_editor();
+    pick(type(form), L"Usual projections");
+    EXPECT_TRUE(editor.get_proj()->get_usual()->IsShownOnScreen());
+    EXPECT_FALSE(editor.get_proj()->get_zonal()->IsShownOnScreen());
+    pick(*editor.get_proj()->get_usual()->get_selbox(), L"Mercator");
+    EXPECT_FALSE(number(form, proj_number::lat_0).IsShownOnScreen());
+    EXPECT_EQ(number(form, proj_number::k_0).get_text(), L"1");
+    pick(type(form), L"Zonal projections");
+    EXPECT_FALSE(editor.get_proj()->get_usual()->IsShownOnScreen());
+    EXPECT_TRUE(editor.get_proj()->get_zonal()->IsShownOnScreen());
+    // The first zonal entry is Gauss and Kruger's, which brings its datum.
+    EXPECT_EQ(datum(form).get_active_caption(), L"PULKOVO_1942");
+    pick(*editor.get_proj()->get_zonal()->get_selbox(), L"UTM North");
+    pick(*editor.get_proj()->get_zone()->get_selbox(), L"37");
+    pick(datum(form), L"WGS84");
+    EXPECT_TRUE(gui::find_clipped(form).empty());
+    apply(form);
+  });
+  EXPECT_EQ(result.text,
+            "+proj=utm +zone=37 +datum=WGS84 +towgs84=0,0,0,0,0,0,0 +ellps=WGS84 +units=m "
+            "+lon_wrap=45 +no_defs");
+}
+
+TEST_F(dialog, gives_gauss_kruger_its_datum_when_chosen_in_zonal_mode_only) {
+  outcome const result = open_dialog(moscow_tm, [](Tform& form) {
+    EXPECT_EQ(datum(form).get_active_caption(), L"_Custom");
+    pick(type(form), L"Zonal projections");
+    pick(*form.get_editor()->get_proj()->get_zonal()->get_selbox(), L"Gauss-Kruger (plus zone)");
+    EXPECT_EQ(datum(form).get_active_caption(), L"PULKOVO_1942");
+    pick(*form.get_editor()->get_proj()->get_zone()->get_selbox(), L"7");
+    apply(form);
+  });
+  EXPECT_EQ(result.text, pulkovo_zone_7);
+}
+
+TEST_F(dialog, lets_the_seven_numbers_be_edited_for_a_custom_datum_only) {
+  outcome const result = open_dialog(pulkovo_zone_7, [](Tform& form) {
+    EXPECT_FALSE(shift(form, 0).get_edit_enabled());
+    EXPECT_FALSE(ellipse(form).IsEnabled());
+    pick(datum(form), L"_Custom");
+    EXPECT_TRUE(shift(form, 0).get_edit_enabled());
+    gui::type_over(shift(form, 0), "25");
+    EXPECT_TRUE(ellipse(form).IsEnabled());
+    apply(form);
+  });
+  EXPECT_NE(result.text.find("+towgs84=25,-140.95,-79.8,0,0.35,0.79,-0.22 +ellps=krass"),
+            std::string::npos)
+      << result.text;
+}
+
+TEST_F(dialog, loads_and_saves_definition_files) {
+  Tfolder const folder;
+  std::filesystem::path const plain = folder.file("plain.pj4");
+  std::ofstream(plain) << "  " << pulkovo_zone_7 << "\n";
+
+  // A loaded definition replaces all of the one before; Cancel gives the input.
+  outcome const loaded = open_dialog(moscow_tm, [&](Tform& form) {
+    answers.expect_file(plain.wstring(), 0);
+    press_button(form, Tzu_vcl_bottom_buttons::load);
+    apply(form);
+  });
+  EXPECT_EQ(loaded.text, pulkovo_zone_7);
+  EXPECT_EQ(open_dialog(moscow_tm,
+                        [&](Tform& form) {
+                          answers.expect_file(plain.wstring(), 0);
+                          press_button(form, Tzu_vcl_bottom_buttons::load);
+                          cancel(form);
+                        })
+                .text,
+            moscow_tm);
+
+  // A file that cannot be read leaves an empty definition, an answer of
+  // "cancel" leaves everything.
+  outcome const failed = open_dialog(moscow_tm, [&](Tform& form) {
+    answers.expect_file(plain.wstring(), 0, wxID_CANCEL);
+    press_button(form, Tzu_vcl_bottom_buttons::load);
+    EXPECT_EQ(type(form).get_active_caption(), L"Usual projections");
+    std::ofstream(folder.file("empty.pj4")) << "proj=utm\n";
+    answers.expect_file(folder.file("empty.pj4").wstring(), 0);
+    press_button(form, Tzu_vcl_bottom_buttons::load);
+    EXPECT_EQ(type(form).get_active_caption(), L"Unknown");
+    apply(form);
+  });
+  EXPECT_EQ(failed.text, "");
+
+  // Saving forces the extension, and asks before that hits another file.
+  std::filesystem::path const saved = folder.file("saved.pj4");
+  open_dialog(pulkovo_zone_7, [&](Tform& form) {
+    answers.expect_file(folder.file("saved.txt").wstring(), 0);
+    press_button(form, Tzu_vcl_bottom_buttons::save);
+    EXPECT_EQ(content(saved), std::string("[projection]\n\npj4=") + pulkovo_zone_7 + "\n");
+    std::ofstream(saved) << "precious";
+    answers.expect_file(folder.file("saved.txt").wstring(), 0);
+    answers.expect_message(wxID_NO);
+    press_button(form, Tzu_vcl_bottom_buttons::save);
+    EXPECT_EQ(content(saved), "precious");
+    answers.take_messages();
+    cancel(form);
+  });
+}
+
+TEST_F(dialog, speaks_both_languages_and_clips_nothing) {
+  struct row {
+    int lang;
+    wchar_t const* title;
+    wchar_t const* apply;
+    wchar_t const* rotate;
+  };
+  for (row const& expected : {row{0, L"Projection", L"Apply", L"Rotate"},
+                              row{1, L"Проекция", L"Применить", L"Поворот"}}) {
+    Tzu_rc::set_lang(expected.lang);
+    for (char const* const definition :
+         {"", pulkovo_zone_7, moscow_tm,
+          "+proj=lcc +lat_1=52 +lat_2=64 +lat_0=0 +lon_0=45 +ellps=clrk66 +towgs84=1,2,3"}) {
+      open_dialog(definition, [&](Tform& form) {
+        EXPECT_EQ(form.get_caption(), expected.title);
+        EXPECT_EQ(form.get_buttons()->get_button(Tzu_vcl_bottom_buttons::apply)->get_caption(),
+                  expected.apply);
+        auto const clipped = gui::find_clipped(form);
+        EXPECT_TRUE(clipped.empty()) << wxString(clipped.empty() ? L"" : clipped.front()).utf8_str();
+        cancel(form);
+      });
+    }
+  }
+}
+
+TEST_F(dialog, puts_the_owner_back_on_every_way_out) {
+  gui::Tforeign_window host({100, 100, 500, 400});
+  int before = 0;
+  Tzu_application::instance().set_handle(&before);
+  open_dialog(
+      moscow_tm,
+      [&](Tform& form) {
+        EXPECT_EQ(Tzu_application::instance().get_handle(), host.get_handle());
+        EXPECT_EQ(gui::get_owner(form), host.get_handle());
+        cancel(form);
+      },
+      host.get_handle());
+  EXPECT_EQ(Tzu_application::instance().get_handle(), &before);
+
+  unsigned char changed = 7;
+  EXPECT_THROW(gui::run_in_form([&] { zu_proj4_form_execute(host.get_handle(), moscow_tm, &changed); },
+                                [](Tzu_vcl_form& form) {
+                                  auto& editor = dynamic_cast<Tform&>(form);
+                                  editor.get_buttons()->on_apply = [] {
+                                    throw std::range_error("thrown inside");
+                                  };
+                                  apply(editor);
+                                }),
+               std::range_error);
+  EXPECT_EQ(Tzu_application::instance().get_handle(), &before);
+  EXPECT_EQ(changed, 0);
+  EXPECT_EQ(zu_proj4_form_execute_w(host.get_handle(), &before, &before), nullptr);
+  EXPECT_EQ(Tzu_application::instance().get_handle(), &before);
+  Tzu_application::instance().set_handle(nullptr);
+}
+
+TEST_F(dialog, reads_and_writes_the_same_numbers_in_every_locale) {
+  std::string const kept = std::setlocale(LC_ALL, nullptr);
+  for (char const* const name : {"de_DE.UTF-8", "ru_RU.UTF-8"}) {
+    ASSERT_NE(std::setlocale(LC_ALL, name), nullptr) << name << " is not generated";
+    outcome const result = open_dialog(moscow_tm, [](Tform& form) {
+      EXPECT_EQ(number(form, proj_number::lon_0).get_text(), L"37.5");
+      gui::type_over(number(form, proj_number::lat_0), "55.25");
+      apply(form);
+    });
+    EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), name) << "the host's locale was changed";
+    EXPECT_NE(result.text.find("+lon_0=37.5 +lat_0=55.25 "), std::string::npos) << result.text;
+  }
+  std::setlocale(LC_ALL, kept.c_str());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  zu::vcl::start();
+  return RUN_ALL_TESTS();
+}

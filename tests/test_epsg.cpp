@@ -1,0 +1,99 @@
+// The editor against PROJ: definitions that PROJ writes keep their meaning.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <bitset>
+#include <iostream>
+#include <map>
+#include <set>
+
+#include "epsg_survey.h"
+
+namespace {
+
+// Why a system comes back as unknown: no row of the catalogue could stand for it.
+std::map<std::string, std::string> const unavoidable_unknowns{
+    {"labrd", "takes its azimuth by a key of its own, which no control holds"},
+};
+
+TEST(Epsg, DefinitionsKeepTheirMeaningOrLoseItForAKnownCause) {
+  zu::Tzu_pj_editor editor(zu::catalogue_lists::shipped());
+  auto const survey = epsg_survey::run(editor);
+  std::cout << epsg_survey::table(survey);
+  // A database that could not be opened would leave nothing to fail on.
+  EXPECT_GT(survey.verdicts.size(), 5000U);
+  for (auto const& found : survey.verdicts) {
+    if (found.result == epsg_survey::outcome::unknown) {
+      EXPECT_TRUE(unavoidable_unknowns.contains(found.causes.front()))
+          << "EPSG:" << found.code << " " << found.source << " comes back as unknown";
+    }
+    EXPECT_FALSE(found.unexplained)
+        << "EPSG:" << found.code << " " << found.source << "\n  -> " << found.written;
+  }
+}
+
+bool has_value(std::optional<libproj::point> const& to) { return to.has_value(); }
+
+constexpr std::size_t numbers = proj_numbers_count;
+using number_texts = std::array<char const*, numbers>;
+
+// lon_0, lonc, lat_0, lat_1, lat_ts, lat_2, alpha, k_0, x_0, y_0: values that a
+// default cannot be mistaken for.
+constexpr std::array<number_texts, 3> number_sets{
+    {{"15", "14", "30", "40", "35", "55", "40", "0.99", "1000", "2000"},
+     {"15", "14", "90", "40", "70", "55", "40", "0.99", "1000", "2000"},
+     {"15", "14", "-90", "-40", "-70", "-55", "40", "0.99", "1000", "2000"}}};
+
+// "+proj=... " with the row's parameters, those left out whose bit is set.
+std::string definition_of(Tzu_pj_proj_def const& row, number_texts const& values,
+                          std::bitset<numbers> absent) {
+  std::string text = "+proj=" + row.get_prj4_name();
+  if (row.is_south()) text += " +south";
+  for (std::size_t i = 0; i < numbers; ++i) {
+    auto const which = static_cast<proj_number>(i);
+    if (row.get_number(which).get_show() && !absent[i])
+      text.append(" +").append(proj_number_key(which)).append("=").append(values[i]);
+  }
+  return text;
+}
+
+// Without an azimuth this one runs through two points, which have keys of their
+// own that no control holds.
+bool needs_azimuth(Tzu_pj_proj_def const& row) { return row.get_prj4_name() == "ocea"; }
+
+// What PROJ takes for a parameter that a definition does not give is what the
+// dialog shows for it, so that writing it down moves nothing.
+TEST(Epsg, AbsentParametersMeanWhatProjTakesThemFor) {
+  libproj::Tcontext const context;
+  std::vector<libproj::point> const points{{16, 50}, {9, 31}, {24, 72}, {20, -41}, {11, -68}};
+  zu::Tzu_pj_editor editor(zu::catalogue_lists::shipped());
+  std::size_t compared = 0;
+  for (Tzu_pj_proj_def const& row : editor.lists().usual) {
+    std::set<std::string> done;
+    for (auto const& values : number_sets) {
+      for (unsigned absent = 0; absent < 1U << numbers; ++absent) {
+        if (needs_azimuth(row) && (absent >> static_cast<unsigned>(proj_number::alpha) & 1U) != 0)
+          continue;
+        std::string const source = definition_of(row, values, absent);
+        if (!done.insert(source).second) continue;
+        editor.set_proj4_string(source.c_str());
+        std::string const written =
+            libproj::join(libproj::keys_of(editor.get_proj4_string()), libproj::is_of_projection);
+        for (std::string const body : {" +ellps=GRS80", " +R=6371000"}) {
+          auto const expected = libproj::project(context, source + body, points);
+          // A definition that PROJ refuses has no meaning to keep.
+          if (std::ranges::none_of(expected, has_value)) continue;
+          ++compared;
+          auto const now = libproj::project(context, written + body, points);
+          EXPECT_LT(libproj::distance(expected, now), 1e-3)
+              << source << body << "\n  -> " << written;
+        }
+      }
+    }
+  }
+  EXPECT_GT(compared, 1000U);
+}
+
+}  // namespace
