@@ -2,6 +2,7 @@
 #include <langinfo.h>
 #include <locale.h>  // NOLINT(modernize-deprecated-headers): newlocale is of POSIX
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -27,7 +28,7 @@ std::string_view locale_name() {
   return "C";
 }
 
-std::string system_encoding() {
+std::string find_encoding(std::string_view name) {
   // The host may run in another locale than its user's, so neither setlocale's
   // present value nor a global change of it will do.
   if (locale_ptr const user{newlocale(LC_CTYPE_MASK, "", nullptr)}; user) {
@@ -35,10 +36,21 @@ std::string system_encoding() {
     return codeset == "ANSI_X3.4-1968" ? "UTF-8" : std::string(codeset);
   }
   // A locale that is not generated here still says which encoding it means.
-  std::string_view const name = locale_name();
   auto const dot = name.find('.');
   if (dot == std::string_view::npos) return "UTF-8";
   return std::string(name.substr(dot + 1, name.find('@') - dot - 1));
+}
+
+// Asked anew only when the environment names another locale: the C library
+// takes long to open one, and keeps something of each.
+std::string const& system_encoding() {
+  static std::string known_name;
+  static std::string encoding;
+  if (std::string_view const name = locale_name(); encoding.empty() || name != known_name) {
+    known_name = name;
+    encoding = find_encoding(name);
+  }
+  return encoding;
 }
 
 std::string encoding_name(unsigned code_page) {
@@ -98,10 +110,19 @@ class Tconverter {
   iconv_t handle_;
 };
 
+// ASCII is the same in the pages that the library itself uses, and most of its
+// texts are no more.
+template <class Text>
+bool is_plain(unsigned code_page, Text text) noexcept {
+  return (code_page == system || code_page == utf8 || code_page == cp1251) &&
+         std::ranges::all_of(text, [](auto c) { return c >= 0 && c < 0x80; });
+}
+
 }  // namespace
 
 std::wstring to_wide(unsigned code_page, std::string_view text) {
   if (text.empty()) return {};
+  if (is_plain(code_page, text)) return {text.begin(), text.end()};
   Tconverter converter("WCHAR_T", encoding_name(code_page));
   if (!converter.valid()) return {};
   wchar_t const unknown = L'\uFFFD';
@@ -114,6 +135,7 @@ std::wstring to_wide(unsigned code_page, std::string_view text) {
 
 std::string to_multi_byte(unsigned code_page, std::wstring_view text) {
   if (text.empty()) return {};
+  if (is_plain(code_page, text)) return {text.begin(), text.end()};
   Tconverter converter(encoding_name(code_page), "WCHAR_T");
   if (!converter.valid()) return {};
   std::string source(text.size() * sizeof(wchar_t), '\0');
