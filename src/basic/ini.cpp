@@ -16,14 +16,14 @@ bool Tzu_ini::load_from_file(std::wstring_view name) {
 
 void Tzu_ini::load_from_text(std::string_view text) {
   sections_.clear();
-  bool in_section = false;
+  constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
+  if (text.starts_with(byte_order_mark)) text.remove_prefix(byte_order_mark.size());
   for (std::string_view const raw : zu::str::split(text, "\n")) {
     std::string_view const line = zu::str::trim(raw);
     if (line.empty() || line.front() == ';' || line.front() == '#') continue;
     if (line.front() == '[') {
       sections_.push_back({std::string(zu::str::trim(line.substr(1, line.find(']') - 1))), {}});
-      in_section = true;
-    } else if (in_section && line.find('=') != std::string_view::npos) {
+    } else if (!sections_.empty() && line.find('=') != std::string_view::npos) {
       auto const [key, value] = zu::str::divide_str(line, '=');
       sections_.back().entries.push_back({std::string(key), std::string(value)});
     }

@@ -39,6 +39,7 @@ bool Tzu_add_file::load_pj4_ini(std::wstring_view name, Izu_string_adp* adapter)
   if (zu::str::trim(*content, " \t\n\r\v\f").starts_with('+')) return false;
   Tzu_ini ini;
   ini.load_from_text(*content);
+  if (!ini.has_sections()) return false;
   return expand_pj4(zu::strconv::from_utf8(ini.get_as_str(section, key)), adapter);
 }
 

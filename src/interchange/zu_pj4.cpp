@@ -12,4 +12,6 @@ void zu_pj4_save_simple_w(wchar_t const* name, wchar_t const* definition) {
 
 bool zu_pj4_import_esri(wchar_t const* /*name*/, Izu_string_adp* /*adapter*/) { return false; }
 
-bool zu_pj4_export_esri_prj(wchar_t const* /*definition*/, wchar_t const* /*name*/) { return false; }
+bool zu_pj4_export_esri_prj(wchar_t const* /*definition*/, wchar_t const* /*name*/) {
+  return false;
+}
