@@ -1,0 +1,99 @@
+// From the call to the first paint of the editor's form, beside an empty form
+// of the toolkit's of the same size. Needs a display.
+
+#include <benchmark/benchmark.h>
+#include <wx/dialog.h>
+#include <wx/evtloop.h>
+
+#include <chrono>
+#include <optional>
+
+#include "pj_edit/edit_rules.h"
+#include "pj_edit/vcl_pj_edit_form.h"
+#include "ratio.h"
+#include "vcl/toolkit.h"
+
+namespace {
+
+using clock_type = std::chrono::steady_clock;
+
+constexpr char const* definition =
+    "+proj=tmerc +lon_0=78.05 +lat_0=0 +x_0=4500000 +y_0=-5811057.628 +k_0=1 "
+    "+towgs84=24.82,-131.21,-82.66,0,0,0.16,-0.12 +ellps=krass +units=m +lon_wrap=45 +no_defs";
+
+// Closes a modal dialog when it has painted for the first time, which is when
+// the event loop is idle after the window has been drawn, and keeps the time.
+class Tfirst_paint {
+ public:
+  explicit Tfirst_paint(wxDialog& dialog) : dialog_(dialog) {
+    dialog_.Bind(wxEVT_PAINT, &Tfirst_paint::on_paint, this);
+  }
+  std::optional<clock_type::time_point> time() const { return time_; }
+
+ private:
+  void on_paint(wxPaintEvent& event) {
+    event.Skip();
+    if (time_) return;
+    time_ = clock_type::now();
+    dialog_.CallAfter([this] { dialog_.EndModal(wxID_CANCEL); });
+  }
+
+  wxDialog& dialog_;
+  std::optional<clock_type::time_point> time_;
+};
+
+// The size that the editor had last.
+wxSize& form_size() {
+  static wxSize size{600, 360};
+  return size;
+}
+
+void finish(benchmark::State& state, clock_type::time_point start, Tfirst_paint const& painted) {
+  if (!painted.time()) return state.SkipWithError("the form did not paint");
+  state.SetIterationTime(std::chrono::duration<double>(*painted.time() - start).count());
+}
+
+void open_editor(benchmark::State& state) {
+  for ([[maybe_unused]] auto _ : state) {
+    auto const start = clock_type::now();
+    Tzu_vcl_pj_edit_form form;
+    Tfirst_paint const painted(form);
+    form.create();
+    form.load_rc();
+    unsigned char changed = 0;
+    form.pj_edit(definition, &changed);
+    form_size() = form.GetSize();
+    finish(state, start, painted);
+  }
+}
+
+void open_empty_form(benchmark::State& state) {
+  for ([[maybe_unused]] auto _ : state) {
+    auto const start = clock_type::now();
+    wxDialog form(nullptr, wxID_ANY, "Projection", wxDefaultPosition, form_size(),
+                  wxCAPTION | wxDIALOG_NO_PARENT);
+    Tfirst_paint const painted(form);
+    form.ShowModal();
+    finish(state, start, painted);
+  }
+}
+
+BENCHMARK(open_editor)
+    ->UseManualTime()
+    ->Iterations(20)
+    ->Repetitions(5)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(open_empty_form)
+    ->UseManualTime()
+    ->Iterations(20)
+    ->Repetitions(5)
+    ->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  zu::vcl::start();
+  // The catalogue is read once in a process.
+  zu::catalogue_lists::shipped();
+  return bench::run(argc, argv, "open_editor", "open_empty_form", "at most 2");
+}
