@@ -220,6 +220,7 @@ std::vector<std::string> codes(libproj::Tcontext const& context) {
   std::unique_ptr<PROJ_CRS_INFO*, list_closer> const list(
       proj_get_crs_info_list_from_database(context.get(), "EPSG", wanted.get(), &count));
   std::vector<std::string> found;
+  found.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) found.emplace_back(list.get()[i]->code);
   return found;
 }

@@ -2,7 +2,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <locale.h>
+#include <locale.h>  // NOLINT(modernize-deprecated-headers): newlocale is of POSIX
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -27,15 +27,15 @@ namespace {
 namespace fs = std::filesystem;
 
 struct closer {
-  void operator()(std::FILE* file) const noexcept { std::fclose(file); }
+  void operator()(std::FILE* file) const noexcept { static_cast<void>(std::fclose(file)); }
 };
 using stream = std::unique_ptr<std::FILE, closer>;
 
 stream temporary(std::string_view content = {}) {
   stream file(std::tmpfile());
-  if (!file) throw std::runtime_error("no temporary file");
-  std::fwrite(content.data(), 1, content.size(), file.get());
-  std::fflush(file.get());
+  if (!file || std::fwrite(content.data(), 1, content.size(), file.get()) != content.size() ||
+      std::fflush(file.get()) != 0)
+    throw std::runtime_error("no temporary file");
   std::rewind(file.get());
   return file;
 }
@@ -82,6 +82,7 @@ bool has_locale(char const* name) {
 
 std::vector<char*> pointers(std::vector<std::string>& texts) {
   std::vector<char*> list;
+  list.reserve(texts.size() + 1);
   for (std::string& text : texts) list.push_back(text.data());
   list.push_back(nullptr);
   return list;

@@ -292,6 +292,7 @@ TEST_F(Dbf, read_only_table_stays_as_it_is) {
 
 TEST_F(Dbf, closed_table_answers_with_nothing) {
   EXPECT_EQ(table.open(folder.file("missing.dbf").c_str(), true), 1);
+  EXPECT_EQ(table.open(folder.file("").c_str(), true), 1) << "a folder is no table";
   EXPECT_EQ(table.create(folder.file("no/t.dbf").c_str(), sample_fields(), 1), 1);
   table.set_rec(0);
   table.set_str(0, "x");

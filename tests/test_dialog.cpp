@@ -38,9 +38,8 @@ struct outcome {
 outcome open_dialog(char const* definition, Tscript const& script, void* owner = nullptr) {
   unsigned char changed = 7;
   std::string text;
-  gui::run_in_form(
-      [&] { text = zu_proj4_form_execute(owner, definition, &changed); },
-      [&](Tzu_vcl_form& form) { script(dynamic_cast<Tform&>(form)); });
+  gui::run_in_form([&] { text = zu_proj4_form_execute(owner, definition, &changed); },
+                   [&](Tzu_vcl_form& form) { script(dynamic_cast<Tform&>(form)); });
   return {text, changed};
 }
 
@@ -117,8 +116,9 @@ TEST_F(dialog, gives_back_what_was_applied) {
   // A result may be handed in again: it is the library's own text.
   unsigned char changed = 0;
   char const* again = nullptr;
-  gui::run_in_form([&] { again = zu_proj4_form_execute(nullptr, untouched.text.c_str(), &changed); },
-                   [](Tzu_vcl_form& form) { apply(dynamic_cast<Tform&>(form)); });
+  gui::run_in_form(
+      [&] { again = zu_proj4_form_execute(nullptr, untouched.text.c_str(), &changed); },
+      [](Tzu_vcl_form& form) { apply(dynamic_cast<Tform&>(form)); });
   gui::run_in_form([&] { again = zu_proj4_form_execute(nullptr, again, &changed); },
                    [](Tzu_vcl_form& form) { cancel(dynamic_cast<Tform&>(form)); });
   EXPECT_STREQ(again, pulkovo_zone_7);
@@ -159,7 +159,8 @@ TEST_F(dialog, refuses_bad_numbers_and_stays_open) {
       gui::type_over(number(form, bad.which), bad.typed);
       answers.expect_message();
       apply(form);
-      EXPECT_TRUE(gui::wait_until([&] { return wxWindow::FindFocus() == &number(form, bad.which); }));
+      EXPECT_TRUE(
+          gui::wait_until([&] { return wxWindow::FindFocus() == &number(form, bad.which); }));
       EXPECT_EQ(answers.take_messages(), std::vector<std::wstring>{bad.message});
       EXPECT_EQ(number(form, bad.which).get_text(),
                 std::wstring(bad.typed, bad.typed + std::strlen(bad.typed)));
@@ -302,7 +303,8 @@ TEST_F(dialog, speaks_both_languages_and_clips_nothing) {
         EXPECT_EQ(form.get_buttons()->get_button(Tzu_vcl_bottom_buttons::apply)->get_caption(),
                   expected.apply);
         auto const clipped = gui::find_clipped(form);
-        EXPECT_TRUE(clipped.empty()) << wxString(clipped.empty() ? L"" : clipped.front()).utf8_str();
+        EXPECT_TRUE(clipped.empty())
+            << wxString(clipped.empty() ? L"" : clipped.front()).utf8_str();
         cancel(form);
       });
     }
@@ -324,15 +326,16 @@ TEST_F(dialog, puts_the_owner_back_on_every_way_out) {
   EXPECT_EQ(Tzu_application::instance().get_handle(), &before);
 
   unsigned char changed = 7;
-  EXPECT_THROW(gui::run_in_form([&] { zu_proj4_form_execute(host.get_handle(), moscow_tm, &changed); },
-                                [](Tzu_vcl_form& form) {
-                                  auto& editor = dynamic_cast<Tform&>(form);
-                                  editor.get_buttons()->on_apply = [] {
-                                    throw std::range_error("thrown inside");
-                                  };
-                                  apply(editor);
-                                }),
-               std::range_error);
+  EXPECT_THROW(
+      gui::run_in_form([&] { zu_proj4_form_execute(host.get_handle(), moscow_tm, &changed); },
+                       [](Tzu_vcl_form& form) {
+                         auto& editor = dynamic_cast<Tform&>(form);
+                         editor.get_buttons()->on_apply = [] {
+                           throw std::range_error("thrown inside");
+                         };
+                         apply(editor);
+                       }),
+      std::range_error);
   EXPECT_EQ(Tzu_application::instance().get_handle(), &before);
   EXPECT_EQ(changed, 0);
   EXPECT_EQ(zu_proj4_form_execute_w(host.get_handle(), &before, &before), nullptr);

@@ -76,7 +76,7 @@ TEST_F(Shipped, KeepsThemWithADecimalCommaToo) {
     for (auto const& definition : untouched_definitions())
       EXPECT_EQ(open_and_apply(editor, definition), definition) << name;
   }
-  std::setlocale(LC_ALL, before.c_str());
+  EXPECT_NE(std::setlocale(LC_ALL, before.c_str()), nullptr);
 }
 
 TEST_F(Shipped, OpensZonesAsZonal) {

@@ -13,7 +13,8 @@ std::wstring to_wide(unsigned code_page, std::string_view text) {
   int const length = MultiByteToWideChar(code_page, 0, text.data(), size, nullptr, 0);
   if (length <= 0) return {};
   std::wstring result(static_cast<std::size_t>(length), L'\0');
-  if (MultiByteToWideChar(code_page, 0, text.data(), size, result.data(), length) != length) return {};
+  if (MultiByteToWideChar(code_page, 0, text.data(), size, result.data(), length) != length)
+    return {};
   return result;
 }
 

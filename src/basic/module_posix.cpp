@@ -18,7 +18,8 @@ int visit(dl_phdr_info* info, std::size_t /*size*/, void* context) {
   std::string_view name = info->dlpi_name;
   name.remove_prefix(name.rfind('/') + 1);
   if (name.starts_with("lib") && !wanted.stem.starts_with("lib")) name.remove_prefix(3);
-  if (!name.starts_with(wanted.stem) || !name.substr(wanted.stem.size()).starts_with(".so")) return 0;
+  if (!name.starts_with(wanted.stem) || !name.substr(wanted.stem.size()).starts_with(".so"))
+    return 0;
   wanted.path = info->dlpi_name;
   return 1;
 }

@@ -1,14 +1,14 @@
 #include "basic/str.h"
 
+#include <algorithm>
+
 namespace zu::str {
 namespace {
 
 // The sets are a few characters long: a loop over them beats a library call
 // for each character of the text.
 constexpr bool is_in(std::string_view set, char c) noexcept {
-  for (char const member : set)
-    if (member == c) return true;
-  return false;
+  return std::ranges::any_of(set, [c](char member) { return member == c; });
 }
 
 }  // namespace

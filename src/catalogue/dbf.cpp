@@ -58,9 +58,15 @@ std::span<std::uint8_t const> as_bytes(std::string_view text) noexcept {
 
 }  // namespace
 
-unsigned Tzu_file_dbf_exe::header_length() const noexcept { return get_u16(header_, header_length_at); }
-unsigned Tzu_file_dbf_exe::record_length() const noexcept { return get_u16(header_, record_length_at); }
-std::uint32_t Tzu_file_dbf_exe::get_nr() const noexcept { return get_u32(header_, header_count_at); }
+unsigned Tzu_file_dbf_exe::header_length() const noexcept {
+  return get_u16(header_, header_length_at);
+}
+unsigned Tzu_file_dbf_exe::record_length() const noexcept {
+  return get_u16(header_, record_length_at);
+}
+std::uint32_t Tzu_file_dbf_exe::get_nr() const noexcept {
+  return get_u32(header_, header_count_at);
+}
 
 std::uint64_t Tzu_file_dbf_exe::record_offset(std::uint32_t record) const noexcept {
   return header_length() + static_cast<std::uint64_t>(record) * record_length();
@@ -75,7 +81,8 @@ std::uint32_t Tzu_file_dbf_exe::get_records_in_file() const noexcept {
 }
 
 // Reads what the file has at `offset`; the rest of the target is zeroed.
-std::size_t Tzu_file_dbf_exe::read_at(std::uint64_t offset, std::span<std::uint8_t> target) noexcept {
+std::size_t Tzu_file_dbf_exe::read_at(std::uint64_t offset,
+                                      std::span<std::uint8_t> target) noexcept {
   std::size_t got = 0;
   if (position_ == offset || zu::file::seek(file_.get(), offset))
     got = std::fread(target.data(), 1, target.size(), file_.get());
@@ -236,7 +243,8 @@ bool Tzu_file_dbf_exe::set_prp_name(std::uint32_t index, char const* name) {
   if (index >= fields_.size()) return false;
   descriptor& field = fields_[index];
   put_name(field, name);
-  return write_at(32U + 32U * static_cast<std::uint64_t>(index), bytes(field).first(field_name_size));
+  return write_at(32U + 32U * static_cast<std::uint64_t>(index),
+                  bytes(field).first(field_name_size));
 }
 
 void Tzu_file_dbf_exe::set_rec(std::uint32_t record) {
@@ -321,7 +329,8 @@ bool Tzu_file_dbf_exe::get_bool(std::uint32_t index) {
 }
 
 bool Tzu_file_dbf_exe::try_bool(std::string_view text, bool& flag) noexcept {
-  constexpr std::array<std::string_view, 8> spellings{"t", "true", "1", "y", "f", "false", "0", "n"};
+  constexpr std::array<std::string_view, 8> spellings{"t", "true",  "1", "y",
+                                                      "f", "false", "0", "n"};
   auto const found = std::ranges::find_if(
       spellings, [text](auto spelling) { return zu::str::trim_stricmp_equal(text, spelling); });
   if (found == spellings.end()) return false;

@@ -162,7 +162,9 @@ class Tzu_file_dbf {
   bool find_prp_by_name(std::string_view name, std::uint32_t& index) const {
     return exe_->find_prp_by_name(name, index);
   }
-  std::string_view get_prp_name(std::uint32_t index) const noexcept { return exe_->get_prp_name(index); }
+  std::string_view get_prp_name(std::uint32_t index) const noexcept {
+    return exe_->get_prp_name(index);
+  }
   char get_prp_type(std::uint32_t index) const noexcept { return exe_->get_prp_type(index); }
   unsigned get_prp_len(std::uint32_t index) const noexcept { return exe_->get_prp_len(index); }
   unsigned get_prp_dec(std::uint32_t index) const noexcept { return exe_->get_prp_dec(index); }

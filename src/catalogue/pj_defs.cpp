@@ -15,9 +15,8 @@ std::string_view proj_number_key(proj_number number) noexcept {
 }
 
 Tzu_pj_ellipse_def const* Tzu_pj_ellipse_defs::find_by_name(std::string_view prj4_name) const {
-  return find([prj4_name](auto const& record) {
-    return equal_no_case(record.get_prj4_name(), prj4_name);
-  });
+  return find(
+      [prj4_name](auto const& record) { return equal_no_case(record.get_prj4_name(), prj4_name); });
 }
 
 Tzu_pj_ellipse_def const* Tzu_pj_ellipse_defs::find_by_params(bool has_a, double a, bool has_b,
@@ -30,9 +29,10 @@ Tzu_pj_ellipse_def const* Tzu_pj_ellipse_defs::find_by_params(bool has_a, double
   return find([=](Tzu_pj_ellipse_def const& record) {
     if (record.get_semi_major() != a) return false;
     if (has_b) {
-      if (record.get_def_semi_minor() ? record.get_semi_minor() == b
-                                      : record.get_def_inv_flattening() &&
-                                            std::abs(rf_of_b - record.get_inv_flattening()) <= tolerance)
+      if (record.get_def_semi_minor()
+              ? record.get_semi_minor() == b
+              : record.get_def_inv_flattening() &&
+                    std::abs(rf_of_b - record.get_inv_flattening()) <= tolerance)
         return true;
     }
     if (!has_rf) return false;

@@ -86,7 +86,18 @@ class Tzu_pj_datum_def {
 
 // The ten numeric parameters that a projection can have, in the order in which
 // the dialog shows them.
-enum class proj_number : unsigned { lon_0, lonc, lat_0, lat_1, lat_ts, lat_2, alpha, k_0, x_0, y_0 };
+enum class proj_number : unsigned {
+  lon_0,
+  lonc,
+  lat_0,
+  lat_1,
+  lat_ts,
+  lat_2,
+  alpha,
+  k_0,
+  x_0,
+  y_0
+};
 inline constexpr std::size_t proj_numbers_count = 10;
 // PROJ.4 key of a parameter.
 std::string_view proj_number_key(proj_number number) noexcept;

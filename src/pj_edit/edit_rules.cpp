@@ -97,12 +97,14 @@ bool same_meridian(double left, double right) {
 
 // A fixed value must be given and be the same; a central meridian may be
 // written another turn away. A shown one needs only to keep its limits.
-bool fits_range(Tzu_pj_dbl_param const& range, proj_number which, Tzu_proj4_param_dbl const& given) {
+bool fits_range(Tzu_pj_dbl_param const& range, proj_number which,
+                Tzu_proj4_param_dbl const& given) {
   double const value = given.get_dbl();
   bool const is_meridian = which == proj_number::lon_0;
   if (range.get_def_default()) {
     double const fixed = range.get_default();
-    return given.get_def() && (is_meridian ? same_meridian(value, fixed) : same_number(value, fixed));
+    return given.get_def() &&
+           (is_meridian ? same_meridian(value, fixed) : same_number(value, fixed));
   }
   if (!is_meridian || !range.get_show() || !given.get_def()) return true;
   return !(range.get_def_min() && value < range.get_min()) &&

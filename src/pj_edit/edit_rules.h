@@ -54,11 +54,15 @@ class Tzu_pj_editor {
   std::vector<int> zones_of(std::string_view name) const;
 
   // The records chosen; null when the catalogue has none.
-  Tzu_pj_proj_def const* usual_record() const { return lists_.usual.find_by_index(state_.usual_id); }
+  Tzu_pj_proj_def const* usual_record() const {
+    return lists_.usual.find_by_index(state_.usual_id);
+  }
   Tzu_pj_proj_def const* zonal_record() const {
     return lists_.zonal.find_by_caption_and_zone(state_.zonal_name, state_.zone);
   }
-  Tzu_pj_datum_def const* datum_record() const { return lists_.datums.find_by_index(state_.datum_id); }
+  Tzu_pj_datum_def const* datum_record() const {
+    return lists_.datums.find_by_index(state_.datum_id);
+  }
   Tzu_pj_ellipse_def const* ellipse_record() const {
     return lists_.ellipses.find_by_index(state_.ellipse_id);
   }

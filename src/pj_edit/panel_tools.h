@@ -22,7 +22,8 @@ template <class Control>
 Control* add_to_group(Tzu_vcl_group_box& group) {
   auto* const control = vcl::make_child<Control>(&group);
   control->create();
-  group.get_sizer()->Add(control, wxSizerFlags().Expand().Border(wxALL, control->FromDIP(group_margin)));
+  group.get_sizer()->Add(control,
+                         wxSizerFlags().Expand().Border(wxALL, control->FromDIP(group_margin)));
   return control;
 }
 
@@ -30,7 +31,8 @@ Control* add_to_group(Tzu_vcl_group_box& group) {
 inline Tzu_vcl_group_box* fill_with_group(Tzu_vcl_panel& panel) {
   auto* const group = vcl::make_child<Tzu_vcl_group_box>(&panel);
   auto* const sizer = vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
-  sizer->Add(group->get_sizer(), wxSizerFlags(1).Expand().Border(wxALL, panel.FromDIP(group_margin)));
+  sizer->Add(group->get_sizer(),
+             wxSizerFlags(1).Expand().Border(wxALL, panel.FromDIP(group_margin)));
   panel.SetSizer(sizer);
   return group;
 }

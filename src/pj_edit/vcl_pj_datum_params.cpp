@@ -34,8 +34,7 @@ void Tzu_vcl_pj_datum_params::create() {
   scale_ = zu::vcl::make_child<Tzu_vcl_label>(group_);
   grid->Add(scale_, left);
   grid->Add(add_edit(group_, scale_index), fill);
-  group_->get_sizer()->Add(
-      grid, wxSizerFlags().Expand().Border(wxALL, FromDIP(zu::group_margin)));
+  group_->get_sizer()->Add(grid, wxSizerFlags().Expand().Border(wxALL, FromDIP(zu::group_margin)));
 }
 
 Tzu_vcl_dbl_edit* Tzu_vcl_pj_datum_params::add_edit(wxWindow* parent, std::size_t index) {

@@ -64,8 +64,7 @@ Tzu_vcl_caption_selbox* Tzu_vcl_pj_proj::add_selector(Tzu_vcl_panel& strip) {
   auto* const selector = zu::vcl::make_child<Tzu_vcl_caption_selbox>(&strip);
   selector->create();
   selector->set_caption_width(zu::selector_caption_width);
-  strip.GetSizer()->Add(selector,
-                        wxSizerFlags().Expand().Border(wxALL, FromDIP(zu::group_margin)));
+  strip.GetSizer()->Add(selector, wxSizerFlags().Expand().Border(wxALL, FromDIP(zu::group_margin)));
   return selector;
 }
 

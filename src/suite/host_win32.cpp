@@ -11,8 +11,6 @@ std::wstring program_path() {
   return path;
 }
 
-bool is_language_russian() {
-  return PRIMARYLANGID(GetUserDefaultUILanguage()) == LANG_RUSSIAN;
-}
+bool is_language_russian() { return PRIMARYLANGID(GetUserDefaultUILanguage()) == LANG_RUSSIAN; }
 
 }  // namespace zu::host

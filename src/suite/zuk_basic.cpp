@@ -34,7 +34,8 @@ int zu_res_get_lng() {
   return zu::host::is_language_russian() ? 0 : 1;
 }
 
-Izu_string_adp* zu_string_adp_create(zu_ansi_callback narrow, zu_unicode_callback wide, void* context) {
+Izu_string_adp* zu_string_adp_create(zu_ansi_callback narrow, zu_unicode_callback wide,
+                                     void* context) {
   if (auto* suite = of_suite(zu_string_adp_create, "zu_string_adp_create"))
     return suite(narrow, wide, context);
   return std::make_unique<Izu_string_adp>(Izu_string_adp{narrow, wide, context}).release();
@@ -46,7 +47,8 @@ void zu_string_adp_destroy(Izu_string_adp* adapter) {
 }
 
 void zu_string_adp_feed_c(Izu_string_adp* adapter, char const* text) {
-  if (auto* suite = of_suite(zu_string_adp_feed_c, "zu_string_adp_feed_c")) return suite(adapter, text);
+  if (auto* suite = of_suite(zu_string_adp_feed_c, "zu_string_adp_feed_c"))
+    return suite(adapter, text);
   if (adapter != nullptr && adapter->narrow != nullptr) adapter->narrow(text, adapter->context);
 }
 

@@ -21,7 +21,8 @@ wchar_t const* zu_options_get_main_module_path();
 int zu_res_get_lng();
 
 // A feed calls the matching callback with the context before it returns.
-Izu_string_adp* zu_string_adp_create(zu_ansi_callback narrow, zu_unicode_callback wide, void* context);
+Izu_string_adp* zu_string_adp_create(zu_ansi_callback narrow, zu_unicode_callback wide,
+                                     void* context);
 void zu_string_adp_destroy(Izu_string_adp* adapter);
 void zu_string_adp_feed_c(Izu_string_adp* adapter, char const* text);
 void zu_string_adp_feed(Izu_string_adp* adapter, wchar_t const* text);

@@ -21,7 +21,8 @@ bool readall(std::wstring_view name, strconv::encodings encoding, std::wstring& 
   return false;
 }
 
-bool writeall(std::wstring_view name, strconv::encodings encoding, std::wstring_view text) noexcept try {
+bool writeall(std::wstring_view name, strconv::encodings encoding, std::wstring_view text) noexcept
+    try {
   std::string const content = strconv::encode(encoding, text);
   // Text that could not be converted must not empty an existing file.
   if (content.empty() && !text.empty()) return false;

@@ -18,7 +18,8 @@ struct cp1251_text {
     std::size_t length = 0;
     for (std::size_t i = 0; i + 1 < Size; ++i) {
       unsigned code = static_cast<unsigned char>(text[i]);
-      if (code >= 0x80U) code = ((code & 0x1FU) << 6U) | (static_cast<unsigned char>(text[++i]) & 0x3FU);
+      if (code >= 0x80U)
+        code = ((code & 0x1FU) << 6U) | (static_cast<unsigned char>(text[++i]) & 0x3FU);
       bytes[length++] = static_cast<char>(code < 0x80U ? code : letter(code));
     }
   }
@@ -26,7 +27,8 @@ struct cp1251_text {
   static consteval unsigned letter(unsigned code) {
     if (code == 0x401U) return 0xA8U;  // capital IO
     if (code == 0x451U) return 0xB8U;  // small io
-    if (code < 0x410U || code > 0x44FU) throw std::invalid_argument("no letter of the Russian alphabet");
+    if (code < 0x410U || code > 0x44FU)
+      throw std::invalid_argument("no letter of the Russian alphabet");
     return code - 0x410U + 0xC0U;
   }
 
@@ -160,7 +162,8 @@ constexpr std::array<rc_entry, 36> group_6{{
     {"Zonal type", u8"Проекция"_cp1251},
     {"Zone", u8"Номер зоны"_cp1251},
     {"Projection", u8"Проекция"_cp1251},
-    {"Projection parameters file *.pj4|*.pj4|ESRI projection  file *.prj|*.prj", u8"Файл параметров проекции *.pj4|*.pj4|Файл проекции ESRI *.prj|*.prj"_cp1251},
+    {"Projection parameters file *.pj4|*.pj4|ESRI projection  file *.prj|*.prj",
+     u8"Файл параметров проекции *.pj4|*.pj4|Файл проекции ESRI *.prj|*.prj"_cp1251},
 }};
 
 constexpr std::array<rc_entry, 6> group_7{{
@@ -207,8 +210,9 @@ constexpr std::array<rc_entry, 4> group_10{{
 constexpr std::array<rc_entry, 1> group_11{{
     {"K means", u8"К средних"_cp1251},
 }};
-constexpr std::array<std::span<rc_entry const>, 12> groups{group_0, group_1, group_2, group_3, group_4,  group_5,
-                                                         group_6, group_7, group_8, group_9, group_10, group_11};
+constexpr std::array<std::span<rc_entry const>, 12> groups{group_0, group_1, group_2,  group_3,
+                                                           group_4, group_5, group_6,  group_7,
+                                                           group_8, group_9, group_10, group_11};
 
 }  // namespace
 

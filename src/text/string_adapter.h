@@ -56,7 +56,8 @@ class string_adp {
  public:
   explicit string_adp(Tzu_string_adapter_base& target)
       : handle_(zu_string_adp_create(&Tzu_string_adapter_base::zu_ansi_string_callback,
-                                     &Tzu_string_adapter_base::zu_unicode_string_callback, &target)) {}
+                                     &Tzu_string_adapter_base::zu_unicode_string_callback,
+                                     &target)) {}
   ~string_adp() { zu_string_adp_destroy(handle_); }
   string_adp(string_adp const&) = delete;
   string_adp& operator=(string_adp const&) = delete;

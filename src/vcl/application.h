@@ -10,6 +10,7 @@ class Tzu_application {
   void* get_handle() const noexcept { return handle_; }
   void set_handle(void* handle) noexcept { handle_ = handle; }
 
+  ~Tzu_application() = default;
   Tzu_application(Tzu_application const&) = delete;
   Tzu_application& operator=(Tzu_application const&) = delete;
 

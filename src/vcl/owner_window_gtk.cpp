@@ -84,7 +84,7 @@ std::optional<wxRect> set_owner(wxTopLevelWindow& form, void* owner) {
   Window const top = find_top_level(gdk_x11_display_get_xdisplay(display), id);
   if (top == None) return std::nullopt;
   Tzu_gdk_window window(gdk_x11_window_foreign_new_for_display(display, top));
-  if (window == nullptr || gdk_window_is_destroyed(window.get())) return std::nullopt;
+  if (window == nullptr || gdk_window_is_destroyed(window.get()) != FALSE) return std::nullopt;
 
   GtkWidget* const widget = form.GetHandle();
   wxRect place;

@@ -28,7 +28,7 @@ class Tzu_wx_app : public wxApp {
 class Tzu_locale_scope {
  public:
   Tzu_locale_scope() : kept_(std::setlocale(LC_ALL, nullptr)) {}
-  ~Tzu_locale_scope() { std::setlocale(LC_ALL, kept_.c_str()); }
+  ~Tzu_locale_scope() { (void)std::setlocale(LC_ALL, kept_.c_str()); }
 
   Tzu_locale_scope(Tzu_locale_scope const&) = delete;
   Tzu_locale_scope& operator=(Tzu_locale_scope const&) = delete;

@@ -125,17 +125,19 @@ table expand_projections(table const& source) {
     ++number;
     auto const cell = [&](std::string_view name) -> std::string {
       auto const at = std::ranges::find(source.names, name);
-      return at == source.names.end() ? "" : cells[static_cast<std::size_t>(at - source.names.begin())];
+      return at == source.names.end() ? ""
+                                      : cells[static_cast<std::size_t>(at - source.names.begin())];
     };
-    row values{cell("PRJ_NAME"), cell("PRJ_ALIAS"), cell("PROJ"), cell("SOUTH").empty() ? "0" : "1"};
+    row values{cell("PRJ_NAME"), cell("PRJ_ALIAS"), cell("PROJ"),
+               cell("SOUTH").empty() ? "0" : "1"};
     try {
       for (std::string_view const name : parameters)
         for (std::string& value : expand_parameter(cell(name))) values.push_back(std::move(value));
       std::string const units = cell("UNITS");
       std::string const zone = cell("ZONE").empty() ? "" : checked_number(cell("ZONE"));
-      for (std::string const& value : {std::string(units.empty() ? "0" : "1"), units,
-                                       std::string(zone.empty() ? "0" : "1"), zone, cell("ZONE_N"),
-                                       cell("DATUM")})
+      for (std::string const& value :
+           {std::string(units.empty() ? "0" : "1"), units, std::string(zone.empty() ? "0" : "1"),
+            zone, cell("ZONE_N"), cell("DATUM")})
         values.push_back(value);
     } catch (std::runtime_error const& error) {
       throw error_at(number, error.what());

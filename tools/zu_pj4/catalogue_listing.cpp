@@ -101,8 +101,7 @@ void print_catalogue(std::ostream& out, std::string const& list, bool json) {
   }
   for (auto const& item : items) {
     std::string line;
-    for (auto const& [key, value] : item.items())
-      line += (line.empty() ? "" : "\t") + cell(value);
+    for (auto const& [key, value] : item.items()) line += (line.empty() ? "" : "\t") + cell(value);
     out << line << '\n';
   }
 }

@@ -94,7 +94,8 @@ void load(std::string const& name) {
 
 void save(std::string const& definition, std::string const& name) {
   refuse_esri_file(name);
-  if (!Tzu_add_file::save_pj4_ini(zu::strconv::from_system(name), zu::strconv::from_system(definition)))
+  if (!Tzu_add_file::save_pj4_ini(zu::strconv::from_system(name),
+                                  zu::strconv::from_system(definition)))
     throw Terror("cannot write " + name);
 }
 
@@ -123,8 +124,9 @@ int run_command(int argc, char** argv) {
   app.set_version_flag("--version", "zu_pj4 " ZU_PJ_EDIT_VERSION);
   app.require_subcommand(1);
   app.fallthrough();
-  app.footer("Example: zu_pj4 normalize \"+units=m +proj=utm +zone=37 +datum=WGS84\"\n"
-             "Exit status: 0 done, 1 cancelled by the user (edit), 2 error.");
+  app.footer(
+      "Example: zu_pj4 normalize \"+units=m +proj=utm +zone=37 +datum=WGS84\"\n"
+      "Exit status: 0 done, 1 cancelled by the user (edit), 2 error.");
   app.add_option("--catalogue", chosen.catalogue,
                  "folder with the catalogue's tables (default: prj_def beside this program)")
       ->type_name("DIR")
@@ -157,7 +159,8 @@ int run_command(int argc, char** argv) {
   load_command->add_option("FILE", chosen.file, "the file")->required();
   auto* const save_command = app.add_subcommand("save", "Write a definition into a .pj4 file");
   save_command->add_option("DEF", chosen.definition, "PROJ.4 definition")->required();
-  save_command->add_option("FILE", chosen.file, "the file; an existing one is replaced")->required();
+  save_command->add_option("FILE", chosen.file, "the file; an existing one is replaced")
+      ->required();
 
   try {
     app.parse(argc, argv);
