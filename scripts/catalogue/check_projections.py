@@ -52,7 +52,7 @@ CONVERSIONS = set(
 # Projections that need keys outside the dialog's parameters, or have a place
 # of their own.
 LEFT_OUT = {
-    "chamb": "three control points", "fouc_s": "n", "geos": "h",
+    "chamb": "three control points", "col_urban": "h_0", "fouc_s": "n", "geos": "h",
     "gn_sinu": "m and n", "imw_p": "lon_1", "isea": "orient, resolution, mode",
     "labrd": "azi", "lsat": "lsat and path", "misrsom": "path", "nsper": "h",
     "ob_tran": "o_proj", "oea": "m, n and theta", "sch": "plat_0 and others",

@@ -30,7 +30,8 @@ SILENT = ("no_defs", "type", "wktext")
 ELSEWHERE = ("proj", "datum", "ellps", "a", "b", "rf", "units", "nadgrids", "towgs84")
 
 # No row can stand for these.
-WITHOUT_ROW = {"labrd": "needs azi, which the dialog does not have"}
+WITHOUT_ROW = {"labrd": "needs azi, which the dialog does not have",
+               "col_urban": "needs h_0, which the dialog does not have"}
 
 LONGLAT = ("longlat", "latlong")
 
