@@ -228,7 +228,7 @@ int Tanswers::Enter(wxDialog* dialog) {
   auto* const message = dynamic_cast<wxMessageDialog*>(dialog);
   if (message != nullptr) messages_.push_back(message->GetMessage().ToStdWstring());
   if (expected_.empty()) {
-    ADD_FAILURE() << "unexpected dialog: " << (message ? message->GetMessage().utf8_str() : "");
+    ADD_FAILURE() << "unexpected dialog: " << (message != nullptr ? message->GetMessage().utf8_str() : "");
     return wxID_CANCEL;
   }
   Tanswer const answer = expected_.front();

@@ -68,7 +68,7 @@ class Tanswers : private wxModalDialogHook {
   };
 
   int Enter(wxDialog* dialog) override;
-  void Exit(wxDialog*) override {}
+  void Exit(wxDialog* /*dialog*/) override {}
 
   std::deque<Tanswer> expected_;
   std::vector<std::wstring> messages_;

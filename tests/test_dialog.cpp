@@ -355,7 +355,7 @@ TEST_F(dialog, reads_and_writes_the_same_numbers_in_every_locale) {
     EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), name) << "the host's locale was changed";
     EXPECT_NE(result.text.find("+lon_0=37.5 +lat_0=55.25 "), std::string::npos) << result.text;
   }
-  std::setlocale(LC_ALL, kept.c_str());
+  (void)std::setlocale(LC_ALL, kept.c_str());
 }
 
 }  // namespace
