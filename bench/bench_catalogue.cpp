@@ -62,5 +62,5 @@ BENCHMARK(read_fields_as_text)->Repetitions(repetitions)->Unit(benchmark::kMicro
 }  // namespace
 
 int main(int argc, char** argv) {
-  return bench::run(argc, argv, "load_into_records", "read_fields_as_text", "at most 1");
+  return bench::run(argc, argv, "load_into_records", {{"read_fields_as_text", "at most 1"}});
 }

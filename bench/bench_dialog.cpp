@@ -1,16 +1,20 @@
 // From the call to the first paint of the editor's form, beside an empty form
-// of the toolkit's of the same size. Needs a display.
+// of the toolkit's of the same size, and beside a form with as many stock
+// controls as the editor has. Needs a display.
 
 #include <benchmark/benchmark.h>
+#include <wx/choice.h>
 #include <wx/dialog.h>
 #include <wx/evtloop.h>
 
+#include <array>
 #include <chrono>
 #include <optional>
 
 #include "pj_edit/edit_rules.h"
 #include "pj_edit/vcl_pj_edit_form.h"
 #include "ratio.h"
+#include "vcl/panel.h"
 #include "vcl/toolkit.h"
 
 namespace {
@@ -67,6 +71,53 @@ void open_editor(benchmark::State& state) {
   }
 }
 
+// What the toolkit alone takes for the same controls: the same numbers of
+// labels, edits, boxes and buttons, and lists with the same items.
+void add_stock_controls(wxDialog& form, std::array<wxArrayString, 6> const& lists) {
+  constexpr int labels = 27;
+  constexpr int edits = 20;
+  constexpr int boxes = 5;
+  constexpr int buttons = 5;
+  auto* const grid = zu::vcl::make_sizer<wxGridSizer>(8, wxSize(2, 2));
+  for (int i = 0; i < labels; ++i)
+    grid->Add(zu::vcl::make_child<wxStaticText>(&form, wxID_ANY, "Latitude of Origin"));
+  for (int i = 0; i < edits; ++i) grid->Add(zu::vcl::make_child<wxTextCtrl>(&form, wxID_ANY, "0"));
+  for (int i = 0; i < boxes; ++i)
+    grid->Add(zu::vcl::make_child<wxStaticBox>(&form, wxID_ANY, "Projection"));
+  for (int i = 0; i < buttons; ++i)
+    grid->Add(zu::vcl::make_child<wxButton>(&form, wxID_ANY, "Apply"));
+  for (wxArrayString const& items : lists) {
+    auto* const list = zu::vcl::make_child<wxChoice>(&form, wxID_ANY);
+    list->Append(items);
+    list->SetSelection(0);
+    grid->Add(list);
+  }
+  form.SetSizerAndFit(grid);
+}
+
+void open_stock_form(benchmark::State& state) {
+  auto const catalogue = zu::catalogue_lists::shipped();
+  auto const captions = [](auto const& records) {
+    wxArrayString items;
+    for (auto const& record : records) items.push_back(wxString::FromUTF8(record.get_caption()));
+    return items;
+  };
+  std::array<wxArrayString, 6> lists{captions(catalogue.datums), captions(catalogue.ellipses),
+                                     captions(catalogue.usual)};
+  lists[3].assign(3, "type");
+  lists[4].assign(4, "zonal");
+  lists[5].assign(60, "zone");
+  for ([[maybe_unused]] auto _ : state) {
+    auto const start = clock_type::now();
+    wxDialog form(nullptr, wxID_ANY, "Projection", wxDefaultPosition, wxDefaultSize,
+                  wxCAPTION | wxDIALOG_NO_PARENT);
+    Tfirst_paint const painted(form);
+    add_stock_controls(form, lists);
+    form.ShowModal();
+    finish(state, start, painted);
+  }
+}
+
 void open_empty_form(benchmark::State& state) {
   for ([[maybe_unused]] auto _ : state) {
     auto const start = clock_type::now();
@@ -83,6 +134,11 @@ BENCHMARK(open_editor)
     ->Iterations(20)
     ->Repetitions(5)
     ->Unit(benchmark::kMillisecond);
+BENCHMARK(open_stock_form)
+    ->UseManualTime()
+    ->Iterations(20)
+    ->Repetitions(5)
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(open_empty_form)
     ->UseManualTime()
     ->Iterations(20)
@@ -95,5 +151,6 @@ int main(int argc, char** argv) {
   zu::vcl::start();
   // The catalogue is read once in a process.
   zu::catalogue_lists::shipped();
-  return bench::run(argc, argv, "open_editor", "open_empty_form", "at most 2");
+  return bench::run(argc, argv, "open_editor",
+                    {{"open_stock_form", "at most 2"}, {"open_empty_form", "at most 2"}});
 }

@@ -4,6 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
+#include <initializer_list>
 #include <map>
 #include <string>
 
@@ -35,18 +36,26 @@ class Treporter : public benchmark::ConsoleReporter {
   bool failed_ = false;
 };
 
-// Prints numerator / denominator beside the goal as the last line.
-inline int run(int argc, char** argv, char const* numerator, char const* denominator,
-               char const* goal) {
+struct yardstick {
+  char const* name;
+  char const* goal;
+};
+
+// Runs all and prints, last, how often `name` takes the time of each yardstick.
+inline int run(int argc, char** argv, char const* name,
+               std::initializer_list<yardstick> yardsticks) {
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
   Treporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   benchmark::Shutdown();
   if (reporter.has_failed()) return 1;
-  double const above = reporter.median(numerator);
-  double const below = reporter.median(denominator);
-  if (above > 0 && below > 0) std::printf("ratio: %.3g (goal %s)\n", above / below, goal);
+  double const own = reporter.median(name);
+  for (yardstick const& other : yardsticks) {
+    double const theirs = reporter.median(other.name);
+    if (own > 0 && theirs > 0)
+      std::printf("ratio to %s: %.3g (goal: %s)\n", other.name, own / theirs, other.goal);
+  }
   return 0;
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "vcl/event_guard.h"
+#include "vcl/toolkit.h"
 
 namespace {
 
@@ -17,12 +18,15 @@ int find_position(std::vector<Tzu_vcl_selbox_item> const& items, Predicate predi
 }  // namespace
 
 Tzu_vcl_selbox::Tzu_vcl_selbox(wxWindow* parent) : wxChoice(parent, wxID_ANY) {
+  zu::vcl::platform::prepare_list(*this);
   zu::vcl::bind_guarded(*this, wxEVT_CHOICE, [this] { on_self_change(); });
 }
 
 void Tzu_vcl_selbox::clear() {
   Clear();
   items_.clear();
+  longest_ = 0;
+  widest_ = 0;
 }
 
 void Tzu_vcl_selbox::add_item(std::wstring const& caption, unsigned key) {
@@ -35,10 +39,14 @@ void Tzu_vcl_selbox::add_items(std::span<Tzu_vcl_selbox_item const> items) {
   bool const was_empty = items_.empty();
   wxArrayString captions;
   captions.reserve(items.size());
-  for (auto const& item : items) captions.push_back(item.caption);
+  for (auto const& item : items) {
+    captions.push_back(item.caption);
+    measure(item.caption);
+  }
   Append(captions);
   items_.insert(items_.end(), items.begin(), items.end());
   if (was_empty) SetSelection(0);
+  zu::vcl::platform::fill_list_done(*this);
 }
 
 bool Tzu_vcl_selbox::find_str(std::wstring const& caption, unsigned* key) const {
@@ -79,7 +87,21 @@ void Tzu_vcl_selbox::set_item_captions(std::size_t position, std::wstring const&
   if (position >= items_.size()) return;
   items_[position].caption = caption;
   SetString(static_cast<unsigned>(position), caption);
+  measure(caption);
   InvalidateBestSize();
+}
+
+// Measuring takes long: a caption shorter by several letters is no wider.
+void Tzu_vcl_selbox::measure(std::wstring const& caption) {
+  constexpr std::size_t letters = 4;
+  if (caption.size() + letters < longest_) return;
+  longest_ = std::max(longest_, caption.size());
+  widest_ = std::max(widest_, GetTextExtent(caption).x);
+}
+
+wxSize Tzu_vcl_selbox::DoGetBestSize() const {
+  // The toolkit would measure all items at every layout.
+  return GetSizeFromTextSize(widest_);
 }
 
 void Tzu_vcl_selbox::call_on_change() const {

@@ -47,11 +47,18 @@ class Tzu_vcl_selbox : public wxChoice {
   std::function<void()> on_change;
   void call_on_change() const;
 
+ protected:
+  // As wide as the widest caption needs.
+  wxSize DoGetBestSize() const override;
+
  private:
   void on_self_change() const { call_on_change(); }
   Tzu_vcl_selbox_item const* get_active() const;
+  void measure(std::wstring const& caption);
 
   std::vector<Tzu_vcl_selbox_item> items_;
+  std::size_t longest_ = 0;  // characters
+  int widest_ = 0;           // pixels
 };
 
 class Tzu_vcl_combo_box : public wxComboBox {

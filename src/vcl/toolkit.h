@@ -21,6 +21,10 @@ void prepare_start();
 // can be taken down again, so the library must not be unmapped under them.
 void keep_library_loaded();
 
+// Keeps a drop-down list quick however many items it gets.
+void prepare_list(wxWindow& list);
+void fill_list_done(wxWindow& list);
+
 // Tells screen readers that `label` names `control`.
 void relate_label(wxWindow& label, wxWindow& control);
 

@@ -18,6 +18,23 @@ void keep_library_loaded() {
   static_cast<void>(dlopen(info.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE));
 }
 
+void prepare_list(wxWindow& list) {
+  // As a menu every item would be a widget of its own, styled and measured
+  // before the list is ever opened; as a list it is drawn when it is seen.
+  GtkCssProvider* const style = gtk_css_provider_new();
+  gtk_css_provider_load_from_data(style, "* { -GtkComboBox-appears-as-list: true; }", -1, nullptr);
+  gtk_style_context_add_provider(gtk_widget_get_style_context(list.GetHandle()),
+                                 GTK_STYLE_PROVIDER(style),
+                                 GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+  g_object_unref(style);
+}
+
+void fill_list_done(wxWindow& list) {
+  // The width comes from the form's layout, not from a look at every item.
+  GtkWidget* const cells = gtk_bin_get_child(GTK_BIN(list.GetHandle()));
+  if (GTK_IS_CELL_VIEW(cells)) gtk_cell_view_set_fit_model(GTK_CELL_VIEW(cells), FALSE);
+}
+
 void relate_label(wxWindow& label, wxWindow& control) {
   GtkWidget* const widget = label.GetHandle();
   if (GTK_IS_LABEL(widget)) gtk_label_set_mnemonic_widget(GTK_LABEL(widget), control.GetHandle());
