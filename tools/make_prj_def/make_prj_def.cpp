@@ -112,37 +112,44 @@ std::array<std::string, 4> expand_parameter(std::string_view cell) {
   return {"1", "", bound(cell.substr(0, dots)), bound(cell.substr(dots + 2))};
 }
 
-table expand_projections(table const& source) {
-  table result;
-  result.names = {"PRJ_NAME", "PRJ_ALIAS", "PROJ", "SOUTH"};
+row projection_columns() {
+  row names{"PRJ_NAME", "PRJ_ALIAS", "PROJ", "SOUTH"};
   for (std::string_view const name : parameters)
     for (std::string_view const part : {"", "_V", "_MIN", "_MAX"})
-      result.names.push_back(std::string(name).append(part));
+      names.push_back(std::string(name).append(part));
   for (char const* name : {"UNITS", "UNITS_V", "ZONE", "ZONE_V", "ZONE_N", "DATUM"})
-    result.names.emplace_back(name);
-  std::size_t number = 1;
+    names.emplace_back(name);
+  return names;
+}
+
+std::string yes_or_no(bool yes) { return yes ? "1" : "0"; }
+
+// The 54 columns of one projection from the cells of its short form.
+row expand_projection(row const& names, row const& cells) {
+  auto const cell = [&](std::string_view name) -> std::string {
+    auto const at = std::ranges::find(names, name);
+    return at == names.end() ? "" : cells[static_cast<std::size_t>(at - names.begin())];
+  };
+  bool const south = zu::number::scan_double(cell("SOUTH")).value_or(0) > 0;
+  row values{cell("PRJ_NAME"), cell("PRJ_ALIAS"), cell("PROJ"), yes_or_no(south)};
+  for (std::string_view const name : parameters)
+    for (std::string& value : expand_parameter(cell(name))) values.push_back(std::move(value));
+  std::string const units = cell("UNITS");
+  std::string const zone = cell("ZONE").empty() ? "" : checked_number(cell("ZONE"));
+  for (std::string const& value : {yes_or_no(!units.empty()), units, yes_or_no(!zone.empty()), zone,
+                                   cell("ZONE_N"), cell("DATUM")})
+    values.push_back(value);
+  return values;
+}
+
+table expand_projections(table const& source) {
+  table result{projection_columns(), {}};
   for (row const& cells : source.rows) {
-    ++number;
-    auto const cell = [&](std::string_view name) -> std::string {
-      auto const at = std::ranges::find(source.names, name);
-      return at == source.names.end() ? ""
-                                      : cells[static_cast<std::size_t>(at - source.names.begin())];
-    };
-    row values{cell("PRJ_NAME"), cell("PRJ_ALIAS"), cell("PROJ"),
-               cell("SOUTH").empty() ? "0" : "1"};
     try {
-      for (std::string_view const name : parameters)
-        for (std::string& value : expand_parameter(cell(name))) values.push_back(std::move(value));
-      std::string const units = cell("UNITS");
-      std::string const zone = cell("ZONE").empty() ? "" : checked_number(cell("ZONE"));
-      for (std::string const& value :
-           {std::string(units.empty() ? "0" : "1"), units, std::string(zone.empty() ? "0" : "1"),
-            zone, cell("ZONE_N"), cell("DATUM")})
-        values.push_back(value);
+      result.rows.push_back(expand_projection(source.names, cells));
     } catch (std::runtime_error const& error) {
-      throw error_at(number, error.what());
+      throw error_at(result.rows.size() + 2, error.what());
     }
-    result.rows.push_back(std::move(values));
   }
   return result;
 }
