@@ -173,7 +173,7 @@ void pick(Tzu_vcl_selbox& list, std::wstring const& caption) {
   int const position = list.FindString(caption);
   ASSERT_NE(position, wxNOT_FOUND) << wxString(caption).utf8_str();
   ASSERT_TRUE(list.IsShownOnScreen() && list.IsEnabled()) << wxString(caption).utf8_str();
-  focus(list);
+  list.SetFocus();
   list.SetSelection(position);
   wxCommandEvent event(wxEVT_CHOICE, list.GetId());
   event.SetEventObject(&list);
@@ -228,7 +228,8 @@ int Tanswers::Enter(wxDialog* dialog) {
   auto* const message = dynamic_cast<wxMessageDialog*>(dialog);
   if (message != nullptr) messages_.push_back(message->GetMessage().ToStdWstring());
   if (expected_.empty()) {
-    ADD_FAILURE() << "unexpected dialog: " << (message != nullptr ? message->GetMessage().utf8_str() : "");
+    ADD_FAILURE() << "unexpected dialog: "
+                  << (message != nullptr ? message->GetMessage().utf8_str() : "");
     return wxID_CANCEL;
   }
   Tanswer const answer = expected_.front();
