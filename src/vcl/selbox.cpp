@@ -46,7 +46,7 @@ void Tzu_vcl_selbox::add_items(std::span<Tzu_vcl_selbox_item const> items) {
   Append(captions);
   items_.insert(items_.end(), items.begin(), items.end());
   if (was_empty) SetSelection(0);
-  zu::vcl::platform::fill_list_done(*this);
+  zu::vcl::platform::finish_list(*this);
 }
 
 bool Tzu_vcl_selbox::find_str(std::wstring const& caption, unsigned* key) const {

@@ -21,9 +21,10 @@ void prepare_start();
 // can be taken down again, so the library must not be unmapped under them.
 void keep_library_loaded();
 
-// Keeps a drop-down list quick however many items it gets.
+// Keep a drop-down list quick however many items it gets: before it has any, and
+// after it got some.
 void prepare_list(wxWindow& list);
-void fill_list_done(wxWindow& list);
+void finish_list(wxWindow& list);
 
 // Tells screen readers that `label` names `control`.
 void relate_label(wxWindow& label, wxWindow& control);

@@ -29,7 +29,7 @@ void prepare_list(wxWindow& list) {
   g_object_unref(style);
 }
 
-void fill_list_done(wxWindow& list) {
+void finish_list(wxWindow& list) {
   // The width comes from the form's layout, not from a look at every item.
   GtkWidget* const cells = gtk_bin_get_child(GTK_BIN(list.GetHandle()));
   if (GTK_IS_CELL_VIEW(cells)) gtk_cell_view_set_fit_model(GTK_CELL_VIEW(cells), FALSE);

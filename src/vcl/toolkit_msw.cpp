@@ -13,8 +13,12 @@ void keep_library_loaded() {
                      reinterpret_cast<LPCWSTR>(&keep_library_loaded), &module);
 }
 
+// The system's own lists are quick as they are.
+void prepare_list(wxWindow& /*list*/) {}
+void finish_list(wxWindow& /*list*/) {}
+
 // A label that stands right before its control is taken for the control's name.
-void relate_label(wxWindow&, wxWindow&) {}
+void relate_label(wxWindow& /*label*/, wxWindow& /*control*/) {}
 
 int best_edit_height(wxTextCtrl const& edit) { return edit.GetSizeFromTextSize(1).y; }
 
