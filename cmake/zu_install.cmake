@@ -16,6 +16,10 @@ install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/zu_pj_edit"
   DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" FILES_MATCHING PATTERN "*.h")
 if(ZU_BUILD_PROGRAMS)
   install(TARGETS zu_pj4 RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+  # For a catalogue of the user's own.
+  if(TARGET make_prj_def)
+    install(TARGETS make_prj_def RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+  endif()
   install(FILES "${PROJECT_SOURCE_DIR}/man/zu_pj4.1"
     DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" OPTIONAL)
 endif()
