@@ -31,7 +31,7 @@ struct closer {
 };
 using stream = std::unique_ptr<std::FILE, closer>;
 
-stream temporary(std::string_view content = {}) {
+stream temporary(std::string_view content = "") {
   stream file(std::tmpfile());
   if (!file || std::fwrite(content.data(), 1, content.size(), file.get()) != content.size() ||
       std::fflush(file.get()) != 0)
