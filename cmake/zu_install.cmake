@@ -20,8 +20,8 @@ if(ZU_BUILD_PROGRAMS)
   if(TARGET make_prj_def)
     install(TARGETS make_prj_def RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
   endif()
-  install(FILES "${PROJECT_SOURCE_DIR}/man/zu_pj4.1"
-    DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" OPTIONAL)
+  configure_file("${PROJECT_SOURCE_DIR}/man/zu_pj4.1.in" "${PROJECT_BINARY_DIR}/man/zu_pj4.1" @ONLY)
+  install(FILES "${PROJECT_BINARY_DIR}/man/zu_pj4.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
 endif()
 # Programs look for the catalogue beside themselves.
 install(DIRECTORY "${PROJECT_BINARY_DIR}/bin/prj_def" DESTINATION "${CMAKE_INSTALL_BINDIR}")
