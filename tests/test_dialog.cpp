@@ -269,6 +269,18 @@ TEST_F(dialog, loads_and_saves_definition_files) {
   });
   EXPECT_EQ(failed.text, "");
 
+  // ESRI files are none of this version's: nothing is read, nothing written.
+  open_dialog(pulkovo_zone_7, [&](Tform& form) {
+    answers.expect_file(folder.file("esri.txt").wstring(), 1);
+    press_button(form, Tzu_vcl_bottom_buttons::save);
+    EXPECT_FALSE(std::filesystem::exists(folder.file("esri.prj")));
+    EXPECT_FALSE(std::filesystem::exists(folder.file("esri.txt")));
+    answers.expect_file(plain.wstring(), 1);
+    press_button(form, Tzu_vcl_bottom_buttons::load);
+    EXPECT_EQ(type(form).get_active_caption(), L"Unknown");
+    cancel(form);
+  });
+
   // Saving forces the extension, and asks before that hits another file.
   std::filesystem::path const saved = folder.file("saved.pj4");
   open_dialog(pulkovo_zone_7, [&](Tform& form) {
