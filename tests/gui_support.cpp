@@ -12,6 +12,7 @@
 #include <wx/uiaction.h>
 
 #include <cstdint>
+#include <cstdlib>
 #include <exception>
 #include <memory>
 
@@ -77,6 +78,31 @@ bool is_ready(Tzu_vcl_form& form) {
   if (focused == id) return gtk_window_is_active(GTK_WINDOW(widget)) != 0;
   XSetInputFocus(display, id, RevertToNone, CurrentTime);
   return false;
+}
+
+bool near(wxPoint const& left, wxPoint const& right) {
+  return std::abs(left.x - right.x) <= 2 && std::abs(left.y - right.y) <= 2;
+}
+
+// A form that grows is moved and laid out by the toolkit at once, by GTK with
+// its next frame, and by the server after that. A click goes by the server.
+bool is_settled(wxWindow const& control) {
+  GtkWidget* const widget = control.GetHandle();
+  GtkWidget* const top = gtk_widget_get_toplevel(widget);
+  GdkWindow* const window = gtk_widget_get_window(top);
+  Display* const display = GDK_WINDOW_XDISPLAY(window);
+  Window const id = GDK_WINDOW_XID(window);
+  XWindowAttributes attributes{};
+  if (XGetWindowAttributes(display, id, &attributes) == 0) return false;
+  wxPoint origin;
+  Window child = None;
+  XTranslateCoordinates(display, id, attributes.root, 0, 0, &origin.x, &origin.y, &child);
+  wxPoint inside;
+  gtk_widget_translate_coordinates(widget, top, 0, 0, &inside.x, &inside.y);
+  return attributes.width == gtk_widget_get_allocated_width(top) &&
+         attributes.height == gtk_widget_get_allocated_height(top) &&
+         gtk_widget_get_allocated_width(widget) == control.GetSize().x &&
+         near(origin + inside, control.GetScreenPosition());
 }
 
 Tzu_vcl_form* find_modal_form() {
@@ -159,6 +185,7 @@ void type_over(wxWindow& control, std::string_view text) {
 }
 
 void click(wxWindow& control) {
+  EXPECT_TRUE(wait_until([&] { return is_settled(control); })) << "the control does not settle";
   wxSize const size = control.GetSize();
   wxPoint const centre = control.ClientToScreen(wxPoint(size.x / 2, size.y / 2));
   Tevent_counter const released(wxEVT_LEFT_UP);
