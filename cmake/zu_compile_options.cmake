@@ -1,5 +1,8 @@
 # Warnings and sanitizers for every target of this tree.
 add_library(zu_options INTERFACE)
+if(WIN32)
+  target_compile_definitions(zu_options INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN)
+endif()
 if(MSVC)
   target_compile_options(zu_options INTERFACE /W4 /utf-8 $<$<BOOL:${ZU_WARNINGS_AS_ERRORS}>:/WX>)
 else()
@@ -9,6 +12,11 @@ else()
     # GCC 12 sees overlaps in joined strings that cannot happen (its bug 105329).
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
     $<$<BOOL:${ZU_WARNINGS_AS_ERRORS}>:-Werror>)
+  if(WIN32)
+    # What of the libraries linked in nobody calls stays out.
+    target_compile_options(zu_options INTERFACE -ffunction-sections -fdata-sections)
+    target_link_options(zu_options INTERFACE LINKER:--gc-sections)
+  endif()
   if(ZU_SANITIZE)
     target_compile_options(zu_options INTERFACE -fsanitize=address,undefined
                            -fno-sanitize-recover=undefined -fno-omit-frame-pointer)

@@ -27,7 +27,11 @@
 
 #include "version.h"
 
-#if defined(_WIN32)
+/* Where the library's objects are part of the program itself, ZU_PJ_EDIT_STATIC
+   is defined; hosts of the DLL define nothing. */
+#if defined(ZU_PJ_EDIT_STATIC)
+#define ZU_PJ_EDIT_API
+#elif defined(_WIN32)
 #if defined(ZU_PJ_EDIT_BUILDING)
 #define ZU_PJ_EDIT_API __declspec(dllexport)
 #else

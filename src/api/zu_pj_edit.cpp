@@ -5,6 +5,7 @@
 #include "basic/module.h"
 #include "pj_edit/vcl_pj_edit_form.h"
 #include "vcl/application.h"
+#include "vcl/look_scope.h"
 #include "vcl/toolkit.h"
 
 namespace {
@@ -18,6 +19,7 @@ std::string edit_result;
 using wide_execute = void*(zu_pj_edit_window, void*, void*);
 
 char const* zu_vcl_pj_edit(char const* definition, unsigned char* changed) {
+  zu::vcl::Tzu_look_scope const look;
   zu::vcl::start();
   Tzu_vcl_pj_edit_form form;
   form.create();

@@ -58,10 +58,13 @@ std::wstring Tzu_vcl_form::get_caption() const { return GetTitle().ToStdWstring(
 
 void Tzu_vcl_form::set_caption(std::wstring const& caption) { SetTitle(caption); }
 
+Tzu_vcl_form::~Tzu_vcl_form() = default;
+
 void Tzu_vcl_form::show_modal() {
   rethrow_held();
-  auto const owner = zu::vcl::set_owner(*this, Tzu_application::instance().get_handle());
-  wxRect const around = owner ? *owner : screen_at({0, 0});
+  owner_ =
+      std::make_unique<zu::vcl::Tzu_owner_window>(*this, Tzu_application::instance().get_handle());
+  wxRect const around = owner_->get_place().value_or(screen_at({0, 0}));
   wxPoint const centre = centre_of(around);
   wxSize const size = GetSize();
   Move(keep_on_screen({centre.x - size.x / 2, centre.y - size.y / 2, size.x, size.y},
@@ -71,7 +74,15 @@ void Tzu_vcl_form::show_modal() {
     if (held_) close_form();
   });
   ShowModal();
+  // The program's request to quit ends the loop and leaves the form where it is.
+  if (IsShown()) Hide();
+  owner_.reset();
   rethrow_held();
+}
+
+bool Tzu_vcl_form::Show(bool show) {
+  if (!show && owner_ != nullptr) owner_->release();
+  return wxDialog::Show(show);
 }
 
 void Tzu_vcl_form::close_form() {

@@ -4,7 +4,12 @@
 #include <wx/dialog.h>
 
 #include <exception>
+#include <memory>
 #include <string>
+
+namespace zu::vcl {
+class Tzu_owner_window;
+}
 
 // An empty form with a title bar and nothing on it: no close box, no keys that
 // close it. Subclasses fill it in create().
@@ -16,6 +21,9 @@ class Tzu_vcl_form : public wxDialog {
   // The form belongs to the caller, not to the toolkit; the window that owns
   // it on the screen is the application's at the time of show_modal.
   Tzu_vcl_form();
+  ~Tzu_vcl_form() override;
+  Tzu_vcl_form(Tzu_vcl_form const&) = delete;
+  Tzu_vcl_form& operator=(Tzu_vcl_form const&) = delete;
 
   virtual void create() {}
   virtual void load_rc() {}
@@ -29,6 +37,9 @@ class Tzu_vcl_form : public wxDialog {
 
   // Ends show_modal; does nothing when the form is not shown.
   void close_form();
+
+  // The toolkit's own; the owner takes input again before the form hides.
+  bool Show(bool show = true) override;
 
   // Accepts what is typed in the visible number edits. Returns false, with the
   // message shown and the focus on the edit, when a text was refused.
@@ -48,4 +59,6 @@ class Tzu_vcl_form : public wxDialog {
   void rethrow_held();
 
   std::exception_ptr held_;
+  // Of show_modal, while it runs.
+  std::unique_ptr<zu::vcl::Tzu_owner_window> owner_;
 };

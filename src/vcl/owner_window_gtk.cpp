@@ -73,8 +73,6 @@ GtkWindow* find_own_window(GdkWindow* window) {
   return GTK_IS_WINDOW(top) ? GTK_WINDOW(top) : nullptr;
 }
 
-}  // namespace
-
 std::optional<wxRect> set_owner(wxTopLevelWindow& form, void* owner) {
   GdkDisplay* const display = gdk_display_get_default();
   auto const id = reinterpret_cast<std::uintptr_t>(owner);
@@ -104,5 +102,20 @@ std::optional<wxRect> set_owner(wxTopLevelWindow& form, void* owner) {
   }
   return place;
 }
+
+}  // namespace
+
+// The window system itself keeps input from what lies under a modal form.
+class Tzu_owner_window::Timpl {
+ public:
+  std::optional<wxRect> place;
+};
+
+Tzu_owner_window::Tzu_owner_window(wxTopLevelWindow& form, void* owner)
+    : impl_(std::make_unique<Timpl>(Timpl{set_owner(form, owner)})) {}
+Tzu_owner_window::~Tzu_owner_window() = default;
+
+std::optional<wxRect> const& Tzu_owner_window::get_place() const { return impl_->place; }
+void Tzu_owner_window::release() {}
 
 }  // namespace zu::vcl

@@ -4,7 +4,6 @@
 #include <wx/init.h>
 #include <wx/log.h>
 
-#include <array>
 #include <clocale>
 #include <memory>
 #include <stdexcept>
@@ -45,11 +44,9 @@ void start() {
   Tzu_locale_scope const locale;
   platform::prepare_start();
   wxApp::SetInstance(std::make_unique<Tzu_wx_app>().release());
-  int argc = 0;
-  std::array<wxChar*, 1> argv{nullptr};
   // The caller gets the failure; it need not be on the terminal as well.
   wxLogNull const quiet;
-  if (!wxEntryStart(argc, argv.data())) {
+  if (!platform::start_toolkit()) {
     throw std::runtime_error("the window toolkit cannot start: no display");
   }
   if (!wxTheApp->CallOnInit()) {

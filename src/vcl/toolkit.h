@@ -17,6 +17,9 @@ namespace platform {
 // Called before the toolkit starts.
 void prepare_start();
 
+// The toolkit's own start, on behalf of the library's module.
+bool start_toolkit();
+
 // Called once the toolkit runs: neither the toolkit nor the application object
 // can be taken down again, so the library must not be unmapped under them.
 void keep_library_loaded();

@@ -1,6 +1,9 @@
 #include <dlfcn.h>
 #include <gtk/gtk.h>
+#include <wx/init.h>
 #include <wx/textctrl.h>
+
+#include <array>
 
 #include "vcl/toolkit.h"
 
@@ -9,6 +12,12 @@ namespace zu::vcl::platform {
 void prepare_start() {
   // Of no use, and complained about, once GTK runs for the host.
   if (gdk_display_get_default() == nullptr) gtk_disable_setlocale();
+}
+
+bool start_toolkit() {
+  int argc = 0;
+  std::array<wxChar*, 1> argv{nullptr};
+  return wxEntryStart(argc, argv.data());
 }
 
 void keep_library_loaded() {

@@ -1,17 +1,31 @@
 #include <windows.h>
+#include <wx/init.h>
 #include <wx/textctrl.h>
 
 #include "vcl/toolkit.h"
 
 namespace zu::vcl::platform {
+namespace {
+
+HMODULE own_module(DWORD flags) {
+  HMODULE module = nullptr;
+  GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | flags,
+                     reinterpret_cast<LPCWSTR>(&own_module), &module);
+  return module;
+}
+
+}  // namespace
 
 void prepare_start() {}
 
-void keep_library_loaded() {
-  HMODULE module = nullptr;
-  GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
-                     reinterpret_cast<LPCWSTR>(&keep_library_loaded), &module);
+// The window classes belong to this module: the host may have a toolkit of the
+// same make, with classes of the same names.
+bool start_toolkit() {
+  return wxEntryStart(own_module(GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT), nullptr, nullptr,
+                      SW_SHOWNORMAL);
 }
+
+void keep_library_loaded() { own_module(GET_MODULE_HANDLE_EX_FLAG_PIN); }
 
 // The system's own lists are quick as they are.
 void prepare_list(wxWindow& /*list*/) {}

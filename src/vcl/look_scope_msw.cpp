@@ -1,0 +1,45 @@
+#include <windows.h>
+
+#include <memory>
+
+#include "vcl/look_scope.h"
+
+namespace zu::vcl {
+namespace {
+
+struct Trelease {
+  using pointer = HANDLE;
+  void operator()(HANDLE context) const noexcept { ReleaseActCtx(context); }
+};
+using Tcontext = std::unique_ptr<HANDLE, Trelease>;
+
+// The manifest that asks for version 6 of the common controls is in this module,
+// where a module's own manifest is looked for.
+Tcontext make_context() {
+  HMODULE module = nullptr;
+  GetModuleHandleExW(
+      GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+      reinterpret_cast<LPCWSTR>(&make_context), &module);
+  ACTCTXW description{};
+  description.cbSize = sizeof description;
+  description.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
+  description.hModule = module;
+  description.lpResourceName = MAKEINTRESOURCEW(2);
+  HANDLE const context = CreateActCtxW(&description);
+  return Tcontext(context == INVALID_HANDLE_VALUE ? nullptr : context);
+}
+
+}  // namespace
+
+// Without the context the controls look dated and work all the same.
+Tzu_look_scope::Tzu_look_scope() {
+  static Tcontext const context = make_context();
+  ULONG_PTR cookie = 0;
+  if (context && ActivateActCtx(context.get(), &cookie) != 0) cookie_ = cookie;
+}
+
+Tzu_look_scope::~Tzu_look_scope() {
+  if (cookie_ != 0) DeactivateActCtx(0, cookie_);
+}
+
+}  // namespace zu::vcl
