@@ -12,8 +12,10 @@ inline constexpr unsigned system = 0;  // the system's ANSI code page
 inline constexpr unsigned cp1251 = 1251;
 inline constexpr unsigned utf8 = 65001;
 
-// Bytes that are invalid in the code page become U+FFFD, characters that it
-// lacks become "?", as the platform's converters do when asked for no error.
+// Bytes that are invalid in the code page become U+FFFD, those of 0x80 to 0x9F
+// to which a page of the 125x gives no letter the control character of that
+// number. Characters that the code page lacks become "?", on Windows the letter
+// that the system finds most alike where it knows one.
 // An unknown code page, or a conversion that ends half-way, gives empty text.
 // Off Windows the system's code page is the encoding that the user's locale
 // names (LC_ALL, LC_CTYPE, LANG), UTF-8 where it names none; a host's

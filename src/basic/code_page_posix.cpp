@@ -3,6 +3,7 @@
 #include <locale.h>  // NOLINT(modernize-deprecated-headers): newlocale is of POSIX
 
 #include <algorithm>
+#include <bit>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -53,6 +54,11 @@ std::string const& system_encoding() {
   return encoding;
 }
 
+// Of wchar_t. By the name "WCHAR_T" the C library would hand out what lies
+// beyond Unicode, too.
+constexpr char const* wide_encoding =
+    std::endian::native == std::endian::little ? "UTF-32LE" : "UTF-32BE";
+
 std::string encoding_name(unsigned code_page) {
   if (code_page == system) return system_encoding();
   if (code_page == utf8) return "UTF-8";
@@ -72,9 +78,11 @@ class Tconverter {
 
   bool valid() const noexcept { return handle_ != reinterpret_cast<iconv_t>(-1); }
 
-  // Converts bytes to bytes. One source unit that has no counterpart (`unit`
-  // bytes long) is replaced by `replacement`.
-  std::string convert(std::string source, std::size_t unit, std::string_view replacement) {
+  // Converts bytes to bytes. Where the source has no counterpart, `replace` is
+  // given the rest of it, shortens that by what it replaces, and returns the
+  // replacement.
+  template <class Replace>
+  std::string convert(std::string source, Replace replace) {
     std::string result;
     char* in = source.data();
     std::size_t in_left = source.size();
@@ -87,10 +95,10 @@ class Tconverter {
       result.append(buffer.data(), out);
       if (code != static_cast<std::size_t>(-1) || error == E2BIG) continue;
       flush(result);
-      std::size_t const skipped = std::min(unit, in_left);
-      in += skipped;
-      in_left -= skipped;
-      result.append(replacement);
+      std::string_view rest(in, in_left);
+      result.append(replace(rest));
+      in += in_left - rest.size();
+      in_left = rest.size();
     }
     flush(result);
     return result;
@@ -118,16 +126,53 @@ bool is_plain(unsigned code_page, Text text) noexcept {
          std::ranges::all_of(text, [](auto c) { return c >= 0 && c < 0x80; });
 }
 
+// Windows reads a byte to which one of its pages gives no letter as the control
+// character of that number, and writes it so. Tables and files come from there.
+bool has_gaps_for_controls(std::string const& encoding) {
+  return encoding.size() == 6 && encoding.starts_with("CP125");
+}
+bool is_control(wchar_t c) noexcept { return c >= 0x80 && c <= 0x9F; }
+
+// How much of a text that begins with bytes that are no UTF-8 one U+FFFD stands
+// for on Windows: the first byte and those that could have gone on from it.
+std::size_t broken_utf8_size(std::string_view text) noexcept {
+  auto const at = [text](std::size_t i) {
+    return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U;
+  };
+  unsigned const first = at(0);
+  std::size_t const whole = first >= 0xC2 && first < 0xE0   ? 2
+                            : first >= 0xE0 && first < 0xF0 ? 3
+                            : first >= 0xF0 && first < 0xF5 ? 4
+                                                            : 1;
+  // The second byte can make it too small, a surrogate or too large.
+  unsigned const least = first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
+  unsigned const most = first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
+  bool const goes_on = at(1) >= least && at(1) <= most;
+  std::size_t size = 1;
+  while (size < (goes_on ? whole : std::min<std::size_t>(whole, 2)) && (at(size) & 0xC0U) == 0x80)
+    ++size;
+  return size;
+}
+
+std::string as_bytes(std::wstring_view text) {
+  return {reinterpret_cast<char const*>(text.data()), text.size() * sizeof(wchar_t)};
+}
+
 }  // namespace
 
 std::wstring to_wide(unsigned code_page, std::string_view text) {
   if (text.empty()) return {};
   if (is_plain(code_page, text)) return {text.begin(), text.end()};
-  Tconverter converter("WCHAR_T", encoding_name(code_page));
+  std::string const encoding = encoding_name(code_page);
+  Tconverter converter(wide_encoding, encoding);
   if (!converter.valid()) return {};
-  wchar_t const unknown = L'\uFFFD';
-  std::string const bytes = converter.convert(
-      std::string(text), 1, {reinterpret_cast<char const*>(&unknown), sizeof unknown});
+  std::string const bytes =
+      converter.convert(std::string(text), [&encoding](std::string_view& rest) {
+        wchar_t const byte = static_cast<unsigned char>(rest.front());
+        bool const as_control = has_gaps_for_controls(encoding) && is_control(byte);
+        rest.remove_prefix(encoding == "UTF-8" ? broken_utf8_size(rest) : 1);
+        return as_bytes(std::wstring(1, as_control ? byte : L'\uFFFD'));
+      });
   std::wstring result(bytes.size() / sizeof(wchar_t), L'\0');
   std::memcpy(result.data(), bytes.data(), result.size() * sizeof(wchar_t));
   return result;
@@ -136,11 +181,18 @@ std::wstring to_wide(unsigned code_page, std::string_view text) {
 std::string to_multi_byte(unsigned code_page, std::wstring_view text) {
   if (text.empty()) return {};
   if (is_plain(code_page, text)) return {text.begin(), text.end()};
-  Tconverter converter(encoding_name(code_page), "WCHAR_T");
+  std::string const encoding = encoding_name(code_page);
+  Tconverter converter(encoding, wide_encoding);
   if (!converter.valid()) return {};
-  std::string source(text.size() * sizeof(wchar_t), '\0');
-  std::memcpy(source.data(), text.data(), source.size());
-  return converter.convert(std::move(source), sizeof(wchar_t), "?");
+  return converter.convert(as_bytes(text), [&](std::string_view& rest) {
+    wchar_t letter = 0;
+    std::memcpy(&letter, rest.data(), sizeof letter);
+    rest.remove_prefix(sizeof letter);
+    std::string const byte(1, static_cast<char>(letter));
+    bool const is_gap = has_gaps_for_controls(encoding) && is_control(letter) &&
+                        to_wide(code_page, byte).front() == letter;
+    return is_gap ? byte : "?";
+  });
 }
 
 }  // namespace zu::code_page

@@ -1,6 +1,8 @@
 #include <io.h>
 #include <windows.h>
 
+#include <algorithm>
+
 #include "basic/file.h"
 
 namespace zu::file {
@@ -16,14 +18,13 @@ using handle_ptr = std::unique_ptr<HANDLE, handle_closer>;
 // progress), so a sharing violation is tried again; any other error is final.
 handle_ptr open_handle(std::wstring const& name, DWORD access, DWORD disposition) {
   constexpr int attempts = 20;
-  for (int i = 0; i < attempts; ++i) {
+  for (int i = 1;; ++i) {
     HANDLE const handle = CreateFileW(name.c_str(), access, FILE_SHARE_READ, nullptr, disposition,
                                       FILE_ATTRIBUTE_NORMAL, nullptr);
     if (handle != INVALID_HANDLE_VALUE) return handle_ptr(handle);
-    if (GetLastError() != ERROR_SHARING_VIOLATION) break;
+    if (GetLastError() != ERROR_SHARING_VIOLATION || i == attempts) return nullptr;
     Sleep(1);
   }
-  return nullptr;
 }
 
 }  // namespace

@@ -377,5 +377,9 @@ void Tzu_file_dbf_exe::set_foxpro_code_page(std::uint8_t value) {
 }
 
 int Tzu_file_dbf::open(wchar_t const* name, bool read_only) {
+  if (!zu::strconv::has_system_spelling(name)) {
+    close();
+    return 1;
+  }
   return exe_->open(zu::strconv::to_system(name).c_str(), read_only);
 }

@@ -150,7 +150,8 @@ class Tzu_file_dbf_exe {
 class Tzu_file_dbf {
  public:
   int open(char const* name, bool read_only) { return exe_->open(name, read_only); }
-  // By wide name, which is turned into the system's ANSI code page.
+  // By wide name, which is turned into the system's ANSI code page; a name that
+  // it cannot spell cannot be opened.
   int open(wchar_t const* name, bool read_only);
   int create(char const* name, Tzu_dbf_prpdefs const& definitions, std::uint32_t records) {
     return exe_->create(name, definitions, records);

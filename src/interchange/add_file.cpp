@@ -19,20 +19,15 @@ bool expand_pj4(std::wstring const& definition, Izu_string_adp* adapter) {
   return true;
 }
 
-// Whether the system's code page can spell the name: INI files are opened by
-// their name in it, and a "?" in place of a letter would be another file.
-bool has_system_name(std::wstring_view name) {
-  return zu::strconv::from_system(zu::strconv::to_system(name)) == name;
-}
-
 }  // namespace
 
 bool Tzu_add_file::load_pj4_simple(std::wstring_view name, Izu_string_adp* adapter) {
   return load_pj4_ini(name, adapter) || load_pj4_mgs(name, adapter);
 }
 
+// INI files are opened by their name in the system's code page.
 bool Tzu_add_file::load_pj4_ini(std::wstring_view name, Izu_string_adp* adapter) {
-  if (!has_system_name(name)) return false;
+  if (!zu::strconv::has_system_spelling(name)) return false;
   auto const content = zu::file::read_whole(name);
   if (!content) return false;
   // An INI reader would find nothing in a plain file and call that success.
@@ -52,7 +47,7 @@ bool Tzu_add_file::load_pj4_mgs(std::wstring_view name, Izu_string_adp* adapter)
 }
 
 bool Tzu_add_file::save_pj4_ini(std::wstring_view name, std::wstring_view definition) {
-  if (!has_system_name(name)) return false;
+  if (!zu::strconv::has_system_spelling(name)) return false;
   Tzu_ini ini;
   ini.set_as_str(section, key, zu::strconv::to_system(definition));
   return ini.save_to_file(name);

@@ -54,6 +54,7 @@ std::string to_system(std::wstring_view text) {
 std::wstring from_system(std::string_view text) {
   return code_page::to_wide(code_page::system, text);
 }
+bool has_system_spelling(std::wstring_view text) { return from_system(to_system(text)) == text; }
 std::wstring from_interface(std::string_view text) {
   return code_page::to_wide(code_page::cp1251, text);
 }

@@ -52,6 +52,9 @@ std::string to_utf8(std::wstring_view text);
 std::wstring from_utf8(std::string_view text);
 std::string to_system(std::wstring_view text);
 std::wstring from_system(std::string_view text);
+// Whether the system's code page can spell all of the text. A file whose name
+// it cannot spell must not be opened by what comes closest: that is another file.
+bool has_system_spelling(std::wstring_view text);
 
 // Text of the interface tables, which are kept in code page 1251.
 std::wstring from_interface(std::string_view text);
