@@ -14,6 +14,7 @@
 #include "pj_edit/edit_rules.h"
 #include "pj_edit/vcl_pj_edit_form.h"
 #include "ratio.h"
+#include "vcl/look_scope.h"
 #include "vcl/panel.h"
 #include "vcl/toolkit.h"
 
@@ -148,6 +149,8 @@ BENCHMARK(open_empty_form)
 }  // namespace
 
 int main(int argc, char** argv) {
+  // All forms get the controls that the dialog has in a host.
+  zu::vcl::Tzu_look_scope const look;
   zu::vcl::start();
   // The catalogue is read once in a process.
   zu::catalogue_lists::shipped();

@@ -24,7 +24,7 @@ std::wstring Tzu_vcl_caption_panel::get_caption() const { return label_->get_cap
 
 void Tzu_vcl_caption_panel::set_caption(std::wstring const& caption) {
   label_->set_caption(caption);
-  Layout();
+  lay_out();
 }
 
 void Tzu_vcl_caption_panel::set_caption_width(int width) {
@@ -50,7 +50,13 @@ void Tzu_vcl_caption_panel::place() {
   GetSizer()->Clear(false);
   add(label_, control_fills ? caption_width_ : 0, caption_gap, !control_fills);
   add(control_, edit_width_, 0, control_fills);
-  Layout();
+  lay_out();
+}
+
+// Moving controls takes long. What is not on the screen yet is laid out once,
+// with its form.
+void Tzu_vcl_caption_panel::lay_out() {
+  if (IsShownOnScreen()) Layout();
 }
 
 wxWindow* Tzu_vcl_caption_dbl_edit::make_control() {

@@ -37,6 +37,7 @@ class Tzu_vcl_caption_panel : public Tzu_vcl_panel {
 
  private:
   void place();
+  void lay_out();
 
   Tzu_vcl_label* label_ = nullptr;
   wxWindow* control_ = nullptr;

@@ -55,8 +55,9 @@ bool is_whole_number(std::string_view text) {
 
 }  // namespace
 
-Tzu_vcl_edit::Tzu_vcl_edit(wxWindow* parent, std::wstring const& text)
-    : wxTextCtrl(parent, wxID_ANY, text), best_height_(zu::vcl::platform::best_edit_height(*this)) {
+Tzu_vcl_edit::Tzu_vcl_edit(wxWindow* parent, std::wstring const& text, long style)
+    : wxTextCtrl(parent, wxID_ANY, text, wxDefaultPosition, wxDefaultSize, style),
+      best_height_(zu::vcl::platform::best_edit_height(*this)) {
   InvalidateBestSize();
 }
 
@@ -70,7 +71,9 @@ wxSize Tzu_vcl_edit::DoGetBestSize() const {
   return best;
 }
 
-Tzu_vcl_dbl_edit::Tzu_vcl_dbl_edit(wxWindow* parent) : Tzu_vcl_edit(parent) {
+// The toolkit shows Enter to edits alone that ask for it.
+Tzu_vcl_dbl_edit::Tzu_vcl_dbl_edit(wxWindow* parent)
+    : Tzu_vcl_edit(parent, {}, wxTE_PROCESS_ENTER) {
   set_value(0);
   // The toolkit has asked for it already, before there was this class's answer.
   InvalidateBestSize();
@@ -87,6 +90,7 @@ void Tzu_vcl_dbl_edit::set_value(double value) {
 }
 
 void Tzu_vcl_dbl_edit::set_edit_enabled(bool enabled) {
+  if (enabled == edit_enabled_) return;
   edit_enabled_ = enabled;
   SetEditable(enabled);
   SetBackgroundColour(
@@ -177,7 +181,7 @@ void Tzu_vcl_dbl_edit::show_refusal_after_exit(std::wstring const& refused_text)
   if (!std::exchange(refusal_waiting_, false)) return;
   if (!is_in_use() || get_text() != refused_text) return;
   auto const* const form = Tzu_vcl_form::find_form(this);
-  if (form == nullptr || !form->IsModal()) return;
+  if (form == nullptr || !form->is_open()) return;
 
   // Focus in another program or a message box: the user has not left the edit.
   wxWindow* const focus = FindFocus();

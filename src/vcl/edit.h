@@ -9,7 +9,7 @@
 
 class Tzu_vcl_edit : public wxTextCtrl {
  public:
-  explicit Tzu_vcl_edit(wxWindow* parent, std::wstring const& text = {});
+  explicit Tzu_vcl_edit(wxWindow* parent, std::wstring const& text = {}, long style = 0);
 
   std::wstring get_text() const;
   // Fires no event.

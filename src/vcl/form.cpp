@@ -11,6 +11,7 @@
 #include "vcl/edit.h"
 #include "vcl/event_guard.h"
 #include "vcl/owner_window.h"
+#include "vcl/toolkit.h"
 
 namespace {
 
@@ -28,9 +29,17 @@ wxPoint keep_on_screen(wxRect const& place, wxRect const& screen) {
           std::max(screen.y, std::min(place.y, screen.y + screen.height - place.height))};
 }
 
-// A window whose size stays as it was does not lay out its children by itself.
+// A window whose size stays as it was does not lay out its children by itself;
+// one whose size changes does so as often as that happens. Here all do it once.
 void layout_all(wxWindow& window) {
+  auto const set_automatic = [&](bool automatic) {
+    for (wxWindow* const child : window.GetChildren()) {
+      if (child->GetSizer() != nullptr) child->SetAutoLayout(automatic);
+    }
+  };
+  set_automatic(false);
   window.Layout();
+  set_automatic(true);
   for (wxWindow* const child : window.GetChildren()) {
     if (!child->IsTopLevel()) layout_all(*child);
   }
@@ -49,6 +58,7 @@ Tzu_vcl_form::Tzu_vcl_form()
     : wxDialog(nullptr, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                wxCAPTION | wxDIALOG_NO_PARENT) {
   SetEscapeId(wxID_NONE);
+  zu::vcl::platform::prepare_form(*this);
   SetSize(FromDIP(wxSize(least_width, least_height)));
   // Without a close box the window manager still has ways to close a window.
   zu::vcl::bind_guarded(*this, wxEVT_CLOSE_WINDOW, [this] { close_form(); });
@@ -86,7 +96,7 @@ bool Tzu_vcl_form::Show(bool show) {
 }
 
 void Tzu_vcl_form::close_form() {
-  if (IsModal()) EndModal(wxID_CANCEL);
+  if (is_open()) EndModal(wxID_CANCEL);
 }
 
 bool Tzu_vcl_form::commit_edits() { return commit_all(*this); }
@@ -99,7 +109,9 @@ void Tzu_vcl_form::fit_to_content() {
   if (GetSizer() != nullptr) size.IncTo(GetSizer()->ComputeFittingWindowSize(this));
   size.DecTo(screen.GetSize());
   if (size != place.GetSize()) {
+    SetAutoLayout(false);
     SetSize(size);
+    SetAutoLayout(true);
     if (IsShown()) Move(keep_on_screen({place.GetPosition(), size}, screen));
   }
   layout_all(*this);

@@ -9,7 +9,7 @@
 
 namespace zu::vcl {
 class Tzu_owner_window;
-}
+}  // namespace zu::vcl
 
 // An empty form with a title bar and nothing on it: no close box, no keys that
 // close it. Subclasses fill it in create().
@@ -35,11 +35,14 @@ class Tzu_vcl_form : public wxDialog {
   // event handler of the form has thrown in the meantime.
   void show_modal();
 
-  // Ends show_modal; does nothing when the form is not shown.
+  // Whether show_modal is running and nothing has ended it yet.
+  bool is_open() const { return IsModal() && IsShown(); }
+
+  // Ends show_modal; does nothing when the form is not open.
   void close_form();
 
   // The toolkit's own; the owner takes input again before the form hides.
-  bool Show(bool show = true) override;
+  bool Show(bool show) override;
 
   // Accepts what is typed in the visible number edits. Returns false, with the
   // message shown and the focus on the edit, when a text was refused.

@@ -12,8 +12,11 @@ std::wstring rc_text(int group, int index) {
 }  // namespace zu::vcl
 
 Tzu_vcl_panel::Tzu_vcl_panel(wxWindow* parent)
-    : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_NONE) {
-  SetSize(FromDIP(wxSize(initial_width, initial_height)));
+    : wxPanel(parent, wxID_ANY, wxDefaultPosition,
+              parent->FromDIP(wxSize(initial_width, initial_height)),
+              wxTAB_TRAVERSAL | wxBORDER_NONE) {
+  // The toolkit takes a first size for the least one.
+  SetMinSize(wxDefaultSize);
 }
 
 Tzu_vcl_group_box::Tzu_vcl_group_box(wxWindow* parent)

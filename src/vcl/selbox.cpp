@@ -9,6 +9,9 @@
 
 namespace {
 
+constexpr int first_width = 100;
+constexpr int first_height = 21;
+
 template <class Predicate>
 int find_position(std::vector<Tzu_vcl_selbox_item> const& items, Predicate predicate) {
   auto const found = std::ranges::find_if(items, predicate);
@@ -17,9 +20,17 @@ int find_position(std::vector<Tzu_vcl_selbox_item> const& items, Predicate predi
 
 }  // namespace
 
-Tzu_vcl_selbox::Tzu_vcl_selbox(wxWindow* parent) : wxChoice(parent, wxID_ANY) {
+// Without a first size the toolkit looks for one, resizing the list several
+// times; what it is given it takes for the least size.
+Tzu_vcl_selbox::Tzu_vcl_selbox(wxWindow* parent)
+    : wxChoice(parent, wxID_ANY, wxDefaultPosition,
+               parent->FromDIP(wxSize(first_width, first_height))) {
+  SetMinSize(wxDefaultSize);
   zu::vcl::platform::prepare_list(*this);
   zu::vcl::bind_guarded(*this, wxEVT_CHOICE, [this] { on_self_change(); });
+  // Who turns the wheel on the way to elsewhere does not mean to choose.
+  zu::vcl::bind_guarded(*this, wxEVT_MOUSEWHEEL,
+                        [this](wxMouseEvent& event) { event.Skip(HasFocus()); });
 }
 
 void Tzu_vcl_selbox::clear() {

@@ -1,6 +1,7 @@
 // Start of the window toolkit inside a host that may know nothing of it.
 #pragma once
 
+class wxDialog;
 class wxTextCtrl;
 class wxWindow;
 
@@ -23,6 +24,9 @@ bool start_toolkit();
 // Called once the toolkit runs: neither the toolkit nor the application object
 // can be taken down again, so the library must not be unmapped under them.
 void keep_library_loaded();
+
+// Gives a new form the border of a tool window.
+void prepare_form(wxDialog& form);
 
 // Keep a drop-down list quick however many items it gets: before it has any, and
 // after it got some.

@@ -27,6 +27,9 @@ void keep_library_loaded() {
   static_cast<void>(dlopen(info.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE));
 }
 
+// Window managers keep tool windows out of reach of their keys.
+void prepare_form(wxDialog& /*form*/) {}
+
 void prepare_list(wxWindow& list) {
   // As a menu every item would be a widget of its own, styled and measured
   // before the list is ever opened; as a list it is drawn when it is seen.

@@ -1,4 +1,6 @@
 #include <windows.h>
+// After the system's header.
+#include <wx/dialog.h>
 #include <wx/init.h>
 #include <wx/textctrl.h>
 
@@ -26,6 +28,11 @@ bool start_toolkit() {
 }
 
 void keep_library_loaded() { own_module(GET_MODULE_HANDLE_EX_FLAG_PIN); }
+
+void prepare_form(wxDialog& form) {
+  HWND const window = form.GetHandle();
+  SetWindowLongPtrW(window, GWL_EXSTYLE, GetWindowLongPtrW(window, GWL_EXSTYLE) | WS_EX_TOOLWINDOW);
+}
 
 // The system's own lists are quick as they are.
 void prepare_list(wxWindow& /*list*/) {}
