@@ -1,6 +1,8 @@
 // The command-line program: what the library knows, for a shell.
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <filesystem>
 #include <functional>
 #include <iostream>
 #include <stdexcept>
@@ -14,8 +16,8 @@
 #include "interchange/add_file.h"
 #include "pj_edit/edit_rules.h"
 #include "proj4/proj4_str.h"
+#include "terminal.h"
 #include "text/rc.h"
-#include "text/strconv.h"
 #include "text/string_adapter.h"
 #include "zu_pj_edit/version.h"
 #include "zu_pj_edit/zu_pj_edit.h"
@@ -32,15 +34,18 @@ class Terror : public std::runtime_error {
 };
 
 // Passes each definition, or each line of standard input for "-", through
-// `convert` and prints one line for each.
+// `convert`, which works on the library's texts, and prints one line for each.
 void for_each_definition(std::vector<std::string> const& definitions,
                          std::function<std::string(std::string const&)> const& convert) {
+  auto const print = [&convert](std::string const& definition) {
+    std::cout << terminal::from_library(convert(terminal::to_library(definition))) << '\n';
+  };
   for (std::string const& definition : definitions) {
     if (definition != "-") {
-      std::cout << convert(definition) << '\n';
+      print(definition);
       continue;
     }
-    for (std::string line; std::getline(std::cin, line);) std::cout << convert(line) << '\n';
+    for (std::string line; std::getline(std::cin, line);) print(line);
   }
 }
 
@@ -55,7 +60,7 @@ std::string normalize(std::string const& definition) {
 void need_catalogue() {
   if (Tzu_datum_def_dbf::get_ellipses().get_size() == 0)
     throw Terror("no catalogue of projections and datums: cannot read " +
-                 Tzu_pj_dbf::get_ellipse_db_path());
+                 terminal::from_library(Tzu_pj_dbf::get_ellipse_db_path()));
 }
 
 void apply(std::vector<std::string> const& definitions) {
@@ -69,7 +74,9 @@ void apply(std::vector<std::string> const& definitions) {
 
 int edit(std::string const& definition) {
   unsigned char changed = 0;
-  std::cout << zu_proj4_form_execute(nullptr, definition.c_str(), &changed) << '\n';
+  std::string const input = terminal::to_library(definition);
+  std::cout << terminal::from_library(zu_proj4_form_execute(nullptr, input.c_str(), &changed))
+            << '\n';
   return changed != 0 ? 0 : exit_cancelled;
 }
 
@@ -82,20 +89,21 @@ void refuse_esri_file(std::string const& name) {
 
 void load(std::string const& name) {
   refuse_esri_file(name);
-  std::string definition;
-  Tzu_std_string_adapter target(&definition);
+  std::wstring definition;
+  Tzu_std_wstring_adapter target(&definition);
   zu::string_adp const adapter(target);
-  std::wstring const wide = zu::strconv::from_system(name);
+  std::wstring const wide = terminal::to_wide(name);
   if (!zu::file::exists(wide)) throw Terror("no such file: " + name);
   if (!Tzu_add_file::load_pj4_simple(wide, adapter.get()) || definition.empty())
     throw Terror("no PROJ.4 definition in " + name);
-  std::cout << definition << '\n';
+  std::cout << terminal::from_wide(definition) << '\n';
 }
 
 void save(std::string const& definition, std::string const& name) {
   refuse_esri_file(name);
-  if (!Tzu_add_file::save_pj4_ini(zu::strconv::from_system(name),
-                                  zu::strconv::from_system(definition)))
+  // The file is in the system's code page.
+  terminal::to_library(definition);
+  if (!Tzu_add_file::save_pj4_ini(terminal::to_wide(name), terminal::to_wide(definition)))
     throw Terror("cannot write " + name);
 }
 
@@ -109,15 +117,23 @@ struct options {
   bool json = false;
 };
 
+// What is wrong with it; empty when nothing.
+std::string check_folder(std::string const& name) {
+  std::error_code ignored;
+  if (std::filesystem::is_directory(terminal::to_path(name), ignored)) return "";
+  return "there is no such folder: " + name;
+}
+
 void use_options(options const& chosen) {
-  if (!chosen.catalogue.empty()) Tzu_pj_dbf::set_catalogue_folder(chosen.catalogue);
+  if (!chosen.catalogue.empty())
+    Tzu_pj_dbf::set_catalogue_folder(terminal::to_library(chosen.catalogue));
   if (chosen.lang.empty()) return;
   // The host's language is fetched once; only what is set after that stays.
   Tzu_rc::get_auto_lang();
   Tzu_rc::set_lang(chosen.lang == "ru" ? 1 : 0);
 }
 
-int run_command(int argc, char** argv) {
+int run_command(std::vector<std::string> arguments) {
   options chosen;
   CLI::App app{"Reads, edits and writes coordinate-system definitions (PROJ.4 strings)."};
   app.name("zu_pj4");
@@ -130,7 +146,7 @@ int run_command(int argc, char** argv) {
   app.add_option("--catalogue", chosen.catalogue,
                  "folder with the catalogue's tables (default: prj_def beside this program)")
       ->type_name("DIR")
-      ->check(CLI::ExistingDirectory);
+      ->check(&check_folder);
   app.add_option("--lang", chosen.lang, "language of the dialog: en or ru")
       ->type_name("LANG")
       ->check(CLI::IsMember({"en", "ru"}));
@@ -163,7 +179,9 @@ int run_command(int argc, char** argv) {
       ->required();
 
   try {
-    app.parse(argc, argv);
+    // The parser takes them from the last to the first.
+    std::ranges::reverse(arguments);
+    app.parse(std::move(arguments));
   } catch (CLI::Success const& request) {
     return app.exit(request);
   } catch (CLI::ParseError const& error) {
@@ -183,7 +201,8 @@ int run_command(int argc, char** argv) {
 }
 
 int run(int argc, char** argv) {
-  int const status = run_command(argc, argv);
+  terminal::prepare_streams();
+  int const status = run_command(terminal::arguments(argc, argv));
   if (!std::cout.flush()) throw Terror("cannot write to standard output");
   return status;
 }
