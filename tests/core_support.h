@@ -1,76 +1,58 @@
-// Folders, files, locales and environment variables for the span of one test.
+// Folders, files, code pages, locales and environment variables for the span
+// of one test, and the record of the texts that a test gets.
 #pragma once
-
-#include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <array>
 #include <clocale>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "platform_support.h"
+
 namespace core_test {
 
-// A folder of the test's own, removed with all that is in it.
+// A folder of the test's own, removed with all that is in it. Its own name is
+// ASCII, whatever the test appends to it.
 class Ttemp_folder {
  public:
-  Ttemp_folder() {
-    std::string name = (std::filesystem::temp_directory_path() / "zu_test.XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) ADD_FAILURE() << "no folder " << name;
-    path_ = name;
-  }
-  ~Ttemp_folder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
+  Ttemp_folder();
+  ~Ttemp_folder();
   Ttemp_folder(Ttemp_folder const&) = delete;
   Ttemp_folder& operator=(Ttemp_folder const&) = delete;
 
-  std::string file(std::string const& name) const { return (path_ / name).string(); }
-  // The folder's own name is ASCII, whatever the test appends to it.
+  // In the system's code page, as put_file and get_file take it.
+  std::string file(std::string_view name) const { return path_ + "/" + std::string(name); }
   std::wstring wide(std::wstring_view name) const {
-    return path_.wstring().append(L"/").append(name);
+    return std::wstring(path_.begin(), path_.end()).append(L"/").append(name);
   }
-  std::size_t count() const {
-    return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(path_), {}));
-  }
+  std::size_t count() const;
 
  private:
-  std::filesystem::path path_;
+  std::string path_;
 };
 
-inline void put_file(std::string const& name, std::string_view content) {
-  std::ofstream(name, std::ios::binary) << content;
-}
+void put_file(std::string const& name, std::string_view content);
+std::string read_file(std::string const& name);
+// The content goes into the record, too.
+std::string get_file(std::string const& name);
 
-inline std::string get_file(std::string const& name) {
-  std::ifstream stream(name, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
+// With the variable ZU_TEST_RECORD set, adds a text that the system under test
+// gave to the program's file in the folder of that name: the same tests give
+// the same record on every platform, save those of suites with the platform's
+// name. Wide text is recorded as UTF-8. Gives the text back.
+std::string const& recorded(std::string const& text);
+std::wstring const& recorded(std::wstring const& text);
 
-// Sets environment variables (an empty value counts as unset) and puts back
-// what was there.
+// Sets environment variables (null takes one away) and puts back what was there.
 class Tenvironment {
  public:
-  Tenvironment(std::initializer_list<std::pair<char const*, char const*>> values) {
-    for (auto const& [name, value] : values) {
-      char const* const before = std::getenv(name);
-      before_.emplace_back(name,
-                           before == nullptr ? std::nullopt : std::optional(std::string(before)));
-      setenv(name, value, 1);
-    }
-  }
-  ~Tenvironment() {
-    for (auto const& [name, value] : before_)
-      value ? setenv(name, value->c_str(), 1) : unsetenv(name);
-  }
+  Tenvironment(std::initializer_list<std::pair<char const*, char const*>> values);
+  ~Tenvironment();
   Tenvironment(Tenvironment const&) = delete;
   Tenvironment& operator=(Tenvironment const&) = delete;
 
@@ -78,14 +60,27 @@ class Tenvironment {
   std::vector<std::pair<char const*, std::optional<std::string>>> before_;
 };
 
-// Makes `encoding` the system's code page.
-class Tsystem_encoding : public Tenvironment {
- public:
-  explicit Tsystem_encoding(std::string_view encoding)
-      : Tenvironment({{"LC_ALL", std::string("ru_RU.").append(encoding).c_str()}}) {}
+// A code page and what a test needs of it.
+struct system_page {
+  char const* encoding;
+  wchar_t const* letters;
+  char const* bytes;  // the letters in this page
+  // What the page cannot spell. The first is one that Windows takes for the
+  // letter `like` when asked for that page.
+  std::array<wchar_t const*, 3> foreign;
+  char const* like;
 };
 
-// Sets the C library's locale as a host may. The locales are those of LOCPATH.
+// The pages that a test can have for the system's, at least one.
+std::vector<system_page> system_pages();
+
+// Makes a page of system_pages() the system's.
+class Tsystem_page : public Tenvironment {
+ public:
+  explicit Tsystem_page(system_page const& page);
+};
+
+// Sets the C library's locale as a host may.
 class Tc_locale {
  public:
   explicit Tc_locale(char const* name) : set_(std::setlocale(LC_ALL, name) != nullptr) {}

@@ -11,23 +11,26 @@
 #include <wx/timer.h>
 #include <wx/uiaction.h>
 
-#include <cstdint>
-#include <cstdlib>
+#include <algorithm>
 #include <exception>
 #include <memory>
 
 #include "vcl/panel.h"
 #include "vcl/selbox.h"
 
-// Xlib's macros spoil what comes after them.
-#include <gdk/gdkx.h>
-#include <gtk/gtk.h>
-
 namespace gui {
 namespace {
 
 constexpr int patience_ms = 10'000;
 constexpr int whole_script_ms = 60'000;
+
+Tzu_vcl_form* find_open_form() {
+  for (wxWindow* const window : wxTopLevelWindows) {
+    auto* const form = dynamic_cast<Tzu_vcl_form*>(window);
+    if (form != nullptr && form->is_open()) return form;
+  }
+  return nullptr;
+}
 
 // Input arrives when the display server sends it; its last event tells that
 // the program has handled it all.
@@ -42,8 +45,9 @@ class Tevent_counter : public wxEventFilter {
     if (event.GetEventType() == type_) seen_ = true;
     return Event_Skip;
   }
+  // A form that the first of the input closes gets no more of it.
   bool wait() const {
-    return wait_until([this] { return seen_; });
+    return wait_until([this] { return seen_ || find_open_form() == nullptr; });
   }
 
  private:
@@ -60,57 +64,19 @@ class Ttimer : public wxTimer {
   std::function<void()> body_;
 };
 
-// What the toolkit knows of a window runs ahead of the display server and lags
-// behind it; input goes by the server. Without a window manager nobody else
-// gives a new window the keyboard.
-bool is_ready(Tzu_vcl_form& form) {
-  if (!form.IsModal() || !form.IsShownOnScreen()) return false;
-  GtkWidget* const widget = form.GetHandle();
-  GdkWindow* const window = gtk_widget_get_window(widget);
-  Display* const display = GDK_WINDOW_XDISPLAY(window);
-  Window const id = GDK_WINDOW_XID(window);
-  XWindowAttributes attributes{};
-  if (XGetWindowAttributes(display, id, &attributes) == 0) return false;
-  if (attributes.map_state != IsViewable) return false;
-  Window focused = None;
-  int revert = 0;
-  XGetInputFocus(display, &focused, &revert);
-  if (focused == id) return gtk_window_is_active(GTK_WINDOW(widget)) != 0;
-  XSetInputFocus(display, id, RevertToNone, CurrentTime);
-  return false;
+void point_at(wxWindow& control) {
+  EXPECT_TRUE(wait_until([&] { return platform::is_settled(control); }))
+      << "the control does not settle";
+  wxSize const size = control.GetSize();
+  wxUIActionSimulator().MouseMove(control.ClientToScreen(wxPoint(size.x / 2, size.y / 2)));
 }
 
-bool near(wxPoint const& left, wxPoint const& right) {
-  return std::abs(left.x - right.x) <= 2 && std::abs(left.y - right.y) <= 2;
-}
-
-// A form that grows is moved and laid out by the toolkit at once, by GTK with
-// its next frame, and by the server after that. A click goes by the server.
-bool is_settled(wxWindow const& control) {
-  GtkWidget* const widget = control.GetHandle();
-  GtkWidget* const top = gtk_widget_get_toplevel(widget);
-  GdkWindow* const window = gtk_widget_get_window(top);
-  Display* const display = GDK_WINDOW_XDISPLAY(window);
-  Window const id = GDK_WINDOW_XID(window);
-  XWindowAttributes attributes{};
-  if (XGetWindowAttributes(display, id, &attributes) == 0) return false;
-  wxPoint origin;
-  Window child = None;
-  XTranslateCoordinates(display, id, attributes.root, 0, 0, &origin.x, &origin.y, &child);
-  wxPoint inside;
-  gtk_widget_translate_coordinates(widget, top, 0, 0, &inside.x, &inside.y);
-  return attributes.width == gtk_widget_get_allocated_width(top) &&
-         attributes.height == gtk_widget_get_allocated_height(top) &&
-         gtk_widget_get_allocated_width(widget) == control.GetSize().x &&
-         near(origin + inside, control.GetScreenPosition());
-}
-
-Tzu_vcl_form* find_modal_form() {
-  for (wxWindow* const window : wxTopLevelWindows) {
-    auto* const form = dynamic_cast<Tzu_vcl_form*>(window);
-    if (form != nullptr && form->IsModal()) return form;
-  }
-  return nullptr;
+bool overlaps_another(wxWindow const& control) {
+  auto const& siblings = control.GetParent()->GetChildren();
+  return std::any_of(siblings.begin(), siblings.end(), [&](wxWindow const* other) {
+    return other != &control && other->IsShown() && !other->IsTopLevel() &&
+           other->GetRect().Intersects(control.GetRect());
+  });
 }
 
 }  // namespace
@@ -139,8 +105,8 @@ void run_in_form(std::function<void()> const& open,
     try {
       // A form may also be closed by what happens while it comes up.
       EXPECT_TRUE(wait_until([&] {
-        form = find_modal_form();
-        return form == nullptr || is_ready(*form);
+        form = find_open_form();
+        return form == nullptr || platform::has_keyboard(*form);
       })) << "the form does not come up";
       if (form != nullptr) script(*form);
     } catch (std::exception const& error) {
@@ -150,14 +116,13 @@ void run_in_form(std::function<void()> const& open,
   });
   Ttimer const watch_dog(whole_script_ms, [] {
     ADD_FAILURE() << "the form does not close";
-    if (Tzu_vcl_form* const form = find_modal_form()) form->close_form();
+    if (Tzu_vcl_form* const form = find_open_form()) form->close_form();
   });
   open();
 }
 
 void show_and_run(Tzu_vcl_form& form, std::function<void()> const& script) {
-  // As long as the focus goes with the pointer, a window gets it twice.
-  XSetInputFocus(gdk_x11_get_default_xdisplay(), None, RevertToNone, CurrentTime);
+  platform::prepare_display();
   run_in_form([&form] { form.show_modal(); }, [&script](Tzu_vcl_form&) { script(); });
 }
 
@@ -185,14 +150,18 @@ void type_over(wxWindow& control, std::string_view text) {
 }
 
 void click(wxWindow& control) {
-  EXPECT_TRUE(wait_until([&] { return is_settled(control); })) << "the control does not settle";
-  wxSize const size = control.GetSize();
-  wxPoint const centre = control.ClientToScreen(wxPoint(size.x / 2, size.y / 2));
+  point_at(control);
   Tevent_counter const released(wxEVT_LEFT_UP);
-  wxUIActionSimulator simulator;
-  simulator.MouseMove(centre);
-  simulator.MouseClick();
+  wxUIActionSimulator().MouseClick();
   EXPECT_TRUE(released.wait()) << "the click does not arrive";
+  pump();
+}
+
+void turn_wheel(wxWindow& control) {
+  point_at(control);
+  Tevent_counter const turned(wxEVT_MOUSEWHEEL);
+  platform::turn_wheel();
+  EXPECT_TRUE(turned.wait()) << "the wheel does not arrive";
   pump();
 }
 
@@ -200,26 +169,21 @@ void pick(Tzu_vcl_selbox& list, std::wstring const& caption) {
   int const position = list.FindString(caption);
   ASSERT_NE(position, wxNOT_FOUND) << wxString(caption).utf8_str();
   ASSERT_TRUE(list.IsShownOnScreen() && list.IsEnabled()) << wxString(caption).utf8_str();
-  list.SetFocus();
-  list.SetSelection(position);
-  wxCommandEvent event(wxEVT_CHOICE, list.GetId());
-  event.SetEventObject(&list);
-  event.SetInt(position);
-  list.ProcessWindowEvent(event);
+  platform::pick(list, position);
   pump();
 }
 
 std::vector<std::wstring> find_clipped(wxWindow& root) {
   std::vector<std::wstring> clipped;
   for (wxWindow* const child : root.GetChildren()) {
-    if (!child->IsShown()) continue;
+    if (!child->IsShown() || child->IsTopLevel()) continue;
     wxSize const size = child->GetSize();
     child->InvalidateBestSize();
     wxSize const best = child->GetBestSize();
     wxRect const inside(root.GetClientSize());
     bool const is_cut =
         dynamic_cast<wxStaticBox*>(&root) == nullptr && !inside.Contains(child->GetRect());
-    if (size.x < best.x || size.y < best.y || is_cut) {
+    if (size.x < best.x || size.y < best.y || is_cut || overlaps_another(*child)) {
       clipped.push_back(wxString::Format(L"%s '%s' %dx%d of %dx%d",
                                          child->GetClassInfo()->GetClassName(), child->GetLabel(),
                                          size.x, size.y, best.x, best.y)
@@ -237,12 +201,7 @@ void save_screenshot(wxWindow& window, std::string const& path) {
     window.Refresh();
     EXPECT_TRUE(painted.wait()) << "the window does not paint itself";
   }
-  GdkWindow* const source = gtk_widget_get_window(window.GetHandle());
-  std::unique_ptr<GdkPixbuf, decltype(&g_object_unref)> const picture(
-      gdk_pixbuf_get_from_window(source, 0, 0, gdk_window_get_width(source),
-                                 gdk_window_get_height(source)),
-      g_object_unref);
-  EXPECT_NE(0, gdk_pixbuf_save(picture.get(), path.c_str(), "png", nullptr, nullptr)) << path;
+  EXPECT_TRUE(platform::save_picture(window, path)) << path;
 }
 
 Tanswers::~Tanswers() {
@@ -270,31 +229,6 @@ int Tanswers::Enter(wxDialog* dialog) {
     file->SetFilterIndex(answer.filter_index);
   }
   return answer.result;
-}
-
-Tforeign_window::Tforeign_window(wxRect const& place) {
-  Display* const display = XOpenDisplay(nullptr);
-  window_ = XCreateSimpleWindow(display, DefaultRootWindow(display), place.x, place.y,
-                                static_cast<unsigned>(place.width),
-                                static_cast<unsigned>(place.height), 0, 0, 0);
-  XMapWindow(display, window_);
-  XSync(display, False);
-  display_ = display;
-}
-
-void* Tforeign_window::get_handle() const {
-  return reinterpret_cast<void*>(static_cast<std::uintptr_t>(window_));
-}
-
-void Tforeign_window::destroy() {
-  if (display_ != nullptr) XCloseDisplay(static_cast<Display*>(std::exchange(display_, nullptr)));
-}
-
-void* get_owner(Tzu_vcl_form const& form) {
-  GdkWindow* const window = gtk_widget_get_window(form.GetHandle());
-  Window owner = None;
-  XGetTransientForHint(GDK_WINDOW_XDISPLAY(window), GDK_WINDOW_XID(window), &owner);
-  return reinterpret_cast<void*>(static_cast<std::uintptr_t>(owner));
 }
 
 }  // namespace gui

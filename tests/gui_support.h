@@ -6,6 +6,7 @@
 
 #include <deque>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,13 +37,15 @@ void press(int key, int modifiers = wxMOD_NONE);
 // Replaces the text of a focused control, key by key.
 void type_over(wxWindow& control, std::string_view text);
 void click(wxWindow& control);
-// Picks an item of a list. The list's own window takes no input from elsewhere,
-// so the event that it sends is sent for it.
+// One notch towards the user, with the pointer on the control.
+void turn_wheel(wxWindow& control);
+// Picks an item of a list.
 void pick(Tzu_vcl_selbox& list, std::wstring const& caption);
 
-// Captions or class names of shown controls that are smaller than they need.
+// Shown controls that are smaller than they need, or in another's place.
 std::vector<std::wstring> find_clipped(wxWindow& root);
 
+// `path` is without an extension: the format is the platform's.
 void save_screenshot(wxWindow& window, std::string const& path);
 
 // Answers the message boxes and file dialogs of a scope instead of the user, in
@@ -78,7 +81,7 @@ class Tanswers : private wxModalDialogHook {
 class Tforeign_window {
  public:
   explicit Tforeign_window(wxRect const& place);
-  ~Tforeign_window() { destroy(); }
+  ~Tforeign_window();
   Tforeign_window(Tforeign_window const&) = delete;
   Tforeign_window& operator=(Tforeign_window const&) = delete;
 
@@ -86,11 +89,28 @@ class Tforeign_window {
   void destroy();
 
  private:
-  void* display_ = nullptr;
-  unsigned long window_ = 0;
+  class Timpl;
+  std::unique_ptr<Timpl> impl_;
 };
 
-// The window that the window manager is told owns `form`, null for none.
+// The window that the window system is told owns `form`, null for none.
 void* get_owner(Tzu_vcl_form const& form);
+// Whether a form stays when its owner goes.
+bool is_form_to_outlive_owner();
 
+// What differs by platform in the above.
+namespace platform {
+
+// Called before a form comes up.
+void prepare_display();
+// Whether the keys go to a form that is on the screen; asks for them.
+bool has_keyboard(Tzu_vcl_form& form);
+// Whether the window system has the control where the toolkit says it is.
+bool is_settled(wxWindow const& control);
+void turn_wheel();
+void pick(Tzu_vcl_selbox& list, int position);
+// Whether it is saved.
+bool save_picture(wxWindow& window, std::string const& path);
+
+}  // namespace platform
 }  // namespace gui

@@ -14,6 +14,7 @@
 
 namespace {
 
+using core_test::recorded;
 using core_test::Ttemp_folder;
 
 using columns = std::vector<std::string>;
@@ -95,7 +96,7 @@ class Catalogue : public testing::Test {
 // Captions, for comparing what was found.
 template <class Record>
 std::string caption(Record const* record) {
-  return record == nullptr ? "none" : record->get_caption();
+  return record == nullptr ? "none" : recorded(record->get_caption());
 }
 
 // What a parameter offers; numbers that it does not have must be 0.
@@ -109,7 +110,7 @@ std::string describe(Tzu_pj_dbl_param const& param) {
                            value("is ", param.get_def_default(), param.get_default()) +
                            value(", from ", param.get_def_min(), param.get_min()) +
                            value(", to ", param.get_def_max(), param.get_max());
-  return param.get_use_proj4() ? text : "none" + text;
+  return recorded(param.get_use_proj4() ? text : "none" + text);
 }
 
 TEST_F(Catalogue, without_tables_has_the_geographic_systems_only) {

@@ -11,7 +11,8 @@ namespace {
 
 using core_test::get_file;
 using core_test::put_file;
-using core_test::Tsystem_encoding;
+using core_test::recorded;
+using core_test::Tsystem_page;
 using core_test::Ttemp_folder;
 
 // What a load feeds; "unfed" when nothing.
@@ -21,7 +22,7 @@ std::wstring fed_by(Load load) {
   Tzu_std_wstring_adapter target(&text);
   zu::string_adp const adapter(target);
   load(adapter.get());
-  return text;
+  return recorded(text);
 }
 
 std::wstring load_simple(std::wstring const& name) {
@@ -37,7 +38,6 @@ std::wstring load_plain(std::wstring const& name) {
 
 TEST(Definition_file, both_forms_load) {
   Ttemp_folder const folder;
-  Tsystem_encoding const system("CP1251");
   struct Tcase {
     std::string content;
     wchar_t const* text;
@@ -52,7 +52,6 @@ TEST(Definition_file, both_forms_load) {
       {"[projection]\npj4=+init=epsg:4326\n", L"unfed"},
       {" \t\v\f\r\n+proj=merc +k=1 \r\n", L"+proj=merc +k=1"},
       {"+proj=merc\n[projection]\npj4=+proj=utm\n", L"+proj=merc\n[projection]\npj4=+proj=utm"},
-      {"+nadgrids=\xC6", L"+nadgrids=\u0416"},
       {std::string("+proj=merc\0+k=1", 15), L"+proj=merc"},
       {"+init=epsg:4326 +no_defs", L"unfed"}};
   for (auto const& c : cases) {
@@ -74,32 +73,48 @@ TEST(Definition_file, plain_form_begins_with_a_plus) {
 }
 
 TEST(Definition_file, saves_the_ini_form) {
-  Ttemp_folder const folder;
-  Tsystem_encoding const system("CP1251");
-  std::wstring const name = folder.wide(L"\u0416.pj4");
-  put_file(folder.file("\xC6.pj4"), "+proj=longer than what comes, and replaced as a whole");
-  zu_pj4_save_simple_w(name.c_str(), L"+proj=utm +zone=37 +no_defs");
-  EXPECT_EQ(get_file(folder.file("\xC6.pj4")), "[projection]\n\npj4=+proj=utm +zone=37 +no_defs\n");
-  EXPECT_EQ(load_simple(name), L"+proj=utm +zone=37 +no_defs");
-  zu_pj4_save_simple_w(name.c_str(), L"");
-  EXPECT_EQ(load_simple(name), L"");
-  // Written in the system's page, read as UTF-8.
-  EXPECT_TRUE(Tzu_add_file::save_pj4_ini(name, L"+nadgrids=\u0416"));
-  EXPECT_EQ(get_file(folder.file("\xC6.pj4")), "[projection]\n\npj4=+nadgrids=\xC6\n");
-  EXPECT_TRUE(Tzu_add_file::save_pj4_mgs(name, L"+nadgrids=\u0416"));
-  EXPECT_EQ(get_file(folder.file("\xC6.pj4")), "+nadgrids=\xC6");
-  EXPECT_EQ(load_simple(name), L"+nadgrids=\u0416");
+  for (auto const& page : core_test::system_pages()) {
+    Ttemp_folder const folder;
+    Tsystem_page const system(page);
+    std::wstring const name = folder.wide(page.letters);
+    std::string const narrow = folder.file(page.bytes);
+    std::wstring const grid = std::wstring(L"+nadgrids=") + page.letters;
+    std::string const grid_bytes = std::string("+nadgrids=") + page.bytes;
+    put_file(narrow, "+proj=longer than what comes, and replaced as a whole");
+    zu_pj4_save_simple_w(name.c_str(), L"+proj=utm +zone=37 +no_defs");
+    EXPECT_EQ(get_file(narrow), "[projection]\n\npj4=+proj=utm +zone=37 +no_defs\n");
+    EXPECT_EQ(load_simple(name), L"+proj=utm +zone=37 +no_defs");
+    zu_pj4_save_simple_w(name.c_str(), L"");
+    EXPECT_EQ(load_simple(name), L"");
+    // Written in the system's page, read as UTF-8.
+    EXPECT_TRUE(Tzu_add_file::save_pj4_ini(name, grid));
+    EXPECT_EQ(get_file(narrow), "[projection]\n\npj4=" + grid_bytes + "\n");
+    EXPECT_EQ(load_simple(name).substr(0, 11), L"+nadgrids=\uFFFD");
+    EXPECT_TRUE(Tzu_add_file::save_pj4_mgs(name, grid));
+    EXPECT_EQ(get_file(narrow), grid_bytes);
+    EXPECT_EQ(load_simple(name), grid);
+    EXPECT_EQ(folder.count(), 1U) << page.encoding;
+  }
 }
 
+// INI files are opened by their name in the system's page.
 TEST(Definition_file, saves_nothing_under_another_name) {
+  for (auto const& page : core_test::system_pages()) {
+    Ttemp_folder const folder;
+    Tsystem_page const system(page);
+    for (std::string const close_one : {page.like, "?", "??"})
+      put_file(folder.file(close_one + ".pj4"), "[projection]\npj4=+proj=utm\n");
+    std::size_t const before = folder.count();
+    for (std::wstring const letter : page.foreign) {
+      std::wstring const name = folder.wide(letter + L".pj4");
+      EXPECT_FALSE(Tzu_add_file::save_pj4_ini(name, L"+proj=merc")) << page.encoding;
+      EXPECT_EQ(load_simple(name), L"unfed") << page.encoding;
+    }
+    EXPECT_EQ(folder.count(), before);
+    EXPECT_EQ(get_file(folder.file(std::string(page.like) + ".pj4")),
+              "[projection]\npj4=+proj=utm\n");
+  }
   Ttemp_folder const folder;
-  Tsystem_encoding const system("CP1251");
-  put_file(folder.file("?.pj4"), "+proj=utm");
-  EXPECT_FALSE(Tzu_add_file::save_pj4_ini(folder.wide(L"\u00FC.pj4"), L"+proj=merc"));
-  EXPECT_FALSE(Tzu_add_file::save_pj4_mgs(folder.wide(L"\u00FC.pj4"), L"+proj=merc"));
-  EXPECT_EQ(load_simple(folder.wide(L"\u00FC.pj4")), L"unfed");
-  EXPECT_EQ(get_file(folder.file("?.pj4")), "+proj=utm");
-  EXPECT_EQ(folder.count(), 1U);
   EXPECT_FALSE(Tzu_add_file::save_pj4_ini(folder.wide(L"no/f.pj4"), L"+proj=merc"));
 }
 

@@ -4,12 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <clocale>
 #include <cmath>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "core_support.h"
 #include "libproj.h"
 #include "pj_edit/edit_rules.h"
 
@@ -20,7 +20,7 @@ using zu::Tzu_pj_editor;
 
 std::string open_and_apply(Tzu_pj_editor& editor, std::string const& definition) {
   editor.set_proj4_string(definition.c_str());
-  return editor.get_proj4_string();
+  return core_test::recorded(std::string(editor.get_proj4_string()));
 }
 
 std::optional<std::string> written(Tzu_pj_editor& editor, std::string const& definition,
@@ -70,13 +70,12 @@ TEST_F(Shipped, KeepsZonesAndLocalSystemsByteForByte) {
 }
 
 TEST_F(Shipped, KeepsThemWithADecimalCommaToo) {
-  std::string const before = std::setlocale(LC_ALL, nullptr);
-  for (char const* name : {"de_DE.UTF-8", "ru_RU.UTF-8", "ru_RU.CP1251"}) {
-    if (std::setlocale(LC_ALL, name) == nullptr) continue;
+  for (char const* name : core_test::comma_locales()) {
+    core_test::Tc_locale const locale(name);
+    ASSERT_TRUE(locale.is_set()) << "there is no " << name;
     for (auto const& definition : untouched_definitions())
       EXPECT_EQ(open_and_apply(editor, definition), definition) << name;
   }
-  EXPECT_NE(std::setlocale(LC_ALL, before.c_str()), nullptr);
 }
 
 TEST_F(Shipped, OpensZonesAsZonal) {

@@ -9,6 +9,7 @@
 #include <map>
 #include <set>
 
+#include "core_support.h"
 #include "epsg_survey.h"
 
 namespace {
@@ -22,10 +23,12 @@ std::map<std::string, std::string> const unavoidable_unknowns{
 TEST(Epsg, DefinitionsKeepTheirMeaningOrLoseItForAKnownCause) {
   zu::Tzu_pj_editor editor(zu::catalogue_lists::shipped());
   auto const survey = epsg_survey::run(editor);
-  std::cout << epsg_survey::table(survey);
+  std::cout << core_test::recorded(epsg_survey::table(survey));
   // A database that could not be opened would leave nothing to fail on.
   EXPECT_GT(survey.verdicts.size(), 5000U);
   for (auto const& found : survey.verdicts) {
+    core_test::recorded("EPSG:" + found.code + "\n" + found.source + "\n" + found.written + "\n" +
+                        found.written_again);
     if (found.result == epsg_survey::outcome::unknown) {
       EXPECT_TRUE(unavoidable_unknowns.contains(found.causes.front()))
           << "EPSG:" << found.code << " " << found.source << " comes back as unknown";
@@ -80,8 +83,9 @@ TEST(Epsg, AbsentParametersMeanWhatProjTakesThemFor) {
         std::string const source = definition_of(row, values, absent);
         if (!done.insert(source).second) continue;
         editor.set_proj4_string(source.c_str());
+        std::string const whole = core_test::recorded(std::string(editor.get_proj4_string()));
         std::string const written =
-            libproj::join(libproj::keys_of(editor.get_proj4_string()), libproj::is_of_projection);
+            libproj::join(libproj::keys_of(whole), libproj::is_of_projection);
         for (std::string const body : {" +ellps=GRS80", " +R=6371000"}) {
           auto const expected = libproj::project(context, source + body, points);
           // A definition that PROJ refuses has no meaning to keep.

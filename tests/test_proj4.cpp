@@ -3,6 +3,7 @@
 #include <random>
 #include <vector>
 
+#include "core_support.h"
 #include "proj4/proj4_str.h"
 #include "proj4/proj4_str_correct.h"
 
@@ -17,7 +18,7 @@ std::string composed(std::string const& text) {
   Tzu_proj4_str set;
   read(set, text);
   set.compose();
-  return set.get();
+  return core_test::recorded(std::string(set.get()));
 }
 
 constexpr char const* tail = " +lon_wrap=45 +no_defs";

@@ -2,9 +2,10 @@
 
 #include <gtest/gtest.h>
 #include <proj.h>
+#include <shapefil.h>
 
+#include <array>
 #include <cmath>
-#include <cstdio>
 #include <fstream>
 #include <map>
 #include <memory>
@@ -14,33 +15,29 @@
 
 #include "basic/number.h"
 #include "basic/str.h"
+#include "core_support.h"
 
 namespace {
 
 using record = std::map<std::string, std::string>;
 
-struct pipe_closer {
-  void operator()(std::FILE* pipe) const noexcept { static_cast<void>(pclose(pipe)); }
+struct table_closer {
+  void operator()(DBFInfo* table) const { DBFClose(table); }
 };
 
-// All records of a table, by shapelib's dbfdump; fields trimmed.
+// All records of a table, by shapelib; fields trimmed.
 std::vector<record> dump(std::string const& table) {
-  std::vector<record> records;
-  std::string const command = "dbfdump -m -r " ZU_PRJ_DEF "/" + table + ".dbf";
-  // NOLINTNEXTLINE(cert-env33-c): the program is the independent reader
-  std::unique_ptr<std::FILE, pipe_closer> const pipe(popen(command.c_str(), "r"));
-  if (!pipe) return records;
-  std::string line;
-  for (int c = std::fgetc(pipe.get()); c != EOF; c = std::fgetc(pipe.get())) {
-    if (c != '\n') {
-      line += static_cast<char>(c);
-      continue;
-    }
-    auto const [name, value] = zu::str::divide_str(line, ':');
-    if (name == "Record") records.emplace_back();
-    if (name != "Record" && !name.empty() && !records.empty())
-      records.back().emplace(std::string(name), std::string(value));
-    line.clear();
+  std::string const path = ZU_PRJ_DEF "/" + table + ".dbf";
+  core_test::get_file(path);  // for the record
+  std::unique_ptr<DBFInfo, table_closer> const file(DBFOpen(path.c_str(), "rb"));
+  if (!file) return {};
+  std::vector<record> records(static_cast<std::size_t>(DBFGetRecordCount(file.get())));
+  for (int field = 0; field < DBFGetFieldCount(file.get()); ++field) {
+    std::array<char, XBASE_FLDNAME_LEN_READ + 1> name{};
+    DBFGetFieldInfo(file.get(), field, name.data(), nullptr, nullptr);
+    for (int row = 0; row < static_cast<int>(records.size()); ++row)
+      records[static_cast<std::size_t>(row)].emplace(
+          name.data(), zu::str::trim(DBFReadStringAttribute(file.get(), row, field)));
   }
   return records;
 }

@@ -1,5 +1,8 @@
-#include <dlfcn.h>
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
 
 #include "basic/module.h"
 #include "catalogue/catalogue.h"
@@ -11,7 +14,9 @@
 
 namespace {
 
+using core_test::recorded;
 using core_test::Tenvironment;
+using core_test::Tloaded_module;
 using core_test::Ttemp_folder;
 
 // As modules/zuk_basic.cpp has it.
@@ -22,37 +27,34 @@ struct zuk_basic_state {
   int feeds;
 };
 
-// A module that is loaded for a scope, as a host loads its own.
-class Tloaded_module {
- public:
-  explicit Tloaded_module(char const* path) : handle_(dlopen(path, RTLD_NOW | RTLD_LOCAL)) {
-    if (handle_ == nullptr) ADD_FAILURE() << dlerror();
-  }
-  ~Tloaded_module() {
-    if (handle_ != nullptr) dlclose(handle_);
-  }
-  Tloaded_module(Tloaded_module const&) = delete;
-  Tloaded_module& operator=(Tloaded_module const&) = delete;
+zuk_basic_state& state_of(Tloaded_module const& module) {
+  return *static_cast<zuk_basic_state*>(module.find("zuk_basic_now"));
+}
 
-  zuk_basic_state& state() const {
-    return *static_cast<zuk_basic_state*>(dlsym(handle_, "zuk_basic_now"));
-  }
-
- private:
-  void* handle_;
+struct module_name {
+  char const* file;
+  bool is_zuk_basic;
 };
 
+// As the platform's own names of modules have it.
+std::vector<module_name> module_names() {
+  std::string const suffix = std::filesystem::path(ZU_TEST_MODULE).extension().string();
+  if (suffix == ".dll")
+    return {{"zuk_basic.dll", true},      {"ZUK_Basic.DLL", true},
+            {"zuk_basic_old.dll", false}, {"my_zuk_basic.dll", false},
+            {"libzuk_basic.dll", false},  {"zuk_basic.dll.2.dll", false}};
+  return {{"zuk_basic.so", true},      {"libzuk_basic.so", true},  {"zuk_basic.so.2", true},
+          {"zuk_basic_old.so", false}, {"my_zuk_basic.so", false}, {"zuk_basic.dll", false}};
+}
+
 TEST(Host_module, is_found_by_its_file_name_while_loaded) {
-  Ttemp_folder const folder;
-  for (auto const& [file, found] :
-       {std::pair("zuk_basic.so", true), std::pair("libzuk_basic.so", true),
-        std::pair("zuk_basic.so.2", true), std::pair("zuk_basic_old.so", false),
-        std::pair("my_zuk_basic.so", false), std::pair("zuk_basic.dll", false)}) {
+  for (auto const& [file, found] : module_names()) {
+    Ttemp_folder const folder;
     std::string const path = folder.file(file);
     std::filesystem::copy_file(ZU_TEST_MODULE, path);
     EXPECT_EQ(zu::module::find_loaded("zuk_basic", "zu_res_get_lng"), nullptr) << "before " << file;
     {
-      Tloaded_module const module(path.c_str());
+      Tloaded_module const module(path);
       EXPECT_EQ(zu::module::find_loaded("zuk_basic", "zu_res_get_lng") != nullptr, found) << file;
       EXPECT_EQ(zu::module::find_loaded("zuk_basic", "no_such_symbol"), nullptr) << file;
     }
@@ -64,16 +66,16 @@ TEST(Host_module, is_found_by_its_file_name_while_loaded) {
 TEST(Host_module, answers_instead_of_the_stand_ins) {
   Tloaded_module const module(ZU_TEST_MODULE);
   for (int const language : {0, 1, 7}) {
-    module.state().language = language;
+    state_of(module).language = language;
     EXPECT_EQ(zu_res_get_lng(), language);
   }
   EXPECT_STREQ(zu_options_get_main_module_path(), L"/opt/suite/bin/suite");
-  EXPECT_EQ(Tzu_pj_dbf::get_dll_path(), "/opt/suite/bin/");
-  EXPECT_EQ(Tzu_pj_dbf::get_zone_db_path(), "/opt/suite/bin/prj_def/pj_proj2.dbf");
+  EXPECT_EQ(recorded(Tzu_pj_dbf::get_dll_path()), "/opt/suite/bin/");
+  EXPECT_EQ(recorded(Tzu_pj_dbf::get_zone_db_path()), "/opt/suite/bin/prj_def/pj_proj2.dbf");
   // A host that knows no path: the tables of the working folder.
   for (wchar_t const* path : {L"", L"suite", static_cast<wchar_t const*>(nullptr)}) {
-    module.state().main_module_path = path;
-    EXPECT_EQ(Tzu_pj_dbf::get_ellipse_db_path(), "prj_def/pj_ellps.dbf");
+    state_of(module).main_module_path = path;
+    EXPECT_EQ(recorded(Tzu_pj_dbf::get_ellipse_db_path()), "prj_def/pj_ellps.dbf");
   }
 }
 
@@ -83,22 +85,22 @@ TEST(Host_module, adapters_are_made_fed_and_destroyed_there) {
   Tzu_std_wstring_adapter target(&text);
   {
     zu::string_adp const adapter(target);
-    EXPECT_EQ(module.state().adapters, 1);
+    EXPECT_EQ(state_of(module).adapters, 1);
     zu_string_adp_feed_c(adapter.get(), "narrow");
     EXPECT_EQ(text, L"narrow");
     zu_string_adp_feed(adapter.get(), L"wide");
     EXPECT_EQ(text, L"wide");
-    EXPECT_EQ(module.state().feeds, 2);
+    EXPECT_EQ(state_of(module).feeds, 2);
   }
-  EXPECT_EQ(module.state().adapters, 0);
+  EXPECT_EQ(state_of(module).adapters, 0);
 }
 
 // The language is taken once in a process, so each case needs its own.
 void exit_with_language(int host_language) {
   Tloaded_module const module(ZU_TEST_MODULE);
-  module.state().language = host_language;
+  state_of(module).language = host_language;
   bool const english = Tzu_rc::get_str(5, 0) == std::string_view("Apply");
-  module.state().language = english ? 0 : 1;
+  state_of(module).language = english ? 0 : 1;
   bool const stays = english == (Tzu_rc::get_str(5, 0) == std::string_view("Apply"));
   std::exit(!stays ? 2 : english ? 1 : 0);
 }
@@ -112,10 +114,12 @@ TEST(Host_module_death, language_0_is_russian_and_the_first_one_stays) {
 }
 
 TEST(Stand_in, main_module_is_the_running_program) {
+  std::filesystem::path const program = core_test::program_path();
   std::wstring const path = zu_options_get_main_module_path();
-  EXPECT_TRUE(std::filesystem::equivalent(path, "/proc/self/exe"));
-  std::string const folder = Tzu_pj_dbf::get_dll_path();
-  EXPECT_EQ(folder, std::filesystem::read_symlink("/proc/self/exe").parent_path().string() + "/");
+  EXPECT_TRUE(std::filesystem::equivalent(path, program));
+  std::filesystem::path const folder = Tzu_pj_dbf::get_dll_path();
+  EXPECT_EQ(folder, program.parent_path() / "");
+  EXPECT_FALSE(folder.has_filename()) << "ends with its separator";
 }
 
 TEST(Stand_in, catalogue_can_be_kept_elsewhere) {

@@ -1,8 +1,6 @@
 // A small stand-in for the host suite's base module. Tests load it as a host
 // would and look at what it was asked.
 
-#define ZU_TEST_EXPORT __attribute__((visibility("default")))
-
 extern "C" {
 
 struct zuk_basic_state {
@@ -12,7 +10,7 @@ struct zuk_basic_state {
   int feeds;
 };
 
-ZU_TEST_EXPORT zuk_basic_state zuk_basic_now{L"/opt/suite/bin/suite", 0, 0, 0};
+zuk_basic_state zuk_basic_now{L"/opt/suite/bin/suite", 0, 0, 0};
 
 struct zuk_adapter {
   void (*narrow)(char const*, void*);
@@ -20,30 +18,27 @@ struct zuk_adapter {
   void* context;
 };
 
-ZU_TEST_EXPORT wchar_t const* zu_options_get_main_module_path() {
-  return zuk_basic_now.main_module_path;
-}
+wchar_t const* zu_options_get_main_module_path() { return zuk_basic_now.main_module_path; }
 
-ZU_TEST_EXPORT int zu_res_get_lng() { return zuk_basic_now.language; }
+int zu_res_get_lng() { return zuk_basic_now.language; }
 
-ZU_TEST_EXPORT zuk_adapter* zu_string_adp_create(void (*narrow)(char const*, void*),
-                                                 void (*wide)(wchar_t const*, void*),
-                                                 void* context) {
+zuk_adapter* zu_string_adp_create(void (*narrow)(char const*, void*),
+                                  void (*wide)(wchar_t const*, void*), void* context) {
   ++zuk_basic_now.adapters;
   return new zuk_adapter{narrow, wide, context};
 }
 
-ZU_TEST_EXPORT void zu_string_adp_destroy(zuk_adapter* adapter) {
+void zu_string_adp_destroy(zuk_adapter* adapter) {
   --zuk_basic_now.adapters;
   delete adapter;
 }
 
-ZU_TEST_EXPORT void zu_string_adp_feed_c(zuk_adapter* adapter, char const* text) {
+void zu_string_adp_feed_c(zuk_adapter* adapter, char const* text) {
   ++zuk_basic_now.feeds;
   adapter->narrow(text, adapter->context);
 }
 
-ZU_TEST_EXPORT void zu_string_adp_feed(zuk_adapter* adapter, wchar_t const* text) {
+void zu_string_adp_feed(zuk_adapter* adapter, wchar_t const* text) {
   ++zuk_basic_now.feeds;
   adapter->wide(text, adapter->context);
 }

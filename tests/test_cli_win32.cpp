@@ -1,0 +1,56 @@
+// The command-line program with letters that the system's code page lacks.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "cli_support.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using cli_test::local_system;
+
+class Cli_win32 : public cli_test::Cli {
+ protected:
+  static void expect_refusal(core_test::outcome const& result, std::string const& named) {
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.out, "");
+    EXPECT_NE(result.err.find(named), std::string::npos) << result.err;
+    EXPECT_EQ(result.err.find('\n'), result.err.size() - 1) << result.err;
+  }
+};
+
+TEST_F(Cli_win32, RefusesWhatCannotBeSpelled) {
+  for (auto const& page : core_test::system_pages()) {
+    std::size_t const before = count();
+    for (wchar_t const* letter : page.foreign) {
+      std::string const text = zu::strconv::to_utf8(letter);
+      std::string const grid = "+nadgrids=" + text;
+      // The INI form has a name in the page, as has the folder of the tables.
+      expect_refusal(run({"save", local_system, path(text)}), text);
+      expect_refusal(run({"save", grid, path("a.pj4")}), text);
+      expect_refusal(run({"normalize", grid}), text);
+      expect_refusal(run({"apply", "-"}, grid + "\n"), text);
+      EXPECT_EQ(count(), before);
+      fs::path const folder = core_test::shell_path(path(text));
+      fs::create_directory(folder);
+      expect_refusal(run({"--catalogue", path(text), "catalogue", "usual"}), text);
+      fs::remove(folder);
+    }
+  }
+}
+
+TEST_F(Cli_win32, TellsThatItCannotReachItsCatalogue) {
+  fs::path const program = ZU_PJ4;
+  std::string const folder = path("\u03B1\u4E2D") + "/";
+  fs::path const copy = core_test::shell_path(folder);
+  fs::create_directory(copy);
+  fs::copy(program, copy / program.filename());
+  fs::copy(program.parent_path() / "prj_def", copy / "prj_def");
+  expect_refusal(run_program({folder + program.filename().string(), {"apply", local_system}, ""}),
+                 "no catalogue");
+}
+
+}  // namespace

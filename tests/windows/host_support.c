@@ -1,0 +1,259 @@
+#include "host_support.h"
+
+#include <stdarg.h>
+#include <stdio.h>
+#include <string.h>
+#include <wchar.h>
+
+/* ---- checks */
+
+static LONG volatile failures = 0;
+
+int test_failures(void) { return (int)failures; }
+
+void test_check(int good, char const* file, int line, char const* format, ...) {
+  if (good) return;
+  InterlockedIncrement(&failures);
+  char text[4096];
+  va_list arguments;
+  va_start(arguments, format);
+  (void)vsnprintf(text, sizeof text, format, arguments);
+  va_end(arguments);
+  (void)printf("%s:%d: not so: %s\n", file, line, text);
+  (void)fflush(stdout);
+}
+
+void test_check_number(long long actual, long long expected, char const* file, int line,
+                       char const* what) {
+  test_check(actual == expected, file, line, "%s is %I64d, expected %I64d", what, actual, expected);
+}
+
+void test_check_text(char const* actual, char const* expected, char const* file, int line,
+                     char const* what) {
+  test_check(actual != NULL && strcmp(actual, expected) == 0, file, line,
+             "%s is\n  \"%s\", expected\n  \"%s\"", what, actual == NULL ? "(null)" : actual,
+             expected);
+}
+
+/* ---- the library */
+
+void library_path(wchar_t* path, size_t size, wchar_t const* name) {
+  DWORD const length = GetModuleFileNameW(NULL, path, (DWORD)size);
+  wchar_t* const program = wcsrchr(path, L'\\');
+  if (length == 0 || length >= size || program == NULL) ExitProcess(3);
+  (void)swprintf(program + 1, size - (size_t)(program + 1 - path), L"%ls", name);
+}
+
+library* the_library(void) {
+  static library loaded;
+  if (loaded.module != NULL) return &loaded;
+  wchar_t path[MAX_PATH];
+  library_path(path, MAX_PATH, L"zu_pj_edit.dll");
+  loaded.module = LoadLibraryW(path);
+  if (loaded.module == NULL) {
+    (void)printf("cannot load %ls: error %lu\n", path, GetLastError());
+    ExitProcess(3);
+  }
+  loaded.execute =
+      (execute_function)(void (*)(void))GetProcAddress(loaded.module, "zu_proj4_form_execute");
+  loaded.execute_w =
+      (execute_w_function)(void (*)(void))GetProcAddress(loaded.module, "zu_proj4_form_execute_w");
+  if (loaded.execute == NULL || loaded.execute_w == NULL) {
+    (void)printf("%ls lacks a function\n", path);
+    ExitProcess(3);
+  }
+  return &loaded;
+}
+
+/* ---- a host's window */
+
+message_hook host_hook;
+
+static LRESULT CALLBACK on_message(HWND window, UINT message, WPARAM first, LPARAM second) {
+  if (host_hook != NULL && host_hook(window, message, first, second)) return 0;
+  return DefWindowProcW(window, message, first, second);
+}
+
+HWND open_host(void) {
+  static wchar_t const name[] = L"zu_host_test";
+  WNDCLASSEXW const kind = {.cbSize = sizeof kind,
+                            .lpfnWndProc = on_message,
+                            .hInstance = GetModuleHandleW(NULL),
+                            .hbrBackground = (HBRUSH)(COLOR_BTNFACE + 1),
+                            .lpszClassName = name};
+  /* Fails from the second window on. */
+  (void)RegisterClassExW(&kind);
+  HWND const window = CreateWindowExW(0, name, L"host", WS_OVERLAPPEDWINDOW, 50, 50, 400, 300, NULL,
+                                      NULL, kind.hInstance, NULL);
+  for (int i = 0; i < 3; ++i) {
+    CreateWindowExW(0, i == 2 ? L"Button" : L"Edit", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 10,
+                    10 + 40 * i, 200, 30, window, (HMENU)(INT_PTR)(i + 1), kind.hInstance, NULL);
+  }
+  ShowWindow(window, SW_SHOWNORMAL);
+  SetForegroundWindow(window);
+  pump();
+  CHECK(IsWindowVisible(window));
+  return window;
+}
+
+void pump(void) {
+  MSG message;
+  while (PeekMessageW(&message, NULL, 0, 0, PM_REMOVE) && message.message != WM_QUIT) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+/* ---- the user */
+
+BOOL wait_for_it(BOOL (*condition)(void* context), void* context) {
+  ULONGLONG const start = GetTickCount64();
+  while (!condition(context)) {
+    if (GetTickCount64() - start > patience_ms) return FALSE;
+    Sleep(2);
+  }
+  return TRUE;
+}
+
+static BOOL is_russian(void) { return PRIMARYLANGID(GetUserDefaultUILanguage()) == LANG_RUSSIAN; }
+
+wchar_t const* button_caption(button which) {
+  if (which == apply_button) {
+    return is_russian() ? L"\u041f\u0440\u0438\u043c\u0435\u043d\u0438\u0442\u044c" : L"Apply";
+  }
+  return is_russian() ? L"\u041e\u0442\u043c\u0435\u043d\u0438\u0442\u044c" : L"Cancel";
+}
+
+typedef struct {
+  wchar_t const* kind;
+  wchar_t const* text;
+  HWND found;
+} child_search;
+
+static BOOL CALLBACK on_child(HWND window, LPARAM context) {
+  child_search* const search = (child_search*)context;
+  wchar_t kind[64] = L"";
+  wchar_t text[256] = L"";
+  GetClassNameW(window, kind, 64);
+  if (_wcsicmp(kind, search->kind) != 0 || !IsWindowVisible(window)) return TRUE;
+  DWORD_PTR length = 0;
+  SendMessageTimeoutW(window, WM_GETTEXT, 256, (LPARAM)text, SMTO_NORMAL, patience_ms, &length);
+  if (search->text != NULL && wcscmp(text, search->text) != 0) return TRUE;
+  search->found = window;
+  return FALSE;
+}
+
+HWND find_child(HWND form, wchar_t const* kind, wchar_t const* text) {
+  child_search search = {kind, text, NULL};
+  EnumChildWindows(form, on_child, (LPARAM)&search);
+  return search.found;
+}
+
+typedef struct {
+  HWND owner;
+  HWND found;
+} dialog_search;
+
+/* The form is told from message boxes by its button. */
+static BOOL CALLBACK on_window(HWND window, LPARAM context) {
+  dialog_search* const search = (dialog_search*)context;
+  DWORD process = 0;
+  wchar_t kind[64] = L"";
+  GetWindowThreadProcessId(window, &process);
+  GetClassNameW(window, kind, 64);
+  if (process != GetCurrentProcessId() || !IsWindowVisible(window) || !IsWindowEnabled(window) ||
+      wcscmp(kind, L"#32770") != 0) {
+    return TRUE;
+  }
+  BOOL const fits = search->owner == NULL
+                        ? find_child(window, L"Button", button_caption(apply_button)) != NULL
+                        : GetWindow(window, GW_OWNER) == search->owner;
+  if (!fits) return TRUE;
+  search->found = window;
+  return FALSE;
+}
+
+HWND find_form(void) {
+  dialog_search search = {NULL, NULL};
+  EnumWindows(on_window, (LPARAM)&search);
+  return search.found;
+}
+
+HWND find_message(HWND form) {
+  dialog_search search = {form, NULL};
+  EnumWindows(on_window, (LPARAM)&search);
+  return search.found;
+}
+
+static BOOL is_message_open(void* context) { return find_message(*(HWND*)context) != NULL; }
+
+HWND wait_for_message(HWND form) {
+  CHECK(wait_for_it(is_message_open, &form));
+  return find_message(form);
+}
+
+static BOOL is_closed(void* context) { return !IsWindowVisible(*(HWND*)context); }
+
+void wait_until_closed(HWND form) { CHECK(wait_for_it(is_closed, &form)); }
+
+void press(HWND form, button which) {
+  HWND const control = find_child(form, L"Button", button_caption(which));
+  CHECK(control != NULL);
+  PostMessageW(control, BM_CLICK, 0, 0);
+}
+
+void type_text(HWND form, wchar_t const* shown, wchar_t const* typed) {
+  HWND const edit = find_child(form, L"Edit", shown);
+  DWORD_PTR result = 0;
+  CHECK(edit != NULL);
+  CHECK(SendMessageTimeoutW(edit, WM_SETTEXT, 0, (LPARAM)typed, SMTO_NORMAL, patience_ms,
+                            &result) != 0);
+}
+
+void script_apply(HWND form) { press(form, apply_button); }
+void script_cancel(HWND form) { press(form, cancel_button); }
+
+typedef struct {
+  script body;
+  LONG volatile returned;
+} user;
+
+static BOOL is_open_or_over(void* context) {
+  return find_form() != NULL || ((user*)context)->returned;
+}
+
+static DWORD WINAPI play(void* context) {
+  user* const self = context;
+  CHECK(wait_for_it(is_open_or_over, self));
+  HWND const form = find_form();
+  CHECK(form != NULL);
+  if (form == NULL) return 0;
+  self->body(form);
+  wait_until_closed(form);
+  return 0;
+}
+
+/* The other thread may be sending to windows of this one; what has been posted
+   stays for the test. */
+static void join(HANDLE thread) {
+  MSG message;
+  while (MsgWaitForMultipleObjects(1, &thread, FALSE, INFINITE, QS_SENDMESSAGE) != WAIT_OBJECT_0) {
+    PeekMessageW(&message, NULL, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+  }
+  CloseHandle(thread);
+}
+
+outcome run_form(HWND owner, char const* definition, script body) {
+  execute_function const execute = the_library()->execute;
+  user player = {body, 0};
+  unsigned char changed = 7;
+  HANDLE const thread = CreateThread(NULL, 0, play, &player, 0, NULL);
+  outcome result = {.address = execute(owner, definition, &changed)};
+  InterlockedExchange(&player.returned, 1);
+  join(thread);
+  CHECK(result.address != NULL);
+  CHECK(changed <= 1);
+  (void)snprintf(result.text, sizeof result.text, "%s", result.address);
+  result.changed = changed;
+  return result;
+}

@@ -1,0 +1,31 @@
+// Stands in for the editor module of the host suite.
+#include <windows.h>
+
+#include <cstdint>
+#include <stdexcept>
+
+#include "editor_module.h"
+
+namespace {
+editor_record record{};
+}
+
+extern "C" {
+
+__declspec(dllexport) editor_record const* editor_module_record() { return &record; }
+
+#ifndef ZU_EDITOR_MODULE_BARE
+__declspec(dllexport) void* zu_proj4_form_execute_w__impl(void* window, void* first, void* second) {
+  record = {record.calls + 1, window, first, second};
+  switch (reinterpret_cast<std::uintptr_t>(second)) {
+    case editor_throws_text:
+      throw std::runtime_error(EDITOR_TEXT);
+    case editor_raises_code:
+      RaiseException(EDITOR_CODE, 0, 0, nullptr);
+      [[fallthrough]];
+    default:
+      return reinterpret_cast<void*>(EDITOR_RESULT);
+  }
+}
+#endif
+}
