@@ -16,6 +16,9 @@ else()
     # What of the libraries linked in nobody calls stays out.
     target_compile_options(zu_options INTERFACE -ffunction-sections -fdata-sections)
     target_link_options(zu_options INTERFACE LINKER:--gc-sections)
+    # The same sources give the same bytes, wherever and whenever.
+    target_compile_options(zu_options INTERFACE "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
+    target_link_options(zu_options INTERFACE LINKER:--no-insert-timestamp)
   endif()
   if(ZU_SANITIZE)
     target_compile_options(zu_options INTERFACE -fsanitize=address,undefined
