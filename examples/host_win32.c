@@ -345,6 +345,8 @@ static BOOL read_options(host* self, int count, wchar_t** arguments) {
   return TRUE;
 }
 
+/* The system's signature and, with it, its names. */
+/* NOLINTNEXTLINE(readability-non-const-parameter,readability-inconsistent-declaration-parameter-name) */
 int WINAPI WinMain(HINSTANCE program, HINSTANCE none, LPSTR command_line, int show) {
   (void)program;
   (void)none;

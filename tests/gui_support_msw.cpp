@@ -51,8 +51,11 @@ bool is_settled(wxWindow const& control) {
 void turn_wheel() {
   INPUT input{};
   input.type = INPUT_MOUSE;
+  // The system's structure is a union.
+  // NOLINTBEGIN(cppcoreguidelines-pro-type-union-access)
   input.mi.mouseData = static_cast<DWORD>(-WHEEL_DELTA);
   input.mi.dwFlags = MOUSEEVENTF_WHEEL;
+  // NOLINTEND(cppcoreguidelines-pro-type-union-access)
   EXPECT_EQ(1U, SendInput(1, &input, sizeof input));
 }
 
@@ -70,7 +73,8 @@ void pick(Tzu_vcl_selbox& list, int position) {
 bool save_picture(wxWindow& window, std::string const& path) {
   wxWindowDC source(&window);
   wxSize const size = source.GetSize();
-  wxBitmap picture(size);
+  wxBitmap picture;
+  if (!picture.Create(size)) return false;
   wxMemoryDC target(picture);
   if (!target.Blit(wxPoint(), size, &source, wxPoint())) return false;
   target.SelectObject(wxNullBitmap);

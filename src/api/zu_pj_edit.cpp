@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "api/final_call.h"
 #include "basic/module.h"
 #include "pj_edit/vcl_pj_edit_form.h"
 #include "vcl/application.h"
@@ -14,9 +15,9 @@ namespace {
 // NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables)
 std::string execute_result;
 std::string edit_result;
+// Of the wide call, for exceptions that end no scope.
+void* kept_handle = nullptr;
 // NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables)
-
-using wide_execute = void*(zu_pj_edit_window, void*, void*);
 
 char const* zu_vcl_pj_edit(char const* definition, unsigned char* changed) {
   zu::vcl::Tzu_look_scope const look;
@@ -42,9 +43,12 @@ char const* zu_proj4_form_execute(zu_pj_edit_window owner, char const* definitio
 }
 
 void* zu_proj4_form_execute_w(zu_pj_edit_window owner, void* first, void* second) {
+  kept_handle = Tzu_application::instance().get_handle();
   Tzu_handle_scope const scope(owner);
-  auto* const execute = zu::module::find_loaded_as<wide_execute>("zuk_scene2d_editor_bdl",
-                                                                 "zu_proj4_form_execute_w__impl");
+  auto* const execute = zu::module::find_loaded_as<zu::wide_function>(
+      "zuk_scene2d_editor_bdl", "zu_proj4_form_execute_w__impl");
+  if (execute == nullptr) return nullptr;
   // The window is the application's by now, so the module is given none.
-  return execute == nullptr ? nullptr : execute(nullptr, first, second);
+  return zu::final_call(execute, nullptr, first, second,
+                        [] { Tzu_application::instance().set_handle(kept_handle); });
 }

@@ -143,6 +143,6 @@ void thousand_calls_leave_nothing_behind(void) {
   CHECK(last.user < first.user + 9);
   CHECK(last.windows <= first.windows);
   /* Less than a few dozen bytes a call, and than two kilobytes. */
-  CHECK(last.heaps < first.heaps + 32 * 1024);
-  CHECK(last.memory < first.memory + 2000 * 1024);
+  CHECK(last.heaps < first.heaps + 32ULL * 1024);
+  CHECK(last.memory < first.memory + 2000ULL * 1024);
 }

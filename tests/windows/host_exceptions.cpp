@@ -2,6 +2,7 @@
 // library.
 #include <windows.h>
 
+#include <array>
 #include <cstdio>
 #include <stdexcept>
 #include <string>
@@ -10,9 +11,9 @@
 #include "host_support.h"
 
 int main() {
-  wchar_t path[MAX_PATH];
-  library_path(path, MAX_PATH, L"editor_module\\zuk_scene2d_editor_bdl.dll");
-  CHECK(LoadLibraryW(path) != nullptr);
+  std::array<wchar_t, MAX_PATH> path{};
+  library_path(path.data(), MAX_PATH, L"editor_module\\zuk_scene2d_editor_bdl.dll");
+  CHECK(LoadLibraryW(path.data()) != nullptr);
   HWND const host = open_host();
   for (int i = 0; i < 3; ++i) {
     std::string caught;

@@ -24,7 +24,7 @@ static editor_record const* record_of(HMODULE module) {
   editor_record_function const function =
       (editor_record_function)(void (*)(void))GetProcAddress(module, "editor_module_record");
   CHECK(function != NULL);
-  return function();
+  return function == NULL ? NULL : function();
 }
 
 void forward_without_the_module_gives_null(void) {

@@ -17,6 +17,7 @@ DWORD take_code(void) { return code; }
 /* GCC has no __try. In its words this is
      __try { body(context); } __except (keep_code(...)) { return take_code(); }
      return 0; */
+/* NOLINTNEXTLINE(hicpp-no-assembler) */
 __asm__(
     "\t.text\n"
     "\t.globl call_guarded\n"

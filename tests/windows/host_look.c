@@ -82,7 +82,7 @@ void form_has_the_size_of_the_resolution(void) {
   host = open_host();
   /* Whoever starts this says which resolution it has set. */
   char const* const expected = getenv("ZU_TEST_DPI");
-  if (expected != NULL) CHECK_NUMBER(GetDpiForWindow(host), atoi(expected));
+  if (expected != NULL) CHECK_NUMBER(GetDpiForWindow(host), strtol(expected, NULL, 10));
   (void)run_form(host, MOSCOW_TM("37.5"), script_measure);
 }
 

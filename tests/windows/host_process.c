@@ -71,7 +71,7 @@ void library_serves_two_hosts_at_once(void) {
     (void)snprintf(name, sizeof name, "zu_host_%lu_%d", GetCurrentProcessId(), i);
     open[i] = named_event(name, "open");
     go[i] = named_event(name, "go");
-    (void)swprintf(command, 2 * MAX_PATH, L"\"%ls\" --hold %hs", program, name);
+    (void)swprintf(command, sizeof command / sizeof *command, L"\"%ls\" --hold %hs", program, name);
     STARTUPINFOW start = {.cb = sizeof start};
     PROCESS_INFORMATION process = {0};
     CHECK(CreateProcessW(program, command, NULL, NULL, TRUE, 0, NULL, NULL, &start, &process));

@@ -15,7 +15,7 @@ void test_check(int good, char const* file, int line, char const* format, ...) {
   if (good) return;
   InterlockedIncrement(&failures);
   char text[4096];
-  va_list arguments;
+  va_list arguments; /* NOLINT(cppcoreguidelines-init-variables): va_start does it */
   va_start(arguments, format);
   (void)vsnprintf(text, sizeof text, format, arguments);
   va_end(arguments);

@@ -3,6 +3,9 @@
 #ifndef ZU_HOST_SUPPORT_H
 #define ZU_HOST_SUPPORT_H
 
+/* C reads it, too. */
+/* NOLINTBEGIN(modernize-use-using,modernize-redundant-void-arg,cppcoreguidelines-macro-usage) */
+
 #include <windows.h>
 
 #include "zu_pj_edit/zu_pj_edit.h"
@@ -106,5 +109,7 @@ void script_cancel(HWND form);
 #ifdef __cplusplus
 }
 #endif
+
+/* NOLINTEND(modernize-use-using,modernize-redundant-void-arg,cppcoreguidelines-macro-usage) */
 
 #endif

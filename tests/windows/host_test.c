@@ -43,7 +43,7 @@ static int run_apart(test_case const* which) {
   wchar_t program[MAX_PATH];
   wchar_t command[2 * MAX_PATH];
   GetModuleFileNameW(NULL, program, MAX_PATH);
-  (void)swprintf(command, 2 * MAX_PATH, L"\"%ls\" %hs", program, which->name);
+  (void)swprintf(command, sizeof command / sizeof *command, L"\"%ls\" %hs", program, which->name);
   STARTUPINFOW start = {.cb = sizeof start};
   PROCESS_INFORMATION process;
   DWORD status = 1;

@@ -20,7 +20,7 @@ template <class Export>
 std::string text_of(Tsystem const& system, Export export_text) {
   char* text = nullptr;
   EXPECT_EQ(OGRERR_NONE, export_text(system.get(), &text));
-  std::string const result = text == nullptr ? "" : text;
+  std::string result = text == nullptr ? "" : text;
   VSIFree(text);
   return result;
 }
