@@ -101,10 +101,11 @@ bool save_picture(wxWindow& window, std::string const& path) {
 
 class Tforeign_window::Timpl {
  public:
-  explicit Timpl(wxRect const& place) : display_(XOpenDisplay(nullptr)) {
-    window_ = XCreateSimpleWindow(display_, DefaultRootWindow(display_), place.x, place.y,
-                                  static_cast<unsigned>(place.width),
-                                  static_cast<unsigned>(place.height), 0, 0, 0);
+  explicit Timpl(wxRect const& place)
+      : display_(XOpenDisplay(nullptr)),
+        window_(XCreateSimpleWindow(display_, DefaultRootWindow(display_), place.x, place.y,
+                                    static_cast<unsigned>(place.width),
+                                    static_cast<unsigned>(place.height), 0, 0, 0)) {
     XMapWindow(display_, window_);
     XSync(display_, False);
   }
@@ -119,7 +120,7 @@ class Tforeign_window::Timpl {
 
  private:
   Display* display_;
-  Window window_ = None;
+  Window window_;
 };
 
 Tforeign_window::Tforeign_window(wxRect const& place) : impl_(std::make_unique<Timpl>(place)) {}

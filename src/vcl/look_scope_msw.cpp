@@ -4,7 +4,7 @@
 
 #include "vcl/look_scope.h"
 
-namespace zu::vcl {
+namespace zu::vcl::platform {
 namespace {
 
 struct Trelease {
@@ -32,14 +32,15 @@ Tcontext make_context() {
 }  // namespace
 
 // Without the context the controls look dated and work all the same.
-Tzu_look_scope::Tzu_look_scope() {
+std::uintptr_t enter_current_look() {
   static Tcontext const context = make_context();
   ULONG_PTR cookie = 0;
-  if (context && ActivateActCtx(context.get(), &cookie) != 0) cookie_ = cookie;
+  bool const active = context && ActivateActCtx(context.get(), &cookie) != 0;
+  return active ? cookie : 0;
 }
 
-Tzu_look_scope::~Tzu_look_scope() {
-  if (cookie_ != 0) DeactivateActCtx(0, cookie_);
+void leave_current_look(std::uintptr_t cookie) {
+  if (cookie != 0) DeactivateActCtx(0, cookie);
 }
 
-}  // namespace zu::vcl
+}  // namespace zu::vcl::platform
