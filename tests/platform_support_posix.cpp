@@ -95,4 +95,6 @@ outcome run(command const& wanted) {
   return result;
 }
 
+std::string system_program(std::string_view name) { return "/usr/bin/" + std::string(name); }
+
 }  // namespace core_test

@@ -190,24 +190,6 @@ TEST(Ini, writes_sections_and_keys) {
   EXPECT_FALSE(ini.save_to_file(folder.wide(L"no/folder.ini")));
 }
 
-TEST(File, names) {
-  struct Tcase {
-    wchar_t const* name;
-    wchar_t const* replaced;
-    wchar_t const* folder;
-  };
-  std::vector<Tcase> const cases{{L"/a.b/c.txt", L"/a.b/c.prj", L"/a.b/"},
-                                 {L"/a.b/c", L"/a.b/c.prj", L"/a.b/"},
-                                 {L"c.pj4.bak", L"c.pj4.prj", L""},
-                                 {L"/c.", L"/c.prj", L"/"},
-                                 {L"", L".prj", L""},
-                                 {L"/a/", L"/a/.prj", L"/a/"}};
-  for (auto const& c : cases) {
-    EXPECT_EQ(zu::file::replace_extension(c.name, L".prj"), c.replaced) << c.name;
-    EXPECT_EQ(zu::file::folder_of(c.name), c.folder) << c.name;
-  }
-}
-
 TEST(File, content_survives_whole) {
   Ttemp_folder const folder;
   std::string big(70000, 'x');

@@ -1,9 +1,7 @@
 // Files where names are wide, and where a program can keep others from a file.
 
 #include <gtest/gtest.h>
-#include <windows.h>
 
-#include <functional>
 #include <vector>
 
 #include "basic/file.h"
@@ -13,43 +11,13 @@
 namespace {
 
 using core_test::get_file;
+using core_test::pauses_of;
 using core_test::put_file;
 using core_test::Tfile_holder;
 using core_test::Ttemp_folder;
 
-// The pauses that were made, in milliseconds, and what happens in each.
-struct pause_watch {
-  std::vector<DWORD> made;
-  std::function<void()> in_pause;
-};
-
-pause_watch*& watch() {
-  static pause_watch* instance = nullptr;
-  return instance;
-}
-
-void WINAPI watched_sleep(DWORD milliseconds) {
-  if (watch() == nullptr) {
-    SleepEx(milliseconds, FALSE);
-    return;
-  }
-  watch()->made.push_back(milliseconds);
-  if (watch()->in_pause) watch()->in_pause();
-}
-
-// Runs `act`; its pauses take no time.
-std::vector<DWORD> pauses_of(std::function<void()> const& act,
-                             std::function<void(std::size_t)> const& in_pause = {}) {
-  pause_watch watching;
-  if (in_pause) watching.in_pause = [&] { in_pause(watching.made.size()); };
-  watch() = &watching;
-  act();
-  watch() = nullptr;
-  return watching.made;
-}
-
 // 20 attempts in all.
-std::vector<DWORD> const all_pauses(19, 1);
+std::vector<unsigned> const all_pauses(19, 1);
 
 TEST(Held_file_win32, is_given_up_after_20_attempts) {
   Ttemp_folder const folder;
@@ -62,7 +30,7 @@ TEST(Held_file_win32, is_given_up_after_20_attempts) {
               all_pauses);
     holder.let_go();
     EXPECT_EQ(pauses_of([&] { EXPECT_EQ(zu::file::read_whole(folder.wide(L"f")), "held"); }),
-              std::vector<DWORD>());
+              std::vector<unsigned>());
   }
   // Who reads and lets others read is in the way of writing alone.
   Tfile_holder holder(folder.file("f"), Tfile_holder::reading);
@@ -77,7 +45,7 @@ TEST(Held_file_win32, is_taken_when_it_is_let_go_before_the_last_attempt) {
   Ttemp_folder const folder;
   for (std::size_t const at : {1U, 7U, 19U}) {
     put_file(folder.file("f"), "held");
-    std::vector<DWORD> const expected(at, 1);
+    std::vector<unsigned> const expected(at, 1);
     auto const pauses = [&](std::function<void()> const& act) {
       Tfile_holder holder(folder.file("f"), Tfile_holder::alone);
       return pauses_of(act, [&](std::size_t number) {
@@ -100,7 +68,7 @@ TEST(Held_file_win32, other_errors_are_final) {
               EXPECT_FALSE(zu::file::write_whole(folder.wide(L"no/f"), "x"));
               EXPECT_FALSE(zu::file::write_whole(folder.wide(L"a<b"), "x"));
             }),
-            std::vector<DWORD>());
+            std::vector<unsigned>());
   EXPECT_EQ(folder.count(), 0U);
 }
 
@@ -121,15 +89,4 @@ TEST(File_win32, name_may_have_letters_of_any_script) {
   }
 }
 
-TEST(File_win32, names_have_the_separators_of_windows) {
-  EXPECT_EQ(zu::file::folder_of(LR"(C:\suite.d\bin\suite.exe)"), LR"(C:\suite.d\bin\)");
-  EXPECT_EQ(zu::file::folder_of(L"C:suite.exe"), L"C:");
-  EXPECT_EQ(zu::file::replace_extension(LR"(C:\a.b\c)", L".prj"), LR"(C:\a.b\c.prj)");
-}
-
 }  // namespace
-
-// Stands for the system's function in this program.
-// NOLINTNEXTLINE(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the linker's name
-extern "C" decltype(&Sleep) __imp_Sleep;
-decltype(&Sleep) __imp_Sleep = &watched_sleep;

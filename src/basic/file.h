@@ -2,6 +2,7 @@
 // and positions a file.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <memory>
@@ -28,26 +29,23 @@ bool seek(std::FILE* handle, std::uint64_t offset) noexcept;
 // Size of the open file in bytes; 0 when it cannot be told.
 std::uint64_t size(std::FILE* handle) noexcept;
 
-// The whole content, or empty on any failure. A file that another process
-// holds is tried 20 times, a millisecond apart, where the system knows such
-// holding.
-std::optional<std::string> read_whole(std::wstring_view name);
+// Text ends at the first zero byte.
+enum class content_kind { bytes, text };
+
+// What is read as a whole is a definition or a table's source; a file beyond
+// this size, in bytes, is something else and must not fill the memory.
+inline constexpr std::size_t size_limit = std::size_t{32} << 20U;
+
+// The whole content, or empty on any failure and beyond the limit. A file that
+// another process holds is tried 20 times, a millisecond apart, where the system
+// knows such holding.
+std::optional<std::string> read_whole(std::wstring_view name,
+                                      content_kind kind = content_kind::bytes);
 
 // Replaces the content, with the same retry. False when the file cannot be
 // opened or not all of it could be written.
 bool write_whole(std::wstring_view name, std::string_view content);
 
 bool exists(std::wstring_view name);
-
-// Whether the character separates folders in a path of this platform.
-bool is_separator(wchar_t c) noexcept;
-
-// `name` with the extension of its last component, if any, replaced by
-// `extension` (given with its point).
-std::wstring replace_extension(std::wstring_view name, std::wstring_view extension);
-
-// The leading part of `path` up to and with its last separator; empty when it
-// has none.
-std::wstring_view folder_of(std::wstring_view path) noexcept;
 
 }  // namespace zu::file

@@ -1,17 +1,11 @@
 #include <sys/stat.h>
 
-#include "basic/code_page.h"
 #include "basic/file.h"
+#include "basic/file_content.h"
+#include "basic/path.h"
 
 namespace zu::file {
 namespace {
-
-// The name in the system's encoding; empty when it cannot be spelled there.
-std::string name_bytes(std::wstring_view name) {
-  std::string bytes = code_page::to_multi_byte(code_page::system, name);
-  if (code_page::to_wide(code_page::system, bytes) != name) bytes.clear();
-  return bytes;
-}
 
 bool is_folder(std::FILE* handle) noexcept {
   struct stat info {};
@@ -21,9 +15,7 @@ bool is_folder(std::FILE* handle) noexcept {
 }  // namespace
 
 stream open(std::wstring_view name, std::string_view mode) {
-  std::string const bytes = name_bytes(name);
-  if (bytes.empty()) return nullptr;
-  stream result(std::fopen(bytes.c_str(), std::string(mode).append("e").c_str()));
+  stream result(std::fopen(path::to_native(name).c_str(), std::string(mode).append("e").c_str()));
   if (result && is_folder(result.get())) result.reset();
   return result;
 }
@@ -38,18 +30,15 @@ std::uint64_t size(std::FILE* handle) noexcept {
   return static_cast<std::uint64_t>(info.st_size);
 }
 
-std::optional<std::string> read_whole(std::wstring_view name) {
+std::optional<std::string> read_whole(std::wstring_view name, content_kind kind) {
   stream const file = open(name, "rb");
   if (!file) return std::nullopt;
-  std::string content;
-  std::string block(65536, '\0');
-  for (;;) {
+  auto const read = [&file](std::span<char> block) -> std::optional<std::size_t> {
     std::size_t const got = std::fread(block.data(), 1, block.size(), file.get());
-    content.append(block, 0, got);
-    if (got < block.size()) break;
-  }
-  if (std::ferror(file.get()) != 0) return std::nullopt;
-  return content;
+    if (got < block.size() && std::ferror(file.get()) != 0) return std::nullopt;
+    return got;
+  };
+  return collect(read, kind);
 }
 
 bool write_whole(std::wstring_view name, std::string_view content) {
@@ -61,11 +50,8 @@ bool write_whole(std::wstring_view name, std::string_view content) {
 }
 
 bool exists(std::wstring_view name) {
-  std::string const bytes = name_bytes(name);
   struct stat info {};
-  return !bytes.empty() && stat(bytes.c_str(), &info) == 0;
+  return stat(path::to_native(name).c_str(), &info) == 0;
 }
-
-bool is_separator(wchar_t c) noexcept { return c == L'/'; }
 
 }  // namespace zu::file

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "basic/file.h"
+#include "basic/file_content.h"
 
 namespace zu::file {
 namespace {
@@ -43,18 +44,16 @@ std::uint64_t size(std::FILE* handle) noexcept {
   return length < 0 ? 0 : static_cast<std::uint64_t>(length);
 }
 
-std::optional<std::string> read_whole(std::wstring_view name) {
+std::optional<std::string> read_whole(std::wstring_view name, content_kind kind) {
   handle_ptr const file = open_handle(std::wstring(name), GENERIC_READ, OPEN_EXISTING);
   if (!file) return std::nullopt;
-  std::string content;
-  std::string block(65536, '\0');
-  for (;;) {
+  auto const read = [&file](std::span<char> block) -> std::optional<std::size_t> {
     DWORD got = 0;
     if (ReadFile(file.get(), block.data(), static_cast<DWORD>(block.size()), &got, nullptr) == 0)
       return std::nullopt;
-    if (got == 0) return content;
-    content.append(block, 0, got);
-  }
+    return got;
+  };
+  return collect(read, kind);
 }
 
 bool write_whole(std::wstring_view name, std::string_view content) {
@@ -74,7 +73,5 @@ bool write_whole(std::wstring_view name, std::string_view content) {
 bool exists(std::wstring_view name) {
   return GetFileAttributesW(std::wstring(name).c_str()) != INVALID_FILE_ATTRIBUTES;
 }
-
-bool is_separator(wchar_t c) noexcept { return c == L'/' || c == L'\\' || c == L':'; }
 
 }  // namespace zu::file

@@ -8,7 +8,7 @@
 using zu::str::equal_no_case;
 
 bool Tzu_ini::load_from_file(std::wstring_view name) {
-  auto const content = zu::file::read_whole(name);
+  auto const content = zu::file::read_whole(name, zu::file::content_kind::text);
   if (!content) return false;
   load_from_text(*content);
   return true;
@@ -24,8 +24,7 @@ void Tzu_ini::load_from_text(std::string_view text) {
     if (line.front() == '[') {
       sections_.push_back({std::string(zu::str::trim(line.substr(1, line.find(']') - 1))), {}});
     } else if (!sections_.empty() && line.find('=') != std::string_view::npos) {
-      auto const [key, value] = zu::str::divide_str(line, '=');
-      sections_.back().entries.push_back({std::string(key), std::string(value)});
+      sections_.back().entries.push_back(Tzu_prp_val::parse(line));
     }
   }
 }
@@ -34,8 +33,7 @@ bool Tzu_ini::save_to_file(std::wstring_view name) const {
   std::string content;
   for (section const& part : sections_) {
     content.append("[").append(part.name).append("]\n\n");
-    for (entry const& item : part.entries)
-      content.append(item.key).append("=").append(item.value).append("\n");
+    for (Tzu_prp_val const& item : part.entries) content.append(item.get_text()).append("\n");
   }
   return zu::file::write_whole(name, content);
 }
@@ -44,8 +42,8 @@ std::string Tzu_ini::get_as_str(std::string_view section_name, std::string_view 
                                 std::string_view default_value) const {
   for (section const& part : sections_) {
     if (!equal_no_case(part.name, section_name)) continue;
-    for (entry const& item : part.entries)
-      if (equal_no_case(item.key, key)) return item.value;
+    for (Tzu_prp_val const& item : part.entries)
+      if (equal_no_case(item.get_name(), key)) return item.get_as_str();
   }
   return std::string(default_value);
 }
@@ -60,9 +58,9 @@ void Tzu_ini::set_as_str(std::string_view section_name, std::string_view key,
                          std::string_view value) {
   section& part = add_section(section_name);
   auto const found = std::ranges::find_if(
-      part.entries, [key](entry const& item) { return equal_no_case(item.key, key); });
+      part.entries, [key](Tzu_prp_val const& item) { return equal_no_case(item.get_name(), key); });
   if (found != part.entries.end())
-    found->value = value;
+    found->set_as_str(value);
   else
-    part.entries.push_back({std::string(key), std::string(value)});
+    part.entries.emplace_back(key, value);
 }

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "basic/prp_val.h"
+
 // Section and key names are compared without regard to case; the first of equal
 // ones counts. Text before the first section and lines without "=" are passed
 // over, and so are lines that begin with ";" or "#".
@@ -28,13 +30,9 @@ class Tzu_ini {
   void set_as_str(std::string_view section, std::string_view key, std::string_view value);
 
  private:
-  struct entry {
-    std::string key;
-    std::string value;
-  };
   struct section {
     std::string name;
-    std::vector<entry> entries;
+    std::vector<Tzu_prp_val> entries;
   };
   section& add_section(std::string_view name);
 

@@ -1,11 +1,17 @@
-// Functions of modules that the host has loaded into this process.
+// The modules of this process: the one that holds this library, and functions of
+// those that the host has loaded.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace zu::module {
 
 using function = void (*)();
+
+// Path of the module that this library is in; the running program's when it is
+// linked in there. Empty when it cannot be told.
+std::wstring own_path();
 
 // Address of `symbol` in the loaded module `stem` ("zuk_basic" stands for
 // "zuk_basic.dll" on Windows, "zuk_basic.so" or "libzuk_basic.so" elsewhere).

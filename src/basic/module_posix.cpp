@@ -1,20 +1,42 @@
 #include <dlfcn.h>
 #include <link.h>
 
+#include <filesystem>
+#include <functional>
+#include <map>
 #include <string>
+#include <system_error>
 
+#include "basic/code_page.h"
 #include "basic/module.h"
 
 namespace zu::module {
 namespace {
 
+// Where modules were found, by stem; empty for one that is not loaded. Good for
+// as long as nothing is loaded and unloaded: a process may have hundreds of
+// modules, and each text that goes to a host asks for one.
+struct memory {
+  unsigned long long loads = 0;
+  unsigned long long unloads = 0;
+  std::map<std::string, std::string, std::less<>> paths;
+};
+
 struct search {
   std::string_view stem;
   std::string path;
+  memory* remembered;
 };
 
 int visit(dl_phdr_info* info, std::size_t /*size*/, void* context) {
   auto& wanted = *static_cast<search*>(context);
+  memory& known = *wanted.remembered;
+  if (known.loads != info->dlpi_adds || known.unloads != info->dlpi_subs)
+    known = {info->dlpi_adds, info->dlpi_subs, {}};
+  if (auto const found = known.paths.find(wanted.stem); found != known.paths.end()) {
+    wanted.path = found->second;
+    return 1;
+  }
   std::string_view name = info->dlpi_name;
   name.remove_prefix(name.rfind('/') + 1);
   if (name.starts_with("lib") && !wanted.stem.starts_with("lib")) name.remove_prefix(3);
@@ -26,11 +48,24 @@ int visit(dl_phdr_info* info, std::size_t /*size*/, void* context) {
 
 }  // namespace
 
+std::wstring own_path() {
+  Dl_info info{};
+  if (dladdr(reinterpret_cast<void const*>(&own_path), &info) == 0) return {};
+  // A program found by the shell has only the name that it was called by.
+  if (std::string_view(info.dli_fname).find('/') == std::string_view::npos) return {};
+  std::error_code ignored;
+  auto const path = std::filesystem::absolute(info.dli_fname, ignored);
+  return code_page::to_wide(code_page::system, path.native());
+}
+
 function find_loaded(std::string_view stem, char const* symbol) {
   // Hosts load their modules by path and often without a soname, so the loaded
   // objects are looked through by file name.
-  search wanted{stem, {}};
-  if (dl_iterate_phdr(visit, &wanted) == 0) return nullptr;
+  static thread_local memory remembered;
+  search wanted{stem, {}, &remembered};
+  dl_iterate_phdr(visit, &wanted);
+  remembered.paths.try_emplace(std::string(stem), wanted.path);
+  if (wanted.path.empty()) return nullptr;
   void* const handle = dlopen(wanted.path.c_str(), RTLD_LAZY | RTLD_NOLOAD);
   if (handle == nullptr) return nullptr;
   void* const address = dlsym(handle, symbol);

@@ -6,6 +6,17 @@
 
 namespace zu::module {
 
+std::wstring own_path() {
+  HMODULE module = nullptr;
+  GetModuleHandleExW(
+      GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+      reinterpret_cast<LPCWSTR>(&own_path), &module);
+  std::wstring path(32768, L'\0');
+  DWORD const length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
+  path.resize(length < path.size() ? length : 0);
+  return path;
+}
+
 function find_loaded(std::string_view stem, char const* symbol) {
   std::wstring const name = std::wstring(stem.begin(), stem.end()) + L".dll";
   HMODULE const handle = GetModuleHandleW(name.c_str());

@@ -4,8 +4,8 @@
 #include <optional>
 #include <vector>
 
-#include "basic/file.h"
 #include "basic/number.h"
+#include "basic/path.h"
 #include "basic/str.h"
 #include "catalogue/dbf.h"
 #include "suite/zuk_basic.h"
@@ -187,7 +187,7 @@ void read_proj(Trow const& row, Tzu_pj_proj_def& record) {
 std::string Tzu_pj_dbf::get_dll_path() {
   wchar_t const* const module = zu_options_get_main_module_path();
   if (module == nullptr) return {};
-  return zu::strconv::to_system(zu::file::folder_of(module));
+  return zu::strconv::to_system(zu::path::folder_of(module));
 }
 
 void Tzu_pj_dbf::set_catalogue_folder(std::string folder) {

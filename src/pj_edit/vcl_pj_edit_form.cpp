@@ -4,6 +4,7 @@
 #include <wx/msgdlg.h>
 
 #include "basic/file.h"
+#include "basic/path.h"
 #include "interchange/zu_pj4.h"
 #include "pj_edit/panel_tools.h"
 #include "text/strconv.h"
@@ -87,7 +88,7 @@ void Tzu_vcl_pj_edit_form::on_save() {
   int const type = dialog.GetFilterIndex();
   if (type != parameters_file && type != esri_file) return;
   std::wstring const name =
-      zu::file::replace_extension(chosen, type == parameters_file ? L".pj4" : L".prj");
+      zu::path::replace_extension(chosen, type == parameters_file ? L".pj4" : L".prj");
   if (!may_replace(this, chosen, name)) return;
   if (type == parameters_file)
     zu_pj4_save_simple_w(name.c_str(), definition.c_str());

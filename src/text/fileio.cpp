@@ -1,6 +1,5 @@
 #include "text/fileio.h"
 
-#include <algorithm>
 #include <new>
 #include <stdexcept>
 
@@ -10,9 +9,8 @@ namespace zu::fileio {
 
 bool readall(std::wstring_view name, strconv::encodings encoding, std::wstring& text) noexcept try {
   if (!strconv::has_code_page(encoding)) return false;
-  auto content = file::read_whole(name);
+  auto const content = file::read_whole(name, file::content_kind::text);
   if (!content) return false;
-  content->resize(std::min(content->find('\0'), content->size()));
   text = strconv::decode(encoding, *content);
   return true;
 } catch (std::bad_alloc const&) {

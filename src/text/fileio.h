@@ -9,8 +9,9 @@
 namespace zu::fileio {
 
 // Reads a file as text. The text ends at the first zero byte or at the end of
-// the file; a byte-order mark is text like any other. On failure the result is
-// false and `text` is unchanged. Throws nothing.
+// the file; a byte-order mark is text like any other. On failure, a text beyond
+// file::size_limit included, the result is false and `text` is unchanged. Throws
+// nothing.
 bool readall(std::wstring_view name, strconv::encodings encoding, std::wstring& text) noexcept;
 
 // Replaces a file by the text, without a byte-order mark. False when the file
