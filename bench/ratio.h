@@ -7,6 +7,7 @@
 #include <initializer_list>
 #include <map>
 #include <string>
+#include <vector>
 
 namespace bench {
 
@@ -36,27 +37,41 @@ class Treporter : public benchmark::ConsoleReporter {
   bool failed_ = false;
 };
 
-struct yardstick {
+struct comparison {
   char const* name;
+  char const* yardstick;
   char const* goal;
 };
 
-// Runs all and prints, last, how often `name` takes the time of each yardstick.
-inline int run(int argc, char** argv, char const* name,
-               std::initializer_list<yardstick> yardsticks) {
+// Runs all and prints, last, how often each `name` takes the time of its yardstick.
+inline int run(int argc, char** argv, std::vector<comparison> const& comparisons) {
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
   Treporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   benchmark::Shutdown();
   if (reporter.has_failed()) return 1;
-  double const own = reporter.median(name);
-  for (yardstick const& other : yardsticks) {
-    double const theirs = reporter.median(other.name);
+  for (comparison const& pair : comparisons) {
+    double const own = reporter.median(pair.name);
+    double const theirs = reporter.median(pair.yardstick);
     if (own > 0 && theirs > 0)
-      std::printf("ratio to %s: %.3g (goal: %s)\n", other.name, own / theirs, other.goal);
+      std::printf("ratio of %s to %s: %.3g (goal: %s)\n", pair.name, pair.yardstick, own / theirs,
+                  pair.goal);
   }
   return 0;
+}
+
+struct yardstick {
+  char const* name;
+  char const* goal;
+};
+
+// The same for one name and several yardsticks.
+inline int run(int argc, char** argv, char const* name,
+               std::initializer_list<yardstick> yardsticks) {
+  std::vector<comparison> comparisons;
+  for (yardstick const& other : yardsticks) comparisons.push_back({name, other.name, other.goal});
+  return run(argc, argv, comparisons);
 }
 
 }  // namespace bench

@@ -81,7 +81,7 @@ TEST_F(Cli, TakesFileNamesInLettersOfAnyScript) {
     fs::remove(core_test::shell_path(file));
     auto const result = run({"load", file});
     EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(result.err, "zu_pj4: no such file: " + file + "\n");
+    EXPECT_EQ(result.err, "Error: " + file + ": no such file\n");
   }
 }
 
@@ -119,7 +119,13 @@ TEST_F(Cli, TellsErrorsInOneLine) {
       {"load", path("text.pj4")},
       {"load", path("folder")},
       {"load", path("a.prj")},
-      {"save", local_system, path("a.PRJ")},
+      {"save", "+proj=nonsense", path("a.PRJ")},
+      {"from-esri"},
+      {"from-esri", path("text.pj4")},
+      {"convert", path("text.pj4")},
+      {"convert", path("text.pj4"), "--to", "txt"},
+      {"known"},
+      {"known", "--list", "name"},
       {"save", local_system, path("missing/a.pj4")},
       {"save", local_system, path("folder")},
       {"--catalogue", path("missing"), "catalogue", "usual"},
@@ -131,7 +137,7 @@ TEST_F(Cli, TellsErrorsInOneLine) {
     auto const result = run(command);
     EXPECT_EQ(result.status, 2) << told;
     EXPECT_EQ(result.out, "") << told;
-    EXPECT_TRUE(result.err.starts_with("zu_pj4: ") && result.err.size() > 12) << told << result.err;
+    EXPECT_TRUE(result.err.starts_with("Error: ") && result.err.size() > 12) << told << result.err;
     EXPECT_EQ(result.err.find('\n'), result.err.size() - 1) << told << result.err;
   }
 }
@@ -146,6 +152,9 @@ TEST_F(Cli, NoticesThatOutputIsLost) {
   for (auto const& command : std::vector<std::vector<std::string>>{{"normalize", unordered},
                                                                    {"apply", local_system},
                                                                    {"catalogue", "usual"},
+                                                                   {"to-esri", local_system},
+                                                                   {"import", "EPSG:28407"},
+                                                                   {"known", "--list"},
                                                                    {"load", path("a.pj4")}}) {
     auto const result = run_program({ZU_PJ4, command, "", true});
     EXPECT_EQ(result.status, 2) << command.front();

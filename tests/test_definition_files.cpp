@@ -1,29 +1,21 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <string>
 #include <vector>
 
 #include "core_support.h"
+#include "fed_by.h"
 #include "interchange/add_file.h"
 #include "interchange/zu_pj4.h"
-#include "text/string_adapter.h"
 
 namespace {
 
+using core_test::fed_by;
 using core_test::get_file;
 using core_test::put_file;
-using core_test::recorded;
 using core_test::Tsystem_page;
 using core_test::Ttemp_folder;
-
-// What a load feeds; "unfed" when nothing.
-template <class Load>
-std::wstring fed_by(Load load) {
-  std::wstring text = L"unfed";
-  Tzu_std_wstring_adapter target(&text);
-  zu::string_adp const adapter(target);
-  load(adapter.get());
-  return recorded(text);
-}
 
 std::wstring load_simple(std::wstring const& name) {
   return fed_by([&](Izu_string_adp* adapter) { zu_pj4_load_simple_w(name.c_str(), adapter); });
@@ -49,11 +41,18 @@ TEST(Definition_file, both_forms_load) {
       {"[projection]\npj4=\n", L""},
       {"[projection]\nother=1\n", L""},
       {"[projection]\npj4=+nadgrids=\xD0\x96\n", L"+nadgrids=\u0416"},
-      {"[projection]\npj4=+init=epsg:4326\n", L"unfed"},
+      {"[projection]\npj4=+init=epsg:4326\n", L"+proj=longlat +datum=WGS84 +no_defs"},
+      {"[projection]\npj4=+proj=utm +init= EPSG:28407\t\n",
+       L"+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass +units=m +no_defs"},
+      {"[projection]\npj4=+init=\n", L"unfed"},
       {" \t\v\f\r\n+proj=merc +k=1 \r\n", L"+proj=merc +k=1"},
       {"+proj=merc\n[projection]\npj4=+proj=utm\n", L"+proj=merc\n[projection]\npj4=+proj=utm"},
       {std::string("+proj=merc\0+k=1", 15), L"+proj=merc"},
-      {"+init=epsg:4326 +no_defs", L"unfed"}};
+      {" +init=epsg:2502\r\n",
+       L"+proj=tmerc +lat_0=0 +lon_0=69 +k=1 +x_0=500000 +y_0=0 +ellps=krass "
+       L"+towgs84=25,-141,-78.5,0,0.35,0.736,0 +units=m +no_defs"},
+      {"+init=nobody:4326", L"unfed"},
+      {"+init=/etc/passwd", L"unfed"}};
   for (auto const& c : cases) {
     put_file(folder.file("f.pj4"), c.content);
     EXPECT_EQ(load_simple(folder.wide(L"f.pj4")), c.text) << c.content;
@@ -118,15 +117,99 @@ TEST(Definition_file, saves_nothing_under_another_name) {
   EXPECT_FALSE(Tzu_add_file::save_pj4_ini(folder.wide(L"no/f.pj4"), L"+proj=merc"));
 }
 
-TEST(Definition_file, esri_files_are_refused) {
+// The zone as ESRI's programs write it.
+constexpr char const* zone_7 =
+    R"(PROJCS["Pulkovo_1942_GK_Zone_7",GEOGCS["GCS_Pulkovo_1942",DATUM["D_Pulkovo_1942",)"
+    R"(SPHEROID["Krasovsky_1940",6378245.0,298.3]],PRIMEM["Greenwich",0.0],)"
+    R"(UNIT["Degree",0.0174532925199433]],PROJECTION["Gauss_Kruger"],)"
+    R"(PARAMETER["False_Easting",7500000.0],PARAMETER["False_Northing",0.0],)"
+    R"(PARAMETER["Central_Meridian",39.0],PARAMETER["Scale_Factor",1.0],)"
+    R"(PARAMETER["Latitude_Of_Origin",0.0],UNIT["Meter",1.0],AUTHORITY["EPSG",28407]])";
+constexpr wchar_t const* zone_7_definition =
+    L"+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass "
+    L"+towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 +units=m +no_defs";
+
+std::wstring load_esri(std::wstring const& name) {
+  return fed_by([&](Izu_string_adp* adapter) { zu_pj4_import_esri(name.c_str(), adapter); });
+}
+
+TEST(Definition_file, esri_form_is_written_and_read) {
+  for (auto const& page : core_test::system_pages()) {
+    Ttemp_folder const folder;
+    Tsystem_page const system(page);
+    std::wstring const name = folder.wide(std::wstring(page.letters) + L" 1.prj");
+    std::string const narrow = folder.file(std::string(page.bytes) + " 1.prj");
+    put_file(narrow, std::string(5000, 'x'));
+    EXPECT_TRUE(zu_pj4_export_esri_prj(zone_7_definition, name.c_str()));
+    EXPECT_EQ(get_file(narrow), zone_7);
+    EXPECT_EQ(load_esri(name), zone_7_definition);
+  }
+}
+
+TEST(Definition_file, unusable_esri_files_are_refused_and_failures_write_nothing) {
   Ttemp_folder const folder;
-  put_file(folder.file("f.prj"), "PROJCS[\"x\"]");
-  EXPECT_EQ(fed_by([&](Izu_string_adp* adapter) {
-              EXPECT_FALSE(zu_pj4_import_esri(folder.wide(L"f.prj").c_str(), adapter));
+  std::wstring const name = folder.wide(L"f.prj");
+  std::string const whole = zone_7;
+  struct Tcase {
+    std::string content;
+    wchar_t const* text;
+  };
+  std::vector<Tcase> const cases{{"", L"unfed"},
+                                 {" \n", L"unfed"},
+                                 {"+proj=merc", L"unfed"},
+                                 {whole.substr(0, 200), L"unfed"},
+                                 {"\xEF\xBB\xBF" + whole, L"unfed"},
+                                 {std::string("\0", 1) + whole, L"unfed"},
+                                 {whole + std::string("\0junk", 5), zone_7_definition},
+                                 {whole + "\r\n", zone_7_definition}};
+  for (auto const& c : cases) {
+    put_file(folder.file("f.prj"), c.content);
+    EXPECT_EQ(load_esri(name), c.text) << c.content;
+  }
+  for (wchar_t const* missing : {L"no.prj", L"no/f.prj", L""})
+    EXPECT_EQ(load_esri(folder.wide(missing)), L"unfed");
+
+  put_file(folder.file("f.prj"), "kept");
+  for (wchar_t const* definition : {L"", L"+proj=nonsense", L"text", L"+init=/etc/passwd:x"}) {
+    EXPECT_FALSE(zu_pj4_export_esri_prj(definition, name.c_str()));
+    EXPECT_FALSE(zu_pj4_export_esri_prj(definition, folder.wide(L"new.prj").c_str()));
+  }
+  EXPECT_EQ(get_file(folder.file("f.prj")), "kept");
+  EXPECT_FALSE(zu_pj4_export_esri_prj(zone_7_definition, folder.wide(L"").c_str())) << "a folder";
+  EXPECT_FALSE(zu_pj4_export_esri_prj(zone_7_definition, folder.wide(L"no/f.prj").c_str()));
+  EXPECT_EQ(folder.count(), 1U);
+}
+
+// What is too long for a definition is not read into memory.
+TEST(Definition_file, huge_files_end_at_a_zero_or_are_refused) {
+  Ttemp_folder const folder;
+  std::filesystem::path const file = folder.file("f.prj");
+  std::wstring const name = folder.wide(L"f.prj");
+  constexpr std::uintmax_t gigabyte = 1U << 30U;
+  put_file(file.string(), zone_7);
+  std::filesystem::resize_file(file, gigabyte);
+  EXPECT_EQ(load_esri(name), zone_7_definition);
+  put_file(file.string(), "[projection]\npj4=+proj=merc\n");
+  std::filesystem::resize_file(file, gigabyte);
+  EXPECT_EQ(load_simple(name), L"+proj=merc");
+  put_file(file.string(), zone_7 + std::string(std::size_t{40} << 20U, ' '));
+  EXPECT_EQ(load_esri(name), L"unfed");
+  EXPECT_EQ(load_simple(name), L"unfed");
+}
+
+TEST(Definition_file, missing_arguments_fail) {
+  EXPECT_FALSE(zu_pj4_import_esri(nullptr, nullptr));
+  EXPECT_FALSE(zu_pj4_import_esri_prj(L"x", nullptr));
+  EXPECT_FALSE(zu_pj4_import_crs(L"EPSG:4326", nullptr));
+  EXPECT_FALSE(zu_pj4_export_esri(L"+proj=longlat +datum=WGS84", nullptr));
+  EXPECT_FALSE(zu_pj4_export_esri_prj(L"+proj=longlat +datum=WGS84", nullptr));
+  EXPECT_EQ(fed_by([](Izu_string_adp* adapter) {
+              zu_pj4_import_crs(nullptr, adapter);
+              zu_pj4_import_esri_prj(nullptr, adapter);
+              zu_pj4_export_esri(nullptr, adapter);
+              zu_pj4_load_simple_w(nullptr, adapter);
             }),
             L"unfed");
-  EXPECT_FALSE(zu_pj4_export_esri_prj(L"+proj=merc +datum=WGS84", folder.wide(L"f.prj").c_str()));
-  EXPECT_EQ(get_file(folder.file("f.prj")), "PROJCS[\"x\"]");
 }
 
 }  // namespace

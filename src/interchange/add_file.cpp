@@ -3,6 +3,7 @@
 #include "basic/file.h"
 #include "basic/ini.h"
 #include "basic/str.h"
+#include "interchange/proj4_conv.h"
 #include "text/fileio.h"
 #include "text/strconv.h"
 
@@ -11,12 +12,8 @@ namespace {
 constexpr std::string_view section = "projection";
 constexpr std::string_view key = "pj4";
 
-// Feeds a definition. A reference to a system by its code ("+init=") has no
-// definition of its own to hand out.
 bool expand_pj4(std::wstring const& definition, Izu_string_adp* adapter) {
-  if (definition.find(L"+init=") != std::wstring::npos) return false;
-  zu_string_adp_feed(adapter, definition.c_str());
-  return true;
+  return zu::proj4_conv().expand_pj4(definition, adapter);
 }
 
 }  // namespace
@@ -28,7 +25,7 @@ bool Tzu_add_file::load_pj4_simple(std::wstring_view name, Izu_string_adp* adapt
 // INI files are opened by their name in the system's code page.
 bool Tzu_add_file::load_pj4_ini(std::wstring_view name, Izu_string_adp* adapter) {
   if (!zu::strconv::has_system_spelling(name)) return false;
-  auto const content = zu::file::read_whole(name);
+  auto const content = zu::file::read_whole(name, zu::file::content_kind::text);
   if (!content) return false;
   // An INI reader would find nothing in a plain file and call that success.
   if (zu::str::trim(*content, " \t\n\r\v\f").starts_with('+')) return false;

@@ -17,6 +17,15 @@ using libproj::value_of;
 
 constexpr double millimetre = 1e-3;
 
+struct list_closer {
+  void operator()(PROJ_CRS_INFO** list) const noexcept { proj_crs_info_list_destroy(list); }
+};
+struct parameters_closer {
+  void operator()(PROJ_CRS_LIST_PARAMETERS* it) const noexcept {
+    proj_get_crs_list_parameters_destroy(it);
+  }
+};
+
 // Whether the editor's parameters include a key of the projection.
 bool is_carried(std::string_view key) {
   static std::set<std::string_view> const carried{"proj",  "zone", "lon_0", "lonc",   "lat_0",
@@ -30,25 +39,6 @@ std::string number(double value) {
   text.precision(17);
   text << value;
   return text.str();
-}
-
-std::vector<point> points_in(libproj::Tcontext const& context, PJ const* crs) {
-  double west = -180;
-  double south = -80;
-  double east = 180;
-  double north = 80;
-  if (proj_get_area_of_use(context.get(), crs, &west, &south, &east, &north, nullptr) == 0 ||
-      west == -1000) {
-    west = -10;
-    east = 10;
-    south = 30;
-    north = 50;
-  }
-  if (east < west) east += 360;
-  std::vector<point> points;
-  for (auto const [u, v] : {point{0.5, 0.5}, {0.2, 0.3}, {0.8, 0.25}, {0.3, 0.85}, {0.7, 0.7}})
-    points.push_back({west + u * (east - west), south + v * (north - south)});
-  return points;
 }
 
 // One system and what became of it.
@@ -200,21 +190,34 @@ class Tcase {
   std::string on_shape_;
 };
 
-struct list_closer {
-  void operator()(PROJ_CRS_INFO** list) const noexcept { proj_crs_info_list_destroy(list); }
-};
-struct parameters_closer {
-  void operator()(PROJ_CRS_LIST_PARAMETERS* it) const noexcept {
-    proj_get_crs_list_parameters_destroy(it);
-  }
-};
+}  // namespace
 
-std::vector<std::string> codes(libproj::Tcontext const& context) {
+std::vector<point> points_in(libproj::Tcontext const& context, PJ const* crs) {
+  double west = -180;
+  double south = -80;
+  double east = 180;
+  double north = 80;
+  if (proj_get_area_of_use(context.get(), crs, &west, &south, &east, &north, nullptr) == 0 ||
+      west == -1000) {
+    west = -10;
+    east = 10;
+    south = 30;
+    north = 50;
+  }
+  if (east < west) east += 360;
+  std::vector<point> points;
+  for (auto const [u, v] : {point{0.5, 0.5}, {0.2, 0.3}, {0.8, 0.25}, {0.3, 0.85}, {0.7, 0.7}})
+    points.push_back({west + u * (east - west), south + v * (north - south)});
+  return points;
+}
+
+std::vector<std::string> codes(libproj::Tcontext const& context, bool with_3d) {
   std::unique_ptr<PROJ_CRS_LIST_PARAMETERS, parameters_closer> const wanted(
       proj_get_crs_list_parameters_create());
-  std::array<PJ_TYPE, 2> const types{PJ_TYPE_PROJECTED_CRS, PJ_TYPE_GEOGRAPHIC_2D_CRS};
+  std::array<PJ_TYPE, 3> const types{PJ_TYPE_PROJECTED_CRS, PJ_TYPE_GEOGRAPHIC_2D_CRS,
+                                     PJ_TYPE_GEOGRAPHIC_3D_CRS};
   wanted->types = types.data();
-  wanted->typesCount = types.size();
+  wanted->typesCount = with_3d ? types.size() : types.size() - 1;
   wanted->allow_deprecated = 1;
   int count = 0;
   std::unique_ptr<PROJ_CRS_INFO*, list_closer> const list(
@@ -225,12 +228,10 @@ std::vector<std::string> codes(libproj::Tcontext const& context) {
   return found;
 }
 
-}  // namespace
-
 report run(zu::Tzu_pj_editor& editor) {
   libproj::Tcontext const context;
   report survey;
-  for (std::string const& code : codes(context)) {
+  for (std::string const& code : codes(context, false)) {
     ++survey.systems;
     libproj::object const crs(proj_create_from_database(context.get(), "EPSG", code.c_str(),
                                                         PJ_CATEGORY_CRS, 0, nullptr));

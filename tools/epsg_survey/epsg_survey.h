@@ -34,6 +34,11 @@ struct report {
   std::vector<verdict> verdicts;
 };
 
+// The codes of all projected and geographic systems, those withdrawn included.
+std::vector<std::string> codes(libproj::Tcontext const& context, bool with_3d);
+// Five points of a system's area of use, in degrees.
+std::vector<libproj::point> points_in(libproj::Tcontext const& context, PJ const* crs);
+
 report run(zu::Tzu_pj_editor& editor);
 // Counts by outcome and cause, with an example of each.
 std::string table(report const& survey);

@@ -5,33 +5,24 @@
 #include <filesystem>
 #include <functional>
 #include <iostream>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "basic/file.h"
-#include "basic/str.h"
+#include "basic/env.h"
 #include "catalogue/pj_dbf.h"
 #include "catalogue_listing.h"
-#include "interchange/add_file.h"
+#include "conversions.h"
+#include "error.h"
 #include "pj_edit/edit_rules.h"
 #include "proj4/proj4_str.h"
 #include "terminal.h"
 #include "text/rc.h"
-#include "text/string_adapter.h"
 #include "zu_pj_edit/version.h"
 #include "zu_pj_edit/zu_pj_edit.h"
 
 namespace {
 
 constexpr int exit_cancelled = 1;
-constexpr int exit_error = 2;
-
-// Shown in one line on standard error.
-class Terror : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
 
 // Passes each definition, or each line of standard input for "-", through
 // `convert`, which works on the library's texts, and prints one line for each.
@@ -80,42 +71,29 @@ int edit(std::string const& definition) {
   return changed != 0 ? 0 : exit_cancelled;
 }
 
-// ESRI projection files go by their extension.
-void refuse_esri_file(std::string const& name) {
-  std::string_view const view = name;
-  if (view.size() >= 4 && zu::str::equal_no_case(view.substr(view.size() - 4), ".prj"))
-    throw Terror("this version does not convert ESRI projection files: " + name);
-}
-
-void load(std::string const& name) {
-  refuse_esri_file(name);
-  std::wstring definition;
-  Tzu_std_wstring_adapter target(&definition);
-  zu::string_adp const adapter(target);
-  std::wstring const wide = terminal::to_wide(name);
-  if (!zu::file::exists(wide)) throw Terror("no such file: " + name);
-  if (!Tzu_add_file::load_pj4_simple(wide, adapter.get()) || definition.empty())
-    throw Terror("no PROJ.4 definition in " + name);
-  std::cout << terminal::from_wide(definition) << '\n';
-}
-
-void save(std::string const& definition, std::string const& name) {
-  refuse_esri_file(name);
-  // The file is in the system's code page.
-  terminal::to_library(definition);
-  if (!Tzu_add_file::save_pj4_ini(terminal::to_wide(name), terminal::to_wide(definition)))
-    throw Terror("cannot write " + name);
-}
-
 struct options {
   std::string catalogue;
   std::string lang;
   std::vector<std::string> definitions;
   std::string definition;
   std::string file;
+  std::vector<std::string> files;
+  std::string kind;
+  std::string folder;
   std::string list;
   bool json = false;
+  bool all = false;
 };
+
+int known(options const& chosen) {
+  if (chosen.all == !chosen.definition.empty())
+    throw Terror("known takes --list, a definition or a name");
+  if (chosen.all)
+    conversions::list_known(std::cout);
+  else if (!conversions::show_known(std::cout, chosen.definition))
+    throw Terror("no known system: " + chosen.definition);
+  return 0;
+}
 
 // What is wrong with it; empty when nothing.
 std::string check_folder(std::string const& name) {
@@ -133,16 +111,15 @@ void use_options(options const& chosen) {
   Tzu_rc::set_lang(chosen.lang == "ru" ? 1 : 0);
 }
 
-int run_command(std::vector<std::string> arguments) {
+int run_command(std::vector<std::string> arguments, Tzu_env& env) {
   options chosen;
-  CLI::App app{"Reads, edits and writes coordinate-system definitions (PROJ.4 strings)."};
+  CLI::App app{"Reads, edits, converts and writes coordinate-system definitions (PROJ.4 strings)."};
   app.name("zu_pj4");
   app.set_version_flag("--version", "zu_pj4 " ZU_PJ_EDIT_VERSION);
   app.require_subcommand(1);
   app.fallthrough();
-  app.footer(
-      "Example: zu_pj4 normalize \"+units=m +proj=utm +zone=37 +datum=WGS84\"\n"
-      "Exit status: 0 done, 1 cancelled by the user (edit), 2 error.");
+  // A text or file name may begin with a slash on Windows, too.
+  app.allow_windows_style_options(false);
   app.add_option("--catalogue", chosen.catalogue,
                  "folder with the catalogue's tables (default: prj_def beside this program)")
       ->type_name("DIR")
@@ -171,12 +148,49 @@ int run_command(std::vector<std::string> arguments) {
       ->required()
       ->check(CLI::IsMember({"usual", "zonal", "datums", "ellipsoids"}));
   catalogue_command->add_flag("--json", chosen.json, "as a JSON array");
-  auto* const load_command = app.add_subcommand("load", "Print the definition in a .pj4 file");
+  auto* const load_command =
+      app.add_subcommand("load", "Print the definition in a .pj4 or .prj file");
   load_command->add_option("FILE", chosen.file, "the file")->required();
-  auto* const save_command = app.add_subcommand("save", "Write a definition into a .pj4 file");
+  auto* const save_command =
+      app.add_subcommand("save", "Write a definition into a .pj4 or .prj file");
   save_command->add_option("DEF", chosen.definition, "PROJ.4 definition")->required();
   save_command->add_option("FILE", chosen.file, "the file; an existing one is replaced")
       ->required();
+  auto* const to_esri_command =
+      app.add_subcommand("to-esri", "Print definitions as ESRI WKT, a line each");
+  add_definitions(to_esri_command);
+  auto* const from_esri_command =
+      app.add_subcommand("from-esri", "Print the definition of one ESRI WKT text");
+  from_esri_command->add_option("FILE", chosen.file, "the .prj file; - reads standard input")
+      ->required();
+  auto* const import_command = app.add_subcommand(
+      "import", "Print the definitions of coordinate systems given in any notation, a line each");
+  import_command
+      ->add_option("TEXT", chosen.definitions,
+                   "EPSG:28407, a URN, WKT, PROJ.4; - reads one a line from standard input")
+      ->required();
+  auto* const convert_command =
+      app.add_subcommand("convert", "Convert definition files of either kind to one kind");
+  convert_command->add_option("IN", chosen.files, "the .pj4 and .prj files")->required();
+  convert_command->add_option("--to", chosen.kind, "kind of the files to write: pj4 or prj")
+      ->required()
+      ->check(CLI::IsMember({"pj4", "prj"}));
+  convert_command
+      ->add_option("--out-dir", chosen.folder,
+                   "folder to write to, made when missing (default: beside each file); existing "
+                   "files are replaced")
+      ->type_name("DIR");
+  auto* const known_command =
+      app.add_subcommand("known", "Find a system whose ESRI WKT is known beforehand, or list all");
+  known_command->add_flag("--list", chosen.all, "list row, name, whether confirmed, definition");
+  known_command->add_option("DEF|NAME", chosen.definition,
+                            "of a definition print the name, of a name the definition and WKT");
+
+  // Behind the commands, whose own help needs none of it.
+  app.footer(
+      "Example: zu_pj4 normalize \"+units=m +proj=utm +zone=37 +datum=WGS84\"\n"
+      "Exit status: 0 done, 1 cancelled by the user (edit) or not all done (to-esri, import,\n"
+      "convert), 2 error.");
 
   try {
     // The parser takes them from the last to the first.
@@ -195,23 +209,31 @@ int run_command(std::vector<std::string> arguments) {
     need_catalogue();
     print_catalogue(std::cout, chosen.list, chosen.json);
   }
-  if (*load_command) load(chosen.file);
-  if (*save_command) save(chosen.definition, chosen.file);
+  if (*load_command) std::cout << conversions::load(chosen.file) << '\n';
+  if (*save_command) conversions::save(chosen.definition, chosen.file);
+  if (*to_esri_command) return conversions::to_esri(chosen.definitions, env);
+  if (*from_esri_command) std::cout << conversions::from_esri(chosen.file) << '\n';
+  if (*import_command) return conversions::import(chosen.definitions, env);
+  if (*convert_command) return conversions::convert(chosen.files, chosen.kind, chosen.folder, env);
+  if (*known_command) return known(chosen);
   return 0;
 }
 
-int run(int argc, char** argv) {
+int run(int argc, char** argv, Tzu_env& env) {
   terminal::prepare_streams();
-  int const status = run_command(terminal::arguments(argc, argv));
+  int const status = run_command(terminal::arguments(argc, argv), env);
   if (!std::cout.flush()) throw Terror("cannot write to standard output");
   return status;
 }
 
 }  // namespace
 
-int main(int argc, char** argv) try {
-  return run(argc, argv);
-} catch (std::exception const& error) {
-  std::cerr << "zu_pj4: " << error.what() << '\n';
-  return exit_error;
+int main(int argc, char** argv) {
+  Tzu_env_console env;
+  try {
+    return run(argc, argv, env);
+  } catch (std::exception const& error) {
+    env.error(error.what());
+    return exit_error;
+  }
 }

@@ -1,0 +1,80 @@
+#include "interchange/known_system_index.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <vector>
+
+namespace zu {
+namespace {
+
+// Wider than the comparison's own: rounding must not lose a row that is equal.
+constexpr double tolerance = 1e-5;
+
+// The parameters that tell most rows apart. Equal definitions agree in each or
+// have it undefined on both sides; so only rows that agree need the comparison.
+struct key {
+  std::array<double, 5> values;
+
+  explicit key(Tzu_proj4_str& set) {
+    // Farther from any number of a definition than the tolerance.
+    constexpr double undefined = 1e300;
+    auto const value_of = [](auto const& param, double value) {
+      return param.get_def() ? value : undefined;
+    };
+    auto& shift = set.get_towgs84();
+    values = {value_of(set.get_lon_0(), set.get_lon_0().get_dbl()),
+              value_of(set.get_y_0(), set.get_y_0().get_dbl()),
+              value_of(set.get_x_0(), set.get_x_0().get_dbl()),
+              value_of(set.get_lat_0(), set.get_lat_0().get_dbl()),
+              value_of(shift, shift.get_dbl(0))};
+  }
+  double meridian() const noexcept { return values.front(); }
+  bool agrees(key const& other) const noexcept {
+    for (std::size_t i = 0; i < values.size(); ++i)
+      if (std::abs(values[i] - other.values[i]) > tolerance) return false;
+    return true;
+  }
+};
+
+void parse(Tzu_proj4_str& set, char const* definition) {
+  set.set(definition);
+  set.decompose();
+}
+
+struct entry {
+  key where;
+  std::size_t row;
+};
+
+// Confirmed rows from west to east.
+std::vector<entry> make_index() {
+  std::vector<entry> index;
+  for (std::size_t row = 0; row < known_systems.size(); ++row) {
+    if (!known_systems[row].confirmed) continue;
+    Tzu_proj4_str set;
+    parse(set, known_systems[row].proj4);
+    index.push_back({key(set), row});
+  }
+  std::ranges::stable_sort(index, {}, [](entry const& each) { return each.where.meridian(); });
+  return index;
+}
+
+}  // namespace
+
+known_system const* find_known_system(Tzu_proj4_str& definition) {
+  static std::vector<entry> const index = make_index();
+  key const wanted(definition);
+  auto at = std::ranges::lower_bound(index, wanted.meridian() - tolerance, {},
+                                     [](entry const& each) { return each.where.meridian(); });
+  std::size_t first = known_systems.size();
+  for (; at != index.end() && at->where.meridian() <= wanted.meridian() + tolerance; ++at) {
+    if (at->row > first || !at->where.agrees(wanted)) continue;
+    Tzu_proj4_str candidate;
+    parse(candidate, known_systems[at->row].proj4);
+    if (candidate.equal(definition)) first = at->row;
+  }
+  return first < known_systems.size() ? &known_systems[first] : nullptr;
+}
+
+}  // namespace zu

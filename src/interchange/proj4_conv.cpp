@@ -1,0 +1,373 @@
+#include "interchange/proj4_conv.h"
+
+#include <algorithm>
+#include <cmath>
+#include <exception>
+
+#include "basic/str.h"
+#include "interchange/foreign_messages.h"
+#include "interchange/import_guard.h"
+#include "interchange/known_system_index.h"
+#include "proj4/proj4_str_correct.h"
+#include "proj4/proj_library.h"
+#include "text/fileio.h"
+#include "text/strconv.h"
+#include "text/string_adapter.h"
+
+namespace zu {
+namespace {
+
+// What ESRI's programs call these systems, by the numbers that stand for them.
+// Rows 2, 4 and 5 carry their rotations with the opposite sign of what GDAL has
+// for the same systems, so they answer to definitions with just these numbers
+// only; docs/known-limits.md tells what that means.
+constexpr std::array<proj4_conv::mapping_type, proj4_conv::mapping_count> mapping_rows{{
+    {{28, -130, -95, 0, 0, 0, 0},
+     6378245,
+     298.3,
+     "GCS_Pulkovo_1942",
+     "D_Pulkovo_1942",
+     "Krasovsky_1940"},
+    {{33.4, -146.6, -76.3, -0.359, -0.053, 0.844, -0.84},
+     6378245,
+     298.3,
+     "GCS_Pulkovo_1942_Adj_1958",
+     "D_Pulkovo_1942_Adj_1958",
+     "Krasovsky_1940"},
+    {{24, -123, -94, -0.02, 0.25, 0.13, 1.1},
+     6378245,
+     298.3,
+     "GCS_Pulkovo_1942_Adj_1983",
+     "D_Pulkovo_1942_Adj_1983",
+     "Krasovsky_1940"},
+    {{23.57, -140.95, -79.8, 0, 0.35, 0.79, -0.22},
+     6378245,
+     298.3,
+     "GCS_Pulkovo_1942",
+     "D_Pulkovo_1942",
+     "Krasovsky_1940"},
+    {{24.82, -131.21, -82.66, 0, 0, -0.16, -0.12},
+     6378245,
+     298.3,
+     "GCS_Pulkovo_1995",
+     "D_Pulkovo_1995",
+     "Krasovsky_1940"},
+    {{0, 0, 1.5, 0, 0, -0.076, 0},
+     6378136,
+     298.257839,
+     "GCS_PZ_1990",
+     "D_Parametrop_Zemp_1990",
+     "PZ_1990"},
+    {{0.013, -0.092, -0.03, -0.0017, 0.0036, -0.0043, 0.0074},
+     6378136.5,
+     298.2564151,
+     "GCS_RUSSIA_2011",
+     "D_RUSSIA_2011",
+     "S_RUSSIA_2011"},
+}};
+
+// Further published sets of Pulkovo 1942, which stand for the agreed one.
+constexpr std::array<proj4_conv::towgs84, 2> pulkovo_1942_variants{{
+    {23.92, -141.27, -80.9, 0, 0.35, 0.82, -0.12},
+    {25, -141, -78.5, 0, 0.35, 0.736, 0},
+}};
+
+// What the datum is called by GDAL after an import from ESRI WKT.
+constexpr std::string_view pulkovo_1942_name = "Pulkovo_1942";
+constexpr std::array<std::string_view, 3> gsk_2011_names{"D_RUSSIA_2011", "D_GSK-2011",
+                                                         "Geodezicheskaya_Sistema_Koordinat_2011"};
+
+bool is_near(double left, double right) noexcept {
+  constexpr double tolerance = 1e-6;
+  return std::abs(left - right) <= tolerance;
+}
+
+// Runs an operation with the foreign libraries' messages kept, and turns what it
+// throws (no memory, or an adapter of the host's) into a failure.
+template <class Operation>
+bool run(Operation operation) noexcept try {
+  foreign_messages::Tscope const messages;
+  return operation();
+} catch (std::exception const&) {
+  return false;
+} catch (...) {
+  return false;
+}
+
+// GDAL makes PROJ contexts of its own, which are told of the database apart.
+void prepare_libraries() {
+  static bool const done = [] {
+    std::string const& folder = proj_library::shipped_data_folder();
+    std::array<char const*, 2> const paths{folder.c_str(), nullptr};
+    if (!folder.empty()) OSRSetPROJSearchPaths(paths.data());
+    proj_library::prepare_default_context();
+    return true;
+  }();
+  static_cast<void>(done);
+}
+
+bool is_called(Tzu_proj4_param const& param, std::string_view key) {
+  if (str::equal_no_case(param.name(), key)) return true;
+  for (unsigned i = 0; i < param.get_other_names_count(); ++i)
+    if (str::equal_no_case(param.get_other_name(i), key)) return true;
+  return false;
+}
+
+// The pieces of a definition whose keys a parameter set does not hold and whose
+// loss would move its points, such as "+pm=".
+std::string other_keys(Tzu_proj4_str& set, std::string_view definition) {
+  std::string text;
+  definition.remove_prefix(std::min(definition.find('+'), definition.size()));
+  for (std::string_view const piece : str::split(definition, "+")) {
+    std::string_view const key = str::divide_str(piece, '=').name;
+    if (key.empty() || key == "no_defs" || key == "lon_wrap" || key == "type" ||
+        std::ranges::any_of(set.get_list(),
+                            [key](auto const* param) { return is_called(*param, key); }))
+      continue;
+    text.append(" +").append(str::trim(piece));
+  }
+  return text;
+}
+
+// GDAL takes the second parallel that a Lambert conic of one has not for 0.
+std::string prepare_for_gdal(std::string const& definition) {
+  Tzu_proj4_str set;
+  set.set(definition.c_str());
+  set.decompose();
+  auto const& proj = set.get_proj();
+  bool const one_parallel = proj.get_def() && str::trim_stricmp_equal(proj.get_str(), "lcc") &&
+                            !set.get_lat_2().get_def();
+  if (!one_parallel) return definition;
+  return Tzu_proj4_str_correct().patch_proj4_for_gdal(definition.c_str()) +
+         other_keys(set, definition);
+}
+
+// Place of the first quoted text behind the first occurrence of the tag; end is
+// npos when there is none.
+struct quoted_place {
+  std::size_t begin = 0;
+  std::size_t end = std::string_view::npos;
+};
+
+quoted_place find_wkt_tag(std::string_view wkt, std::string_view tag) noexcept {
+  quoted_place place;
+  auto const at = wkt.find(tag);
+  if (at == std::string_view::npos) return place;
+  auto const quote = wkt.find('"', at + tag.size());
+  if (quote == std::string_view::npos) return place;
+  place.begin = quote + 1;
+  place.end = wkt.find('"', place.begin);
+  return place;
+}
+
+}  // namespace
+
+std::span<proj4_conv::mapping_type const, proj4_conv::mapping_count>
+proj4_conv::mapping() noexcept {
+  return mapping_rows;
+}
+
+proj4_conv::proj4_conv() {
+  prepare_libraries();
+  system_.reset(OSRNewSpatialReference(nullptr));
+}
+
+bool proj4_conv::export_esri_pj(std::wstring_view definition, Izu_string_adp* adapter) noexcept {
+  return run([&] {
+    std::string const text = strconv::to_utf8(definition);
+    return lookup_db(text, adapter) || feed_esri(text, adapter);
+  });
+}
+
+bool proj4_conv::feed_esri(std::string const& definition, Izu_string_adp* adapter) const {
+  std::string const prepared = prepare_for_gdal(definition);
+  if (!import_guard::names_no_file_but_shift_grids(prepared)) return false;
+  if (OSRImportFromProj4(system_.get(), prepared.c_str()) != OGRERR_NONE) return false;
+  towgs84 shift{};
+  OSRGetTOWGS84(system_.get(), shift.data(), static_cast<int>(shift.size()));
+  double const a = OSRGetSemiMajor(system_.get(), nullptr);
+  double const rf = OSRGetInvFlattening(system_.get(), nullptr);
+  if (OSRMorphToESRI(system_.get()) != OGRERR_NONE) return false;
+  char* exported = nullptr;
+  OGRErr const status = OSRExportToWkt(system_.get(), &exported);
+  exported_text const wkt(exported);
+  if (status != OGRERR_NONE || !wkt) return false;
+  mapping_type const* const row = map_esri(shift, a, rf);
+  zu_string_adp_feed_c(adapter, row == nullptr ? wkt.get() : remap_wkt(wkt.get(), *row).c_str());
+  return true;
+}
+
+bool proj4_conv::export_esri_file(std::wstring_view definition, std::wstring_view name) noexcept {
+  return run([&] {
+    std::wstring wkt;
+    Tzu_std_wstring_adapter target(&wkt);
+    string_adp const adapter(target);
+    return export_esri_pj(definition, adapter.get()) &&
+           fileio::writeall(name, strconv::encodings::system, wkt);
+  });
+}
+
+bool proj4_conv::lookup_db(std::string_view definition, Izu_string_adp* adapter) noexcept {
+  return run([&] {
+    Tzu_proj4_str set;
+    set.set(std::string(definition).c_str());
+    set.decompose();
+    known_system const* const row = find_known_system(set);
+    if (row == nullptr) return false;
+    zu_string_adp_feed_c(adapter, row->wkt);
+    return true;
+  });
+}
+
+bool proj4_conv::import_esri(std::wstring_view wkt, Izu_string_adp* adapter) noexcept {
+  return run([&] {
+    std::string text = strconv::to_utf8(wkt);
+    fix_gsk_wkt(text);
+    string_list const list(CSLAddString(nullptr, text.c_str()));
+    return import_esri_lst(list.get(), adapter);
+  });
+}
+
+bool proj4_conv::import_esri_pj(std::wstring_view wkt, Izu_string_adp* adapter) noexcept {
+  return import_esri(wkt, adapter);
+}
+
+bool proj4_conv::import_esri_file(std::wstring_view name, Izu_string_adp* adapter) noexcept {
+  return run([&] {
+    std::wstring text;
+    return fileio::readall(name, strconv::encodings::system, text) && import_esri(text, adapter);
+  });
+}
+
+bool proj4_conv::import_esri_lst(char** list, Izu_string_adp* adapter) noexcept {
+  return run([&] {
+    if (OSRImportFromESRI(system_.get(), list) != OGRERR_NONE) return false;
+    fix_towgs84(system_.get());
+    return feed_proj4(adapter);
+  });
+}
+
+bool proj4_conv::feed_proj4(Izu_string_adp* adapter) const {
+  char* exported = nullptr;
+  OGRErr const status = OSRExportToProj4(system_.get(), &exported);
+  exported_text const text(exported);
+  if (status != OGRERR_NONE || !text) return false;
+  zu_string_adp_feed_c(adapter, text.get());
+  return true;
+}
+
+bool proj4_conv::import_crs(std::wstring_view text, Izu_string_adp* adapter) noexcept {
+  return run([&] {
+    std::string const narrow = strconv::to_utf8(text);
+    return import_crs_gdal(narrow, adapter) || import_crs_proj4(narrow, adapter);
+  });
+}
+
+bool proj4_conv::import_crs_gdal(std::string_view text, Izu_string_adp* adapter) noexcept {
+  return run([&] {
+    if (!import_guard::is_definition(text) || !import_guard::names_no_file(text)) return false;
+    return OSRSetFromUserInput(system_.get(), std::string(text).c_str()) == OGRERR_NONE &&
+           feed_proj4(adapter);
+  });
+}
+
+bool proj4_conv::import_crs_proj4(std::string_view text, Izu_string_adp* adapter) noexcept {
+  return run([&] {
+    if (!import_guard::names_no_file(text)) return false;
+    prepare_libraries();
+    foreign_messages::Tproj_scope const messages;
+    proj_library::object const system(proj_create(nullptr, std::string(text).c_str()));
+    if (!system) return false;
+    char const* const exported = proj_as_proj_string(nullptr, system.get(), PJ_PROJ_4, nullptr);
+    std::string_view const definition = exported == nullptr ? "" : exported;
+    auto const begin = definition.find("+proj=");
+    if (begin == std::string_view::npos) return false;
+    zu_string_adp_feed_c(adapter, definition.substr(begin).data());
+    return true;
+  });
+}
+
+bool proj4_conv::expand_pj4(std::wstring_view definition, Izu_string_adp* adapter) noexcept {
+  return run([&] {
+    constexpr std::wstring_view init = L"+init=";
+    auto const at = definition.find(init);
+    if (at == std::wstring_view::npos) {
+      zu_string_adp_feed(adapter, std::wstring(definition).c_str());
+      return true;
+    }
+    std::wstring rest(definition.substr(at + init.size()));
+    strutil::trim_inplace(rest);
+    return import_crs(rest, adapter);
+  });
+}
+
+bool proj4_conv::is_towgs_equal(towgs84 const& left, towgs84 const& right) noexcept {
+  return std::ranges::equal(left, right, is_near);
+}
+
+bool proj4_conv::is_datum_equal(mapping_type const& row, towgs84 const& shift, double a,
+                                double rf) noexcept {
+  return is_towgs_equal(row.shift, shift) && is_near(row.a, a) && is_near(row.rf, rf);
+}
+
+proj4_conv::mapping_type const* proj4_conv::map_esri(towgs84 const& shift, double a,
+                                                     double rf) noexcept {
+  auto const row = std::ranges::find_if(
+      mapping_rows, [&](mapping_type const& each) { return is_datum_equal(each, shift, a, rf); });
+  return row == mapping_rows.end() ? nullptr : &*row;
+}
+
+std::string proj4_conv::extract_wkt_tag(std::string_view wkt, std::string_view tag) {
+  auto const [begin, end] = find_wkt_tag(wkt, tag);
+  return end == std::string_view::npos ? "" : std::string(wkt.substr(begin, end - begin));
+}
+
+void proj4_conv::replace_wkt_tag(std::string& wkt, std::string_view tag, std::string_view name) {
+  auto const [begin, end] = find_wkt_tag(wkt, tag);
+  if (!name.empty() && end != std::string_view::npos) wkt.replace(begin, end - begin, name);
+}
+
+std::string proj4_conv::remap_wkt(std::string_view wkt, mapping_type const& row) {
+  std::string result(wkt);
+  replace_wkt_tag(result, "GEOGCS", row.geogcs);
+  replace_wkt_tag(result, "DATUM", row.datum);
+  replace_wkt_tag(result, "SPHEROID", row.spheroid);
+  return result;
+}
+
+// ESRI's programs know the geographic systems by names that begin so.
+void proj4_conv::fix_gsk_wkt(std::string& wkt) {
+  std::string const name = extract_wkt_tag(wkt, "GEOGCS");
+  if (name.find("GSK") != std::string::npos && !name.starts_with("GCS"))
+    replace_wkt_tag(wkt, "GEOGCS", "GCS_" + name);
+}
+
+void proj4_conv::fix_towgs84(OGRSpatialReferenceH system) {
+  towgs84 shift{};
+  auto const read = [&] {
+    return OSRGetTOWGS84(system, shift.data(), static_cast<int>(shift.size())) == OGRERR_NONE;
+  };
+  bool has_shift = read();
+  if (!has_shift) {
+    OSRAddGuessedTOWGS84(system);
+    has_shift = read();
+  }
+  mapping_type const* row = nullptr;
+  if (has_shift && std::ranges::any_of(pulkovo_1942_variants, [&](towgs84 const& variant) {
+        return is_towgs_equal(variant, shift);
+      })) {
+    row = &mapping_rows[pulkovo_1942_row];
+  } else {
+    char const* const value = OSRGetAttrValue(system, "DATUM", 0);
+    std::string_view const datum = value == nullptr ? "" : value;
+    if (datum == pulkovo_1942_name)
+      row = &mapping_rows[pulkovo_1942_row];
+    else if (std::ranges::find(gsk_2011_names, datum) != gsk_2011_names.end())
+      row = &mapping_rows[gsk_2011_row];
+  }
+  if (row == nullptr) return;
+  auto const& [dx, dy, dz, rx, ry, rz, ds] = row->shift;
+  OSRSetTOWGS84(system, dx, dy, dz, rx, ry, rz, ds);
+}
+
+}  // namespace zu

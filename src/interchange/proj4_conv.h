@@ -1,0 +1,91 @@
+// Definitions to and from ESRI WKT, EPSG codes and whatever else GDAL reads.
+//
+// Every result leaves through a string adapter, which is fed once, on success
+// only. Nothing throws and nothing is shown: a failure is false. What GDAL and
+// PROJ had to say goes where foreign_messages sends it. Wide text is UTF-16 (or
+// UTF-32, where wchar_t has that size), narrow text UTF-8.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "interchange/spatial_reference.h"
+#include "suite/zuk_basic.h"
+
+namespace zu {
+
+// The public operations below make one converter each for the span of a call.
+class proj4_conv {
+ public:
+  // Shift of a datum to WGS 84: dx, dy, dz in metres, rx, ry, rz in arc-seconds
+  // (position vector), scale in ppm.
+  using towgs84 = std::array<double, 7>;
+
+  // A geodetic system by its numbers, and what ESRI's programs call it.
+  struct mapping_type {
+    towgs84 shift;
+    double a;   // semi-major axis in metres
+    double rf;  // inverse flattening
+    char const* geogcs;
+    char const* datum;
+    char const* spheroid;
+  };
+  static constexpr std::size_t mapping_count = 7;
+  // The agreed sets of Pulkovo 1942 and GSK-2011, which an import gives them.
+  static constexpr std::size_t pulkovo_1942_row = 3;
+  static constexpr std::size_t gsk_2011_row = 6;
+  static std::span<mapping_type const, mapping_count> mapping() noexcept;
+
+  proj4_conv();
+
+  // The WKT of a known system where the definition equals one, else GDAL's with
+  // the names of the matching mapping row.
+  bool export_esri_pj(std::wstring_view definition, Izu_string_adp* adapter) noexcept;
+  // The same into a file, in the system's code page; the file is opened only
+  // when the conversion has succeeded.
+  bool export_esri_file(std::wstring_view definition, std::wstring_view name) noexcept;
+  static bool lookup_db(std::string_view definition, Izu_string_adp* adapter) noexcept;
+
+  // ESRI WKT to a definition, the datum shift normalised.
+  bool import_esri(std::wstring_view wkt, Izu_string_adp* adapter) noexcept;
+  bool import_esri_pj(std::wstring_view wkt, Izu_string_adp* adapter) noexcept;
+  bool import_esri_file(std::wstring_view name, Izu_string_adp* adapter) noexcept;
+  bool import_esri_lst(char** list, Izu_string_adp* adapter) noexcept;
+
+  // Any text that GDAL takes for a coordinate system, or else PROJ. Addresses
+  // and names of files are refused.
+  bool import_crs(std::wstring_view text, Izu_string_adp* adapter) noexcept;
+  bool import_crs_gdal(std::string_view text, Izu_string_adp* adapter) noexcept;
+  static bool import_crs_proj4(std::string_view text, Izu_string_adp* adapter) noexcept;
+
+  // A definition as it is, or that of the system that "+init=" names; what
+  // stands before it is dropped.
+  bool expand_pj4(std::wstring_view definition, Izu_string_adp* adapter) noexcept;
+
+  // Numbers agree within 1e-6, each of them.
+  static bool is_towgs_equal(towgs84 const& left, towgs84 const& right) noexcept;
+  static bool is_datum_equal(mapping_type const& row, towgs84 const& shift, double a,
+                             double rf) noexcept;
+  // The first row that agrees; static data. Null for none.
+  static mapping_type const* map_esri(towgs84 const& shift, double a, double rf) noexcept;
+
+  // The first quoted text behind the first occurrence of the tag.
+  static std::string extract_wkt_tag(std::string_view wkt, std::string_view tag);
+  static void replace_wkt_tag(std::string& wkt, std::string_view tag, std::string_view name);
+  static std::string remap_wkt(std::string_view wkt, mapping_type const& row);
+  static void fix_gsk_wkt(std::string& wkt);
+  // Gives Pulkovo 1942 and GSK-2011 their agreed shift; other datums keep what
+  // GDAL read or guessed.
+  static void fix_towgs84(OGRSpatialReferenceH system);
+
+ private:
+  bool feed_proj4(Izu_string_adp* adapter) const;
+  bool feed_esri(std::string const& definition, Izu_string_adp* adapter) const;
+
+  spatial_reference system_;
+};
+
+}  // namespace zu

@@ -1,0 +1,45 @@
+#include "proj4/proj_library.h"
+
+#include "basic/file.h"
+#include "basic/module.h"
+#include "basic/path.h"
+#include "text/strconv.h"
+
+namespace zu::proj_library {
+namespace {
+
+std::string find_shipped_folder() {
+  std::wstring const folder(path::folder_of(module::own_path()));
+  if (folder.empty() || !file::exists(folder + L"proj.db")) return {};
+  return strconv::to_utf8(folder);
+}
+
+void show_shipped_data(PJ_CONTEXT* context) {
+  std::string const& folder = shipped_data_folder();
+  if (folder.empty()) return;
+  char const* const paths = folder.c_str();
+  proj_context_set_search_paths(context, 1, &paths);
+}
+
+}  // namespace
+
+std::string const& shipped_data_folder() {
+  static std::string const folder = find_shipped_folder();
+  return folder;
+}
+
+void prepare_default_context() {
+  static bool const done = (show_shipped_data(nullptr), true);
+  static_cast<void>(done);
+}
+
+context make_context() {
+  context made(proj_context_create());
+  if (!made) return made;
+  proj_log_level(made.get(), PJ_LOG_NONE);
+  proj_context_set_enable_network(made.get(), 0);
+  show_shipped_data(made.get());
+  return made;
+}
+
+}  // namespace zu::proj_library

@@ -1,0 +1,32 @@
+// PROJ: owners of its objects, where its database is, and its quiet use.
+#pragma once
+
+#include <proj.h>
+
+#include <memory>
+#include <string>
+
+namespace zu::proj_library {
+
+struct object_closer {
+  void operator()(PJ* object) const noexcept { proj_destroy(object); }
+};
+using object = std::unique_ptr<PJ, object_closer>;
+
+struct context_closer {
+  void operator()(PJ_CONTEXT* context) const noexcept { proj_context_destroy(context); }
+};
+using context = std::unique_ptr<PJ_CONTEXT, context_closer>;
+
+// Folder of "proj.db", in UTF-8, where one is shipped beside this library.
+// Empty where none is: PROJ then looks where its installation keeps it.
+std::string const& shipped_data_folder();
+
+// Shows PROJ's default context the shipped database; once in a process.
+void prepare_default_context();
+
+// A context of the caller's own that finds the database, says nothing and never
+// asks the network. Null only without memory.
+context make_context();
+
+}  // namespace zu::proj_library

@@ -1,0 +1,25 @@
+// The systems of PROJ's database through the library's conversions, beside what
+// GDAL and PROJ make of them alone.
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace epsg_survey {
+
+struct conversion_report {
+  std::map<std::string, std::size_t> counts;  // systems by what became of them
+  std::vector<std::string> mistakes;          // what must not be, with the texts
+};
+
+// Each system by its code: the same definition as GDAL's, or PROJ's where GDAL
+// has none. Every `step`-th system of the database.
+conversion_report survey_import(std::size_t step);
+
+// Each definition by way of ESRI WKT and back: its meaning is kept wherever GDAL
+// alone, going from the code to ESRI WKT and back, keeps it.
+conversion_report survey_esri(std::size_t step);
+
+}  // namespace epsg_survey

@@ -1,0 +1,255 @@
+#include "conversions.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+#include <iostream>
+#include <map>
+#include <set>
+#include <utility>
+
+#include "basic/file.h"
+#include "basic/file_system.h"
+#include "basic/file_system_calls.h"
+#include "basic/path.h"
+#include "basic/str.h"
+#include "error.h"
+#include "interchange/add_file.h"
+#include "interchange/foreign_messages.h"
+#include "interchange/known_system_index.h"
+#include "interchange/zu_pj4.h"
+#include "terminal.h"
+#include "text/strconv.h"
+#include "text/string_adapter.h"
+
+namespace conversions {
+namespace {
+
+// For a message of one line.
+std::string in_one_line(std::string_view text) {
+  std::string line(zu::str::trim(text));
+  std::ranges::replace_if(
+      line, [](char c) { return c == '\n' || c == '\r'; }, ' ');
+  return line;
+}
+
+std::string in_quotes(std::string_view text) { return '"' + in_one_line(text) + '"'; }
+
+// Collects what GDAL and PROJ say while a conversion runs.
+class Treasons {
+ public:
+  Treasons() {
+    zu::foreign_messages::set_sink([this](std::string_view text) { add(text); });
+  }
+  ~Treasons() { zu::foreign_messages::set_sink(nullptr); }
+  Treasons(Treasons const&) = delete;
+  Treasons& operator=(Treasons const&) = delete;
+
+  // ": what was said" in one line, or nothing; it is forgotten then.
+  std::string take() { return std::exchange(text_, {}); }
+
+ private:
+  void add(std::string_view text) {
+    std::string const line =
+        in_one_line(terminal::from_wide(zu::strconv::from_utf8(std::string(text))));
+    if (!line.empty() && text_.find(line) == std::string::npos)
+      text_.append(text_.empty() ? ": " : "; ").append(line);
+  }
+
+  std::string text_;
+};
+
+// What `produce` feeds, in wide text; false when it fails.
+using producer = std::function<bool(Izu_string_adp*)>;
+
+bool collect(producer const& produce, std::wstring& text) {
+  Tzu_std_wstring_adapter target(&text);
+  zu::string_adp const adapter(target);
+  return produce(adapter.get());
+}
+
+bool is_esri_name(std::string_view name) {
+  return name.size() >= 4 && zu::str::equal_no_case(name.substr(name.size() - 4), ".prj");
+}
+
+using convert_text = bool (*)(wchar_t const*, Izu_string_adp*);
+
+// Prints a line for each text, and an empty one for what fails, so that lines
+// stay beside those they were made of. Empty lines of input make empty lines.
+// `failure` tells what cannot be done with a text.
+int convert_texts(std::vector<std::string> const& texts, convert_text convert,
+                  std::function<std::string(std::string const&)> const& failure, Tzu_env& env) {
+  Treasons reasons;
+  int status = 0;
+  auto const convert_one = [&](std::string const& text) {
+    std::wstring result;
+    std::wstring const wide = terminal::to_wide(text);
+    auto const produce = [&](Izu_string_adp* adapter) { return convert(wide.c_str(), adapter); };
+    if (!collect(produce, result)) {
+      env.error(failure(text) + reasons.take());
+      status = exit_some_failed;
+    }
+    std::cout << terminal::from_wide(result) << '\n';
+    reasons.take();
+  };
+  for (std::string const& text : texts) {
+    if (text != "-") {
+      convert_one(text);
+      continue;
+    }
+    for (std::string line; std::getline(std::cin, line);) {
+      if (zu::str::trim(line).empty())
+        std::cout << '\n';
+      else
+        convert_one(line);
+    }
+  }
+  return status;
+}
+
+std::string no_esri(std::string const& definition) {
+  return "cannot convert " + in_quotes(definition) + " to ESRI WKT";
+}
+
+// The message of a failure does not name the file.
+std::string read_file(std::string const& name, bool is_esri) {
+  std::wstring const wide = terminal::to_wide(name);
+  if (!zu::file::exists(wide)) throw Terror("no such file");
+  Treasons reasons;
+  std::wstring definition;
+  auto const produce = [&](Izu_string_adp* adapter) {
+    return is_esri ? zu_pj4_import_esri(wide.c_str(), adapter)
+                   : Tzu_add_file::load_pj4_simple(wide, adapter);
+  };
+  if (collect(produce, definition) && !definition.empty()) return terminal::from_wide(definition);
+  if (!zu::file::open(wide, "rb")) throw Terror("cannot be read");
+  throw Terror((is_esri ? "no ESRI WKT" : "no PROJ.4 definition") + reasons.take());
+}
+
+std::string load_file(std::string const& name, bool is_esri) try {
+  return read_file(name, is_esri);
+} catch (Terror const& error) {
+  throw Terror(name + ": " + error.what());
+}
+
+// The same for all names of one file, whether it is there or not.
+std::wstring identity_of(std::wstring const& name) {
+  std::wstring const full = zu::path::make_full(name);
+  std::error_code error;
+  auto const path = std::filesystem::weakly_canonical(zu::path::to_native(full), error);
+  return zu::file_system::calls::fold_case(error ? full : zu::path::from_native(path));
+}
+
+}  // namespace
+
+int to_esri(std::vector<std::string> const& definitions, Tzu_env& env) {
+  return convert_texts(definitions, &zu_pj4_export_esri, no_esri, env);
+}
+
+int import(std::vector<std::string> const& texts, Tzu_env& env) {
+  auto const failure = [](std::string const& text) { return "cannot import " + in_quotes(text); };
+  return convert_texts(texts, &zu_pj4_import_crs, failure, env);
+}
+
+std::string from_esri(std::string const& name) {
+  if (name != "-") return load_file(name, true);
+  std::string const text((std::istreambuf_iterator<char>(std::cin)), {});
+  std::wstring const wkt = terminal::to_wide(text);
+  std::wstring definition;
+  Treasons reasons;
+  auto const produce = [&](Izu_string_adp* adapter) {
+    return zu_pj4_import_esri_prj(wkt.c_str(), adapter);
+  };
+  if (!collect(produce, definition)) throw Terror("standard input: no ESRI WKT" + reasons.take());
+  return terminal::from_wide(definition);
+}
+
+int convert(std::vector<std::string> const& names, std::string const& kind,
+            std::string const& folder, Tzu_env& env) {
+  std::wstring const wide_folder = terminal::to_wide(folder);
+  if (!folder.empty() && !zu::file_system::make_folders(wide_folder))
+    throw Terror("cannot make the folder " + folder);
+  // The inputs, and the outputs with the input that each is of.
+  std::set<std::wstring> inputs;
+  std::map<std::wstring, std::string> outputs;
+  for (std::string const& name : names) inputs.insert(identity_of(terminal::to_wide(name)));
+  auto const convert_one = [&](std::string const& name) {
+    std::wstring const wide = terminal::to_wide(name);
+    std::wstring const target = zu::path::replace_extension(
+        folder.empty() ? wide : zu::path::join(wide_folder, zu::path::file_name_of(wide)),
+        terminal::to_wide("." + kind));
+    std::wstring const identity = identity_of(target);
+    std::string const shown = terminal::from_wide(target);
+    // No file of the same run may be lost.
+    if (identity == identity_of(wide)) throw Terror("would overwrite itself");
+    if (inputs.contains(identity))
+      throw Terror("would overwrite " + shown + ", which is to be converted, too");
+    if (auto const made = outputs.find(identity); made != outputs.end())
+      throw Terror("would overwrite " + shown + ", which was made of " + made->second);
+    save(read_file(name, is_esri_name(name)), shown);
+    outputs.emplace(identity, name);
+  };
+  std::size_t done = 0;
+  std::size_t failed = 0;
+  for (std::string const& name : names) {
+    try {
+      convert_one(name);
+    } catch (std::exception const& error) {
+      env.error(name + ": " + error.what());
+      ++failed;
+    }
+    env.wait(++done, names.size(), "converting");
+  }
+  env.finished(std::to_string(done - failed) + " of " + std::to_string(done) + " files converted");
+  if (failed == 0) return 0;
+  env.error(std::to_string(failed) + " of " + std::to_string(done) + " files not converted");
+  return exit_some_failed;
+}
+
+std::string load(std::string const& name) { return load_file(name, is_esri_name(name)); }
+
+void save(std::string const& definition, std::string const& name) {
+  std::wstring const wide = terminal::to_wide(name);
+  std::wstring const text = terminal::to_wide(definition);
+  if (!is_esri_name(name)) {
+    // The file is in the system's code page.
+    terminal::to_library(definition);
+    if (!Tzu_add_file::save_pj4_ini(wide, text)) throw Terror("cannot write " + name);
+    return;
+  }
+  Treasons reasons;
+  if (zu_pj4_export_esri_prj(text.c_str(), wide.c_str())) return;
+  std::string const reason = reasons.take();
+  // The conversion may have failed, or the write after it.
+  std::wstring ignored;
+  auto const produce = [&](Izu_string_adp* adapter) {
+    return zu_pj4_export_esri(text.c_str(), adapter);
+  };
+  throw Terror(collect(produce, ignored) ? "cannot write " + name : no_esri(definition) + reason);
+}
+
+void list_known(std::ostream& out) {
+  std::size_t row = 0;
+  for (zu::known_system const& system : zu::known_systems)
+    out << row++ << '\t' << known_system_name(system) << '\t'
+        << (system.confirmed ? "confirmed\t" : "unconfirmed\t")
+        << (system.confirmed ? system.proj4 : "") << '\n';
+}
+
+bool show_known(std::ostream& out, std::string const& definition_or_name) {
+  for (zu::known_system const& system : zu::known_systems) {
+    if (!zu::str::trim_stricmp_equal(known_system_name(system), definition_or_name)) continue;
+    if (!system.confirmed)
+      throw Terror("nobody has published the numbers of " + definition_or_name);
+    out << system.proj4 << '\n' << system.wkt << '\n';
+    return true;
+  }
+  Tzu_proj4_str set;
+  set.set(definition_or_name.c_str());
+  set.decompose();
+  zu::known_system const* const system = zu::find_known_system(set);
+  if (system != nullptr) out << known_system_name(*system) << '\n';
+  return system != nullptr;
+}
+
+}  // namespace conversions
