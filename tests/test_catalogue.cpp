@@ -11,6 +11,8 @@
 #include "catalogue/catalogue.h"
 #include "catalogue/pj_dbf.h"
 #include "core_support.h"
+#include "proj4/short_text.h"
+#include "text/string_adapter.h"
 
 namespace {
 
@@ -425,6 +427,34 @@ TEST_F(Catalogue, deleted_rows_and_foreign_letters_are_kept) {
   Tzu_datum_def_dbf const catalogue;
   ASSERT_EQ(catalogue.get_ellipse_defs().get_size(), 2U);
   EXPECT_EQ(caption(catalogue.get_ellipse_defs().find_by_name("krass")), "\xCA\xF0\xE0\xF1");
+}
+
+TEST_F(Catalogue, summaries_tell_captions_and_the_numbers_that_a_row_fixes) {
+  for (auto const& page : core_test::system_pages()) {
+    core_test::Tsystem_page const now(page);
+    write_usual(
+        {cells(std::string("PRJ_NAME=")
+                   .append(page.bytes)
+                   .append(";PROJ=tmerc;DATUM=WGS84;LAT_0=1;LAT_0_V=52;LON_0=1;LON_0_MIN=5;K_0=1;"
+                           "K_0_V=0.5;X_0=0;X_0_V=9")),
+         cells("PRJ_NAME=any origin;PROJ=tmerc;LAT_0=1")});
+    Tzu_pj_def_dbf::instance().load();
+    std::wstring const letters = page.letters;
+    std::vector<std::pair<char const*, std::wstring>> const cases{
+        {"+proj=tmerc +lat_0=51.99995 +lon_0=39", letters + L"; 39; 51.99995; 0.5; "},
+        {"+proj=tmerc +lat_0=52 +k=2 +datum=d", letters + L"; 52; 2; d; "},
+        {"+proj=tmerc +lat_0=52.0002", L"any origin; 52.0002; "},
+        {"+proj=tmerc", L"any origin; "},
+        {"+proj=tmerc +k=2", L"tmerc; 2; "},
+        {"+proj=tmerc +lat_0=52 +zone=1", L"tmerc; 52; "}};
+    for (auto const& [definition, text] : cases) {
+      std::wstring summary;
+      Tzu_std_wstring_adapter target(&summary);
+      zu::string_adp const adapter(target);
+      EXPECT_TRUE(Tzu_short_text_helper::get_short_text(definition, adapter.get()));
+      EXPECT_EQ(recorded(summary), text) << definition;
+    }
+  }
 }
 
 }  // namespace

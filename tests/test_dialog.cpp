@@ -5,9 +5,11 @@
 #include <clocale>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
+#include "basic/str.h"
 #include "core_support.h"
 #include "gui_support.h"
 #include "pj_edit/vcl_pj_edit_form.h"
@@ -68,6 +70,14 @@ Tzu_vcl_dbl_edit& shift(Tform& form, std::size_t index) {
 // As a file dialog gives it.
 std::wstring file_in(core_test::Ttemp_folder const& folder, wchar_t const* name) {
   return std::filesystem::path(folder.wide(name)).make_preferred().wstring();
+}
+
+// What GDAL's own program makes of a file, where there is one.
+void expect_gdal_reads(std::string const& file, char const* definition) {
+  std::string const program = core_test::system_program("gdalsrsinfo");
+  if (program.empty()) return;
+  auto const told = core_test::run({program, {"-o", "proj4", file}, ""});
+  EXPECT_EQ(zu::str::trim(told.out), definition) << told.err;
 }
 
 class dialog : public testing::Test {
@@ -253,18 +263,6 @@ TEST_F(dialog, loads_and_saves_definition_files) {
   });
   EXPECT_EQ(failed.text, "");
 
-  // ESRI files are none of this version's: nothing is read, nothing written.
-  open_dialog(pulkovo_zone_7, [&](Tform& form) {
-    answers.expect_file(file_in(folder, L"esri.txt"), 1);
-    press_button(form, Tzu_vcl_bottom_buttons::save);
-    EXPECT_FALSE(std::filesystem::exists(folder.file("esri.prj")));
-    EXPECT_FALSE(std::filesystem::exists(folder.file("esri.txt")));
-    answers.expect_file(plain, 1);
-    press_button(form, Tzu_vcl_bottom_buttons::load);
-    EXPECT_EQ(type(form).get_active_caption(), L"Unknown");
-    cancel(form);
-  });
-
   // Saving forces the extension, and asks before that hits another file.
   std::string const saved = folder.file("saved.pj4");
   open_dialog(pulkovo_zone_7, [&](Tform& form) {
@@ -280,6 +278,78 @@ TEST_F(dialog, loads_and_saves_definition_files) {
     answers.take_messages();
     cancel(form);
   });
+}
+
+// As published for the Moscow region.
+constexpr char const* moscow_region_wkt =
+    R"(PROJCS["Russia_Cadastre_50_1",GEOGCS["GCS_Pulkovo_1995",DATUM["D_Pulkovo_1995",)"
+    R"(SPHEROID["Krasovsky_1940",6378245.0,298.3]],PRIMEM["Greenwich",0.0],)"
+    R"(UNIT["Degree",0.0174532925199433]],PROJECTION["Gauss_Kruger"],)"
+    R"(PARAMETER["False_Easting",1250000.0],PARAMETER["False_Northing",-5712900.566],)"
+    R"(PARAMETER["Central_Meridian",35.4833333333],PARAMETER["Scale_Factor",1.0],)"
+    R"(PARAMETER["Latitude_Of_Origin",0.0],UNIT["Meter",1.0],AUTHORITY["CUSTOM",100278]])";
+constexpr char const* moscow_region =
+    "+proj=tmerc +lon_0=35.4833333333 +lat_0=0 +x_0=1250000 +y_0=-5712900.566 +k_0=1 "
+    "+towgs84=24.82,-131.21,-82.66,0,0,0.16,-0.12 +ellps=krass +units=m +lon_wrap=45 +no_defs";
+
+TEST_F(dialog, loads_esri_files_and_codes) {
+  core_test::Ttemp_folder const folder;
+  struct row {
+    wchar_t const* name;
+    int filter_index;
+    std::string content;
+    std::string applied;
+  };
+  std::vector<row> const rows{
+      // GDAL's shift for the datum's name: the file holds none.
+      {L"region.prj", 1, moscow_region_wkt,
+       "+proj=tmerc +lon_0=35.4833333333 +lat_0=0 +x_0=1250000 +y_0=-5712900.566 +k_0=1 "
+       "+towgs84=24.47,-130.89,-81.56,0,0,0.13,-0.22 +ellps=krass +units=m +lon_wrap=45 +no_defs"},
+      {L"code.pj4", 0, "[projection]\npj4=+init=epsg:28407\n", pulkovo_zone_7},
+      // Each in the file of the other kind.
+      {L"region.pj4", 0, moscow_region_wkt, ""},
+      {L"definition.prj", 1, pulkovo_zone_7, ""},
+      {L"code_that_is_none.pj4", 0, "+init=epsg:1", ""}};
+  for (row const& each : rows) {
+    std::wstring const name = file_in(folder, each.name);
+    std::ofstream(std::filesystem::path(name), std::ios::binary) << each.content;
+    outcome const loaded = open_dialog(moscow_tm, [&](Tform& form) {
+      answers.expect_file(name, each.filter_index);
+      press_button(form, Tzu_vcl_bottom_buttons::load);
+      apply(form);
+    });
+    EXPECT_EQ(loaded.text, each.applied) << each.content;
+  }
+}
+
+TEST_F(dialog, saves_esri_files_that_other_programs_read) {
+  core_test::Ttemp_folder const folder;
+  std::string const saved = folder.file("saved.prj");
+  std::wstring const chosen = file_in(folder, L"saved.txt");
+  auto const save = [&](char const* definition) {
+    open_dialog(definition, [&](Tform& form) {
+      answers.expect_file(chosen, 1);
+      press_button(form, Tzu_vcl_bottom_buttons::save);
+      cancel(form);
+    });
+  };
+  // What cannot be converted writes nothing.
+  save("+proj=nonsense +lat_0=1");
+  EXPECT_EQ(folder.count(), 0U);
+
+  save(moscow_region);
+  EXPECT_EQ(folder.count(), 1U);
+  EXPECT_EQ(core_test::get_file(saved), moscow_region_wkt);
+  expect_gdal_reads(saved,
+                    "+proj=tmerc +lat_0=0 +lon_0=35.4833333333 +k=1 +x_0=1250000 "
+                    "+y_0=-5712900.566 +ellps=krass +towgs84=24.47,-130.89,-81.56,0,0,0.13,-0.22 "
+                    "+units=m +no_defs");
+  std::filesystem::remove(saved);
+  save(moscow_tm);
+  EXPECT_TRUE(core_test::get_file(saved).starts_with("PROJCS[\"unknown\","));
+  expect_gdal_reads(saved,
+                    "+proj=tmerc +lat_0=55.5 +lon_0=37.5 +k=1 +x_0=12 +y_0=14 +ellps=krass "
+                    "+units=m +no_defs");
 }
 
 TEST_F(dialog, speaks_both_languages_and_clips_nothing) {

@@ -110,6 +110,16 @@ std::string format_double(double value, int digits) {
   return {first, end};
 }
 
+void append_fixed(std::string& text, double value, int digits) {
+  // The largest double has 309 digits before the point.
+  std::array<char, 512> buffer{};
+  digits = std::clamp(digits, 0, 100);
+  auto const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                 std::chars_format::fixed, digits)
+                       .ptr;
+  text.append(buffer.data(), end);
+}
+
 std::string format_int(int value) { return std::to_string(value); }
 
 }  // namespace zu::number

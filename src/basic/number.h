@@ -24,6 +24,9 @@ std::optional<int> scan_int(std::string_view text) noexcept;
 // Formats as "%.<digits>lg": 12 digits in definitions, 15 in edits.
 std::string format_double(double value, int digits = 12);
 
+// Appends as "%.<digits>f".
+void append_fixed(std::string& text, double value, int digits);
+
 // Formats as "%d".
 std::string format_int(int value);
 

@@ -55,8 +55,12 @@ bool Tzu_proj4_param_str::equal(Tzu_proj4_param_str const& other) const noexcept
                       [&] { return zu::str::trim_stricmp_equal(value_, other.value_); });
 }
 
+std::string Tzu_proj4_param_dbl::get_value_text() const {
+  return zu::number::format_double(value_);
+}
+
 char const* Tzu_proj4_param_dbl::get_out_str() {
-  return render(get_def() ? zu::number::format_double(value_) : std::string());
+  return render(get_def() ? get_value_text() : std::string());
 }
 
 bool Tzu_proj4_param_dbl::val_from_str(char const* text) {
@@ -80,7 +84,9 @@ bool Tzu_proj4_param_dbl::equal(Tzu_proj4_param_dbl const& other) const noexcept
   return equal_params(*this, other, [&] { return near(value_, other.value_); });
 }
 
-char const* Tzu_proj4_param_int::get_out_str() { return render(zu::number::format_int(value_)); }
+std::string Tzu_proj4_param_int::get_value_text() const { return zu::number::format_int(value_); }
+
+char const* Tzu_proj4_param_int::get_out_str() { return render(get_value_text()); }
 
 bool Tzu_proj4_param_int::val_from_str(char const* text) {
   auto const number = zu::number::scan_int(zu::str::trim(text));
@@ -125,14 +131,17 @@ bool Tzu_proj4_param_bool::equal(Tzu_proj4_param_bool const& other) const noexce
   return equal_params(*this, other, [&] { return value_ == other.value_; });
 }
 
-char const* Tzu_proj4_param_towgs84::get_out_str() {
-  if (!get_def()) return render({});
+std::string Tzu_proj4_param_towgs84::get_value_text() const {
   std::string text;
   for (double const value : values_) {
     if (!text.empty()) text += ',';
     text += zu::number::format_double(value);
   }
-  return render(text);
+  return text;
+}
+
+char const* Tzu_proj4_param_towgs84::get_out_str() {
+  return render(get_def() ? get_value_text() : std::string());
 }
 
 bool Tzu_proj4_param_towgs84::val_from_str(char const* text) {

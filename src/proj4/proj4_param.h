@@ -13,6 +13,8 @@
 // A parameter that becomes undefined keeps its last value, which counts again
 // when it is defined later. Texts that are returned as pointers belong to the
 // parameter and stay valid until its next get_out_str.
+// The kinds with a value give it alone from get_value_text, defined or not, as
+// get_out_str writes it.
 class Tzu_proj4_param {
  public:
   Tzu_proj4_param(Tzu_proj4_param const&) = delete;
@@ -55,6 +57,7 @@ class Tzu_proj4_param_str final : public Tzu_proj4_param {
   explicit Tzu_proj4_param_str(char const* name) : Tzu_proj4_param(name) {}
   char const* get_out_str() override;
   bool val_from_str(char const* text) override;
+  std::string const& get_value_text() const noexcept { return value_; }
   char const* get_str() const noexcept { return value_.c_str(); }
   void set_str(char const* value) { value_ = value; }
   void set_param(Tzu_pj_str_param const& from);
@@ -72,6 +75,7 @@ class Tzu_proj4_param_dbl final : public Tzu_proj4_param {
   explicit Tzu_proj4_param_dbl(char const* name) : Tzu_proj4_param(name) {}
   char const* get_out_str() override;
   bool val_from_str(char const* text) override;
+  std::string get_value_text() const;
   double get_dbl() const noexcept { return value_; }
   void set_dbl(double value) noexcept { value_ = value; }
   void set_param(Tzu_pj_dbl_param const& from);
@@ -88,6 +92,7 @@ class Tzu_proj4_param_int final : public Tzu_proj4_param {
   explicit Tzu_proj4_param_int(char const* name) : Tzu_proj4_param(name) {}
   char const* get_out_str() override;
   bool val_from_str(char const* text) override;
+  std::string get_value_text() const;
   int get_int() const noexcept { return value_; }
   void set_int(int value) noexcept { value_ = value; }
   void set_param(Tzu_pj_int_param const& from);
@@ -126,6 +131,7 @@ class Tzu_proj4_param_towgs84 final : public Tzu_proj4_param {
   explicit Tzu_proj4_param_towgs84(char const* name) : Tzu_proj4_param(name) {}
   char const* get_out_str() override;
   bool val_from_str(char const* text) override;
+  std::string get_value_text() const;  // separated by ","
   double get_dbl(unsigned index) const { return values_.at(index); }
   void set_dbl(unsigned index, double value) { values_.at(index) = value; }
   std::array<double, count> const& get_values() const noexcept { return values_; }

@@ -33,6 +33,12 @@ class Tzu_proj4_str {
   // As compose, but a sphere is written with its radius as "+R=".
   void compose_for_proj4();
 
+  // The defined parameters for a user to read: lines "caption = value\r\n" in
+  // the interface language, or one that calls the projection unknown. south,
+  // units and nadgrids are not told. Code page 1251, as interface texts are; show
+  // it through zu::strconv::from_interface. Valid until the next get_text.
+  char const* get_text();
+
   void set_all_undefined() noexcept;
   // By the ellipsoid's name, by equal axes, or by a zero inverse flattening.
   bool is_sphere() const noexcept;
@@ -77,6 +83,7 @@ class Tzu_proj4_str {
   enum class style { library, proj };
   void compose_as(style wanted);
 
+  std::string text_;
   std::string definition_;
   Tzu_proj4_param_str proj_{"proj"};
   Tzu_proj4_param_str datum_{"datum"};

@@ -21,6 +21,7 @@
 #include "terminal.h"
 #include "text/strconv.h"
 #include "text/string_adapter.h"
+#include "transformations.h"
 
 namespace conversions {
 namespace {
@@ -143,7 +144,11 @@ std::wstring identity_of(std::wstring const& name) {
 }  // namespace
 
 int to_esri(std::vector<std::string> const& definitions, Tzu_env& env) {
-  return convert_texts(definitions, &zu_pj4_export_esri, no_esri, env);
+  constexpr auto convert = [](wchar_t const* text, Izu_string_adp* adapter) {
+    std::string const definition = transformations::definition_of(terminal::from_wide(text));
+    return zu_pj4_export_esri(terminal::to_wide(definition).c_str(), adapter);
+  };
+  return convert_texts(definitions, convert, no_esri, env);
 }
 
 int import(std::vector<std::string> const& texts, Tzu_env& env) {

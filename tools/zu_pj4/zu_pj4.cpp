@@ -17,6 +17,7 @@
 #include "proj4/proj4_str.h"
 #include "terminal.h"
 #include "text/rc.h"
+#include "transformations.h"
 #include "zu_pj_edit/version.h"
 #include "zu_pj_edit/zu_pj_edit.h"
 
@@ -29,7 +30,8 @@ constexpr int exit_cancelled = 1;
 void for_each_definition(std::vector<std::string> const& definitions,
                          std::function<std::string(std::string const&)> const& convert) {
   auto const print = [&convert](std::string const& definition) {
-    std::cout << terminal::from_library(convert(terminal::to_library(definition))) << '\n';
+    std::string const text = transformations::definition_of(definition);
+    std::cout << terminal::from_library(convert(terminal::to_library(text))) << '\n';
   };
   for (std::string const& definition : definitions) {
     if (definition != "-") {
@@ -65,7 +67,7 @@ void apply(std::vector<std::string> const& definitions) {
 
 int edit(std::string const& definition) {
   unsigned char changed = 0;
-  std::string const input = terminal::to_library(definition);
+  std::string const input = terminal::to_library(transformations::definition_of(definition));
   std::cout << terminal::from_library(zu_proj4_form_execute(nullptr, input.c_str(), &changed))
             << '\n';
   return changed != 0 ? 0 : exit_cancelled;
@@ -83,6 +85,9 @@ struct options {
   std::string list;
   bool json = false;
   bool all = false;
+  bool is_short = false;
+  transformations::request transformation;
+  std::vector<double> corners;
 };
 
 int known(options const& chosen) {
@@ -111,6 +116,41 @@ void use_options(options const& chosen) {
   Tzu_rc::set_lang(chosen.lang == "ru" ? 1 : 0);
 }
 
+struct transformation_commands {
+  CLI::App* describe;
+  CLI::App* transform;
+  CLI::App* box;
+};
+
+transformation_commands add_transformation_commands(CLI::App& app, options& chosen) {
+  auto* const describe = app.add_subcommand("describe", "Tell in words what a definition says");
+  describe->add_option("DEF", chosen.definition, "PROJ.4 definition or EPSG:code")->required();
+  describe->add_flag("--short", chosen.is_short, "in one line, by the catalogue");
+  auto const add_ways = [&](CLI::App* command) {
+    auto& wanted = chosen.transformation;
+    command->add_option("--from", wanted.from, "PROJ.4 definition or EPSG:code of what is given")
+        ->type_name("DEF")
+        ->required();
+    command->add_option("--to", wanted.to, "PROJ.4 definition or EPSG:code of what is wanted")
+        ->type_name("DEF")
+        ->required();
+    command->add_flag("--inverse", wanted.inverse, "the other way, from --to to --from");
+    command
+        ->add_option("--digits", wanted.digits,
+                     "digits behind the point (default: 9 of degrees, 4 of other units)")
+        ->type_name("N")
+        ->check(CLI::Range(0, 20));
+  };
+  auto* const transform = app.add_subcommand(
+      "transform", "Transform the points that are the first two columns of a text");
+  add_ways(transform);
+  transform->add_option("FILE", chosen.file, "the text (default: standard input)");
+  auto* const box = app.add_subcommand("box", "Transform a box");
+  add_ways(box);
+  box->add_option("X0 Y0 X1 Y1", chosen.corners, "two opposite corners")->required()->expected(4);
+  return {describe, transform, box};
+}
+
 int run_command(std::vector<std::string> arguments, Tzu_env& env) {
   options chosen;
   CLI::App app{"Reads, edits, converts and writes coordinate-system definitions (PROJ.4 strings)."};
@@ -131,7 +171,7 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
   auto const add_definitions = [&](CLI::App* command) {
     command
         ->add_option("DEF", chosen.definitions,
-                     "PROJ.4 definition; - reads one a line from standard input")
+                     "PROJ.4 definition or EPSG:code; - reads one a line from standard input")
         ->required();
   };
   auto* const edit_command =
@@ -185,12 +225,14 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
   known_command->add_flag("--list", chosen.all, "list row, name, whether confirmed, definition");
   known_command->add_option("DEF|NAME", chosen.definition,
                             "of a definition print the name, of a name the definition and WKT");
+  auto const [describe_command, transform_command, box_command] =
+      add_transformation_commands(app, chosen);
 
   // Behind the commands, whose own help needs none of it.
   app.footer(
       "Example: zu_pj4 normalize \"+units=m +proj=utm +zone=37 +datum=WGS84\"\n"
       "Exit status: 0 done, 1 cancelled by the user (edit) or not all done (to-esri, import,\n"
-      "convert), 2 error.");
+      "convert, transform), 2 error.");
 
   try {
     // The parser takes them from the last to the first.
@@ -210,12 +252,20 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
     print_catalogue(std::cout, chosen.list, chosen.json);
   }
   if (*load_command) std::cout << conversions::load(chosen.file) << '\n';
-  if (*save_command) conversions::save(chosen.definition, chosen.file);
+  if (*save_command)
+    conversions::save(transformations::definition_of(chosen.definition), chosen.file);
   if (*to_esri_command) return conversions::to_esri(chosen.definitions, env);
   if (*from_esri_command) std::cout << conversions::from_esri(chosen.file) << '\n';
   if (*import_command) return conversions::import(chosen.definitions, env);
   if (*convert_command) return conversions::convert(chosen.files, chosen.kind, chosen.folder, env);
   if (*known_command) return known(chosen);
+  if (*describe_command) std::cout << transformations::describe(chosen.definition, chosen.is_short);
+  if (*transform_command)
+    return transformations::transform(chosen.transformation, chosen.file, env);
+  if (*box_command) {
+    auto const& c = chosen.corners;
+    std::cout << transformations::box(chosen.transformation, {c[0], c[1], c[2], c[3]});
+  }
   return 0;
 }
 

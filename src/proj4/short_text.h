@@ -1,0 +1,64 @@
+// A definition in one line, in the words of the catalogue.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "catalogue/pj_defs.h"
+#include "proj4/proj4_str.h"
+#include "suite/zuk_basic.h"
+
+// A definition with the catalogue's record of its projection, and its parts as
+// texts. A part is a value followed by the separator, or empty. A number that
+// the definition does not give is the one that the record fixes, if it does.
+// Datum and ellipsoid are the definition's alone: one that merely goes with the
+// projection would be a guess. Texts are in the system's ANSI code page.
+class Tzu_pj4_parts : public Tzu_proj4_str {
+ public:
+  // Reads a definition (null counts as empty) and looks its projection up: with
+  // a zone among the zonal records, else among the usual ones. Whether one was
+  // found; none is looked up without a projection.
+  bool init(char const* text);
+  // The record found or null. It is the catalogue's, and valid until that is
+  // loaded anew.
+  Tzu_pj_proj_def const* get_def() const noexcept { return def_; }
+
+  // The record's caption; without a record the projection's key.
+  std::string get_pj4_caption();
+  std::string get_pj4_name();  // the projection's key
+  std::string get_pj4_zone();
+  std::string get_pj4_lon0();
+  std::string get_pj4_lonc();
+  std::string get_pj4_lat0();
+  std::string get_pj4_x0();
+  std::string get_pj4_y0();
+  std::string get_pj4_lat1();
+  std::string get_pj4_lat_ts();
+  std::string get_pj4_lat2();
+  std::string get_pj4_k0();
+  std::string get_pj4_alpha();
+  std::string get_pj4_datum();
+  std::string get_pj4_towgs84();  // "(" seven numbers by "," ")"
+  std::string get_pj4_ellips();
+  std::string get_pj4_a();
+  std::string get_pj4_b();
+  std::string get_pj4_rf();
+
+ private:
+  std::string part(std::string_view value) const;
+  template <class Param>
+  std::string given_part(Param const& param) const;
+  std::string number_part(Tzu_proj4_param_dbl const& param, proj_number number) const;
+
+  Tzu_pj_proj_def const* def_ = nullptr;
+  std::string separator_ = "; ";
+};
+
+class Tzu_short_text_helper {
+ public:
+  // Feeds the summary: the caption and then all parts from lon_0 to rf, as narrow
+  // text. False, and nothing is fed, for a definition without a projection and
+  // for a null adapter. A projection that the catalogue lacks has its key for a
+  // caption.
+  static bool get_short_text(char const* definition, Izu_string_adp* adapter);
+};

@@ -1,0 +1,211 @@
+#include <zu_pj_edit/zu_pj4_layer.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <span>
+
+#include "basic/str.h"
+#include "proj4/proj4_str.h"
+#include "proj4/short_text.h"
+#include "text/strconv.h"
+
+struct zu_pj4_params {
+  Tzu_proj4_str set;
+};
+
+namespace {
+
+constexpr int failed = 0;
+constexpr int done = 1;
+
+constexpr int flag(bool value) noexcept { return value ? 1 : 0; }
+
+// Does to a set what only a null handle can keep from being done.
+template <class Operation>
+int act(zu_pj4_params* params, Operation operation) {
+  if (params == nullptr) return failed;
+  operation(params->set);
+  return done;
+}
+
+// Null for a name that no parameter, or none of the kind, has.
+template <class Param = Tzu_proj4_param>
+Param* find(zu_pj4_params* params, char const* name) {
+  if (params == nullptr || name == nullptr) return nullptr;
+  for (Tzu_proj4_param* const param : params->set.get_list())
+    if (zu::str::equal_no_case(param->name(), name)) return dynamic_cast<Param*>(param);
+  return nullptr;
+}
+
+}  // namespace
+
+zu_pj4_params* zu_pj4_params_create() { return std::make_unique<zu_pj4_params>().release(); }
+
+void zu_pj4_params_destroy(zu_pj4_params* params) {
+  std::unique_ptr<zu_pj4_params> const owned(params);
+}
+
+int zu_pj4_params_set(zu_pj4_params* params, char const* definition) {
+  if (definition == nullptr) return failed;
+  return act(params, [definition](auto& set) { set.set(definition); });
+}
+
+char const* zu_pj4_params_get(zu_pj4_params* params) {
+  return params == nullptr ? nullptr : params->set.get();
+}
+
+int zu_pj4_params_decompose(zu_pj4_params* params) {
+  return act(params, [](auto& set) { set.decompose(); });
+}
+
+int zu_pj4_params_compose(zu_pj4_params* params) {
+  return act(params, [](auto& set) { set.compose(); });
+}
+
+int zu_pj4_params_compose_for_proj4(zu_pj4_params* params) {
+  return act(params, [](auto& set) { set.compose_for_proj4(); });
+}
+
+int zu_pj4_params_set_all_undefined(zu_pj4_params* params) {
+  return act(params, [](auto& set) { set.set_all_undefined(); });
+}
+
+int zu_pj4_params_set_is_long_lat(zu_pj4_params* params) {
+  return act(params, [](auto& set) { set.set_is_long_lat(); });
+}
+
+int zu_pj4_params_set_is_lon_wrap(zu_pj4_params* params, int value) {
+  return act(params, [value](auto& set) { set.set_is_lon_wrap(value != 0); });
+}
+
+int zu_pj4_params_is_valid(zu_pj4_params* params) {
+  return flag(params != nullptr && params->set.is_valid());
+}
+
+int zu_pj4_params_is_sphere(zu_pj4_params* params) {
+  return flag(params != nullptr && params->set.is_sphere());
+}
+
+int zu_pj4_params_equal(zu_pj4_params* params, zu_pj4_params* other) {
+  return flag(params != nullptr && other != nullptr && params->set.equal(other->set));
+}
+
+int zu_pj4_params_get_is_long_lat(zu_pj4_params* params) {
+  return flag(params != nullptr && params->set.get_is_long_lat());
+}
+
+int zu_pj4_params_get_is_lon_wrap(zu_pj4_params* params) {
+  return flag(params != nullptr && params->set.get_is_lon_wrap());
+}
+
+int zu_pj4_params_get_text(zu_pj4_params* params, Izu_string_adp* adapter) {
+  if (adapter == nullptr) return failed;
+  return act(params, [adapter](auto& set) {
+    zu_string_adp_feed(adapter, zu::strconv::from_interface(set.get_text()).c_str());
+  });
+}
+
+int zu_pj4_params_get_short_text(char const* definition, Izu_string_adp* adapter) {
+  return flag(Tzu_short_text_helper::get_short_text(definition, adapter));
+}
+
+unsigned zu_pj4_params_get_count() { return Tzu_proj4_str::params_count; }
+
+char const* zu_pj4_params_get_name(zu_pj4_params* params, unsigned index) {
+  if (params == nullptr || index >= Tzu_proj4_str::params_count) return nullptr;
+  return params->set.get_list()[index]->get_name();
+}
+
+int zu_pj4_params_get_def(zu_pj4_params* params, char const* name) {
+  auto const* const param = find(params, name);
+  return flag(param != nullptr && param->get_def());
+}
+
+int zu_pj4_params_set_def(zu_pj4_params* params, char const* name, int def) {
+  auto* const param = find(params, name);
+  if (param == nullptr) return failed;
+  param->set_def(def != 0);
+  return done;
+}
+
+char const* zu_pj4_params_get_out_str(zu_pj4_params* params, char const* name) {
+  auto* const param = find(params, name);
+  return param == nullptr ? nullptr : param->get_out_str();
+}
+
+int zu_pj4_params_val_from_str(zu_pj4_params* params, char const* name, char const* text) {
+  auto* const param = find(params, name);
+  return flag(param != nullptr && text != nullptr && param->val_from_str(text));
+}
+
+int zu_pj4_params_get_str(zu_pj4_params* params, char const* name, char const** value) {
+  auto const* const param = find<Tzu_proj4_param_str>(params, name);
+  if (param == nullptr || value == nullptr) return failed;
+  *value = param->get_str();
+  return done;
+}
+
+int zu_pj4_params_set_str(zu_pj4_params* params, char const* name, char const* value) {
+  auto* const param = find<Tzu_proj4_param_str>(params, name);
+  if (param == nullptr || value == nullptr) return failed;
+  param->set_str(value);
+  return done;
+}
+
+int zu_pj4_params_get_dbl(zu_pj4_params* params, char const* name, double* value) {
+  auto const* const param = find<Tzu_proj4_param_dbl>(params, name);
+  if (param == nullptr || value == nullptr) return failed;
+  *value = param->get_dbl();
+  return done;
+}
+
+int zu_pj4_params_set_dbl(zu_pj4_params* params, char const* name, double value) {
+  auto* const param = find<Tzu_proj4_param_dbl>(params, name);
+  if (param == nullptr || !std::isfinite(value)) return failed;
+  param->set_dbl(value);
+  return done;
+}
+
+int zu_pj4_params_get_int(zu_pj4_params* params, char const* name, int* value) {
+  auto const* const param = find<Tzu_proj4_param_int>(params, name);
+  if (param == nullptr || value == nullptr) return failed;
+  *value = param->get_int();
+  return done;
+}
+
+int zu_pj4_params_set_int(zu_pj4_params* params, char const* name, int value) {
+  auto* const param = find<Tzu_proj4_param_int>(params, name);
+  if (param == nullptr) return failed;
+  param->set_int(value);
+  return done;
+}
+
+int zu_pj4_params_get_bool(zu_pj4_params* params, char const* name, int* value) {
+  auto const* const param = find<Tzu_proj4_param_bool>(params, name);
+  if (param == nullptr || value == nullptr) return failed;
+  *value = flag(param->get_bool());
+  return done;
+}
+
+int zu_pj4_params_set_bool(zu_pj4_params* params, char const* name, int value) {
+  auto* const param = find<Tzu_proj4_param_bool>(params, name);
+  if (param == nullptr) return failed;
+  param->set_bool(value != 0);
+  return done;
+}
+
+int zu_pj4_params_get_towgs84(zu_pj4_params* params, double* values) {
+  if (values == nullptr) return failed;
+  return act(params,
+             [values](auto& set) { std::ranges::copy(set.get_towgs84().get_values(), values); });
+}
+
+int zu_pj4_params_set_towgs84(zu_pj4_params* params, double const* values) {
+  if (params == nullptr || values == nullptr) return failed;
+  std::span<double const, Tzu_proj4_param_towgs84::count> const given(
+      values, Tzu_proj4_param_towgs84::count);
+  if (!std::ranges::all_of(given, [](double value) { return std::isfinite(value); })) return failed;
+  for (unsigned i = 0; i < given.size(); ++i) params->set.get_towgs84().set_dbl(i, given[i]);
+  return done;
+}

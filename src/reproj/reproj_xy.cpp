@@ -1,0 +1,125 @@
+#include "reproj/reproj_xy.h"
+
+#include <string_view>
+
+#include "proj4/proj4_str.h"
+#include "text/strconv.h"
+
+namespace {
+
+// Narrow text of any encoding that keeps ASCII as it is.
+std::string geographic_of(std::string const& definition) {
+  Tzu_proj4_str set;
+  set.set(definition.c_str());
+  set.decompose();
+  if (!set.get_proj().get_def()) return {};
+  set.set_is_long_lat();
+  set.compose();
+  return set.get();
+}
+
+std::wstring geographic_of(std::wstring_view definition) {
+  return zu::strconv::from_utf8(geographic_of(zu::strconv::to_utf8(definition)));
+}
+
+std::string composed_for_proj4(char const* definition) {
+  Tzu_proj4_str set;
+  set.set(definition);
+  set.decompose();
+  set.compose_for_proj4();
+  return set.get();
+}
+
+}  // namespace
+
+bool Tzu_reproj_xy::init_to_latlong(char const* definition) {
+  return init(definition, convert_to_latlong(definition).c_str());
+}
+
+bool Tzu_reproj_xy::init_to_latlong(wchar_t const* definition) {
+  return init(definition, geographic_of(definition == nullptr ? L"" : definition).c_str());
+}
+
+bool Tzu_reproj_xy::init_from_latlong(char const* definition) {
+  return init(convert_to_latlong(definition).c_str(), definition);
+}
+
+bool Tzu_reproj_xy::init_from_latlong(wchar_t const* definition) {
+  return init(geographic_of(definition == nullptr ? L"" : definition).c_str(), definition);
+}
+
+std::string Tzu_reproj_xy::convert_to_latlong(char const* definition) {
+  return geographic_of(std::string(definition == nullptr ? "" : definition));
+}
+
+bool Tzu_reproj_xy::rpj_is_needed(char const* source, char const* target) {
+  return composed_for_proj4(source) != composed_for_proj4(target);
+}
+
+void Tzu_reproj_xy::clear() noexcept {
+  exec_.clear();
+  before_ = {};
+  after_ = {};
+  use_reproj_ = true;
+}
+
+Tzu_matrix3x3 Tzu_reproj_xy::identity() noexcept {
+  Tzu_matrix3x3 matrix{};
+  zu_matrix3x3_init_single(&matrix);
+  return matrix;
+}
+
+void Tzu_reproj_xy::Taffine::set(Tzu_matrix3x3 const& wanted) noexcept {
+  matrix = wanted;
+  inverse = wanted;
+  // The last row takes no part in the step.
+  inverse.e[6] = 0;
+  inverse.e[7] = 0;
+  inverse.e[8] = 1;
+  is_singular = zu_matrix3x3_invert(&inverse) == 0;
+}
+
+bool Tzu_reproj_xy::has_singular() const noexcept {
+  return (before_.use && before_.is_singular) || (after_.use && after_.is_singular);
+}
+
+bool Tzu_reproj_xy::is_blocked(reproj_direction direction) const noexcept {
+  return (use_reproj_ && !exec_.has_operation()) ||
+         (direction == reproj_direction::backward && has_singular());
+}
+
+template <class Reproject>
+bool Tzu_reproj_xy::run(std::size_t count, double* x, double* y, reproj_direction direction,
+                        Reproject reproject) {
+  bool const forward = direction == reproj_direction::forward;
+  if (!forward && has_singular()) return false;
+  Taffine const& first = forward ? before_ : after_;
+  Taffine const& last = forward ? after_ : before_;
+  if (first.use) apply_affine_xy(forward ? first.matrix : first.inverse, count, x, y);
+  bool const done = !use_reproj_ || reproject();
+  if (last.use) apply_affine_xy(forward ? last.matrix : last.inverse, count, x, y);
+  return done;
+}
+
+bool Tzu_reproj_xy::apply(double* x, double* y, reproj_direction direction) {
+  return run(1, x, y, direction, [&] { return exec_.apply(x, y, direction); });
+}
+
+bool Tzu_reproj_xy::apply_xy(std::size_t count, double* x, double* y, reproj_direction direction) {
+  return run(count, x, y, direction, [&] { return exec_.apply(count, x, y, direction); });
+}
+
+void Tzu_reproj_xy::apply_affine(Tzu_matrix3x3 const& matrix, double* x, double* y) noexcept {
+  apply_affine_xy(matrix, 1, x, y);
+}
+
+void Tzu_reproj_xy::apply_affine_xy(Tzu_matrix3x3 const& matrix, std::size_t count, double* x,
+                                    double* y) noexcept {
+  auto const& e = matrix.e;
+  for (std::size_t i = 0; i < count; ++i) {
+    double const old_x = x[i];
+    double const old_y = y[i];
+    x[i] = e[0] * old_x + e[1] * old_y + e[2];
+    y[i] = e[3] * old_x + e[4] * old_y + e[5];
+  }
+}

@@ -1,0 +1,86 @@
+// The chain of a transformation: an affine step, the PROJ step, an affine step.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "reproj/reproj_xy_exec.h"
+#include "reproj/xy_array.h"
+#include "suite/zuk_prg.h"
+
+// Going backward, the inverted affine-after comes first and the inverted
+// affine-before last. Texts, coordinates and threads are as in
+// Tzu_reproj_xy_exec.
+class Tzu_reproj_xy {
+ public:
+  // Of the PROJ step; the affine steps and what is in use stay as they are. All
+  // are false when PROJ makes no operation.
+  bool init(char const* source, char const* target) { return exec_.init(source, target); }
+  bool init(wchar_t const* source, wchar_t const* target) { return exec_.init(source, target); }
+  // Between a definition and the geographic system of its own datum and ellipsoid.
+  bool init_to_latlong(char const* definition);
+  bool init_to_latlong(wchar_t const* definition);
+  bool init_from_latlong(char const* definition);
+  bool init_from_latlong(wchar_t const* definition);
+  // The text of that geographic system; empty for a definition without a projection.
+  static std::string convert_to_latlong(char const* definition);
+  // Whether two definitions are different systems, by the texts that PROJ is given.
+  static bool rpj_is_needed(char const* source, char const* target);
+  // As new: no operation, which is in use, and the identity for affine steps,
+  // which are not.
+  void clear() noexcept;
+
+  void set_use_reproj(bool use) noexcept { use_reproj_ = use; }
+  bool get_use_reproj() const noexcept { return use_reproj_; }
+  void set_use_affine_before(bool use) noexcept { before_.use = use; }
+  bool get_use_affine_before() const noexcept { return before_.use; }
+  void set_affine_before(Tzu_matrix3x3 const& matrix) noexcept { before_.set(matrix); }
+  void set_use_affine_after(bool use) noexcept { after_.use = use; }
+  bool get_use_affine_after() const noexcept { return after_.use; }
+  void set_affine_after(Tzu_matrix3x3 const& matrix) noexcept { after_.set(matrix); }
+
+  // Whether a step in use can do nothing at all in that direction: the PROJ step
+  // without an operation or, backward, a singular matrix.
+  bool is_blocked(reproj_direction direction) const noexcept;
+
+  // One point, two arrays of `count` elements, or an array of points, in place.
+  // The result is that of the PROJ step, true when that is not in use; the other
+  // steps are done in any case. With a singular matrix in use, going backward
+  // fails and changes nothing.
+  bool apply(double* x, double* y, reproj_direction direction = reproj_direction::forward);
+  bool apply_xy(std::size_t count, double* x, double* y,
+                reproj_direction direction = reproj_direction::forward);
+  bool apply_array(Tzu_xy_array& points, reproj_direction direction = reproj_direction::forward) {
+    return apply_xy(points.get_size(), points.get_x_ptr(), points.get_y_ptr(), direction);
+  }
+
+  // One affine step alone.
+  static void apply_affine(Tzu_matrix3x3 const& matrix, double* x, double* y) noexcept;
+  static void apply_affine_xy(Tzu_matrix3x3 const& matrix, std::size_t count, double* x,
+                              double* y) noexcept;
+  static void apply_affine_array(Tzu_matrix3x3 const& matrix, Tzu_xy_array& points) noexcept {
+    apply_affine_xy(matrix, points.get_size(), points.get_x_ptr(), points.get_y_ptr());
+  }
+
+ private:
+  static Tzu_matrix3x3 identity() noexcept;
+
+  struct Taffine {
+    void set(Tzu_matrix3x3 const& wanted) noexcept;
+
+    Tzu_matrix3x3 matrix = identity();
+    Tzu_matrix3x3 inverse = identity();
+    bool is_singular = false;
+    bool use = false;
+  };
+
+  template <class Reproject>
+  bool run(std::size_t count, double* x, double* y, reproj_direction direction,
+           Reproject reproject);
+  bool has_singular() const noexcept;
+
+  Tzu_reproj_xy_exec exec_;
+  Taffine before_;
+  Taffine after_;
+  bool use_reproj_ = true;
+};

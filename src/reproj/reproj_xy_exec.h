@@ -1,0 +1,70 @@
+// The PROJ step of a transformation: from one definition to another.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "proj4/proj_library.h"
+#include "reproj/xy_array.h"
+
+// From the source definition to the target, or back.
+enum class reproj_direction { forward, backward };
+
+// Geographic coordinates are degrees, longitude first; projected ones are in the
+// unit of their definition, easting first. A transformer has a PROJ context of
+// its own: the process's default context, which is the host's, is not touched,
+// and nothing is printed.
+//
+// One thread at a time uses a transformer; two transformers are independent.
+class Tzu_reproj_xy_exec {
+ public:
+  // Takes two PROJ.4 texts, narrow ones in the system's code page; null counts as
+  // empty. False when PROJ makes no operation of them; every apply then fails.
+  // The same two definitions again keep the operation, whose making is dear.
+  bool init(char const* source, char const* target);
+  bool init(wchar_t const* source, wchar_t const* target);
+  void clear() noexcept;
+  bool has_operation() const noexcept { return normalized_ != nullptr; }
+
+  // Transform in place. A point that fails is left with a coordinate that is not
+  // finite and makes the result false; the others are transformed all the same.
+  // Without an operation every result is false, and points of a geographic
+  // source are left in radians. Arrays are of `count` elements each.
+  bool apply(double* x, double* y, reproj_direction direction = reproj_direction::forward);
+  bool apply(std::size_t count, double* x, double* y,
+             reproj_direction direction = reproj_direction::forward);
+  bool apply(Tzu_xy_array& points, reproj_direction direction = reproj_direction::forward) {
+    return apply(points.get_size(), points.get_x_ptr(), points.get_y_ptr(), direction);
+  }
+
+  // Whether PROJ makes an operation of the definition in the form in which init
+  // would hand it over. Narrow text in the system's code page.
+  static bool verify_pj4str(char const* definition);
+
+  // Arrays from this size on are shared among the processors.
+  static std::size_t get_parallel_size() noexcept;
+
+ private:
+  // What a thread beside the caller's works with; kept for the next long array.
+  struct Thelper {
+    zu::proj_library::context context;
+    zu::proj_library::object operation;
+  };
+
+  bool create();
+  bool transform_shared(std::size_t count, double* x, double* y, PJ_DIRECTION direction);
+  // How many of the wanted there are.
+  std::size_t prepare_helpers(std::size_t wanted);
+
+  zu::proj_library::context context_;
+  zu::proj_library::object operation_;
+  zu::proj_library::object normalized_;
+  bool angular_input_ = false;
+  bool angular_output_ = false;
+  // What the operation was made of, as handed to PROJ.
+  std::string source_;
+  std::string target_;
+  std::vector<Thelper> helpers_;
+};
