@@ -1,5 +1,5 @@
-/* What a C host has from the suite's other modules: a string adapter, and the
-   interface language. */
+/* What the tests of the C-style layer share: checks, a string adapter made as a C
+   host makes it, and what only the platform and the suite can give. */
 #ifndef ZU_LAYER_SUPPORT_H
 #define ZU_LAYER_SUPPORT_H
 
@@ -9,14 +9,32 @@
 extern "C" {
 #endif
 
+/* Tells of a condition that does not hold; layer_result is main's result then. */
+#ifndef __cplusplus
+#define CHECK(condition) layer_check((condition) ? 1 : 0, #condition, __FILE__, __LINE__)
+#endif
+void layer_check(int holds, char const* what, char const* file, int line);
+int layer_result(void);
+
+/* Whether both are texts, and the same. */
+int layer_same(char const* left, char const* right);
+int layer_same_wide(wchar_t const* left, wchar_t const* right);
+
 /* The program's adapter, which has received nothing. */
 Izu_string_adp* layer_adapter(void);
 /* What it has received since; null when nothing of that width. */
 char const* layer_received_narrow(void);
 wchar_t const* layer_received_wide(void);
+/* How many texts that were. */
+int layer_received_count(void);
 
 /* The language: 1 is Russian, 0 English. */
 void layer_set_language(int language);
+/* Path of a file in a folder of the program's own, which goes with it. Valid until
+   the next call. */
+wchar_t const* layer_file(wchar_t const* name);
+/* A file's content, until the next call; null when there is none to be read. */
+char const* layer_content(wchar_t const* name);
 
 #ifdef __cplusplus
 }

@@ -31,6 +31,15 @@ std::optional<double> c_scan_double(std::string const& text) {
   return end != text.c_str() && std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
+// The texts that are a number and nothing else; "i", "n" and "x" begin other ones.
+std::optional<double> c_read_double(std::string const& text) {
+  char* end = nullptr;
+  static_cast<void>(std::strtod(text.c_str(), &end));
+  bool const whole = !text.empty() && end == text.c_str() + text.size();
+  bool const is_plain = text.find_first_of("inxX \t\n\v\f\r") == std::string::npos;
+  return whole && is_plain ? c_scan_double(text) : std::nullopt;
+}
+
 std::string c_format(double value, int digits) {
   std::array<char, 400> text{};
   int const length = std::snprintf(text.data(), text.size(), "%.*lg", digits, value);
@@ -43,8 +52,10 @@ TEST(Number, reads_doubles_like_the_c_library) {
       "12abc|abc12|nan|-inf|inf|infinity|1e999|-1e999|1e308|1e-308|1e400|0x1F|-0X1.8p1|0x.8|0x|0x-"
       "1|0xg|"
       "00012.500|1 2|1e5.5|0.1e-0002|\xA0 1");
-  for (std::string text; std::getline(texts, text, '|');)
+  for (std::string text; std::getline(texts, text, '|');) {
     EXPECT_EQ(zu::number::scan_double(text), c_scan_double(text)) << "\"" << text << "\"";
+    EXPECT_EQ(zu::number::read_double(text), c_read_double(text)) << "\"" << text << "\"";
+  }
 }
 
 TEST(Number, reads_random_texts_like_the_c_library) {
@@ -58,6 +69,7 @@ TEST(Number, reads_random_texts_like_the_c_library) {
     // Too small for a double: nobody's coordinate.
     if (value == 0 && text.find_first_of("123456789") < text.find_first_of("eE")) continue;
     ASSERT_EQ(zu::number::scan_double(text), c_scan_double(text)) << "\"" << text << "\"";
+    ASSERT_EQ(zu::number::read_double(text), c_read_double(text)) << "\"" << text << "\"";
   }
 }
 

@@ -12,7 +12,7 @@
 #include "fed_by.h"
 #include "interchange/known_systems.h"
 #include "interchange/proj4_conv.h"
-#include "interchange/zu_pj4.h"
+#include "zu_pj_edit/zu_pj4_layer.h"
 
 namespace {
 
@@ -25,18 +25,19 @@ std::wstring wide(std::string const& text) { return {text.begin(), text.end()}; 
 
 std::string to_esri(std::string const& definition) {
   return made_by([&](Izu_string_adp* adapter) {
-    return zu_pj4_export_esri(wide(definition).c_str(), adapter);
+    return zu_pj4_export_esri(wide(definition).c_str(), adapter) != 0;
   });
 }
 
 std::string from_esri(std::string const& wkt) {
-  return made_by(
-      [&](Izu_string_adp* adapter) { return zu_pj4_import_esri_prj(wide(wkt).c_str(), adapter); });
+  return made_by([&](Izu_string_adp* adapter) {
+    return zu_pj4_import_esri_prj(wide(wkt).c_str(), adapter) != 0;
+  });
 }
 
 std::string import_crs(std::string const& text) {
   return made_by(
-      [&](Izu_string_adp* adapter) { return zu_pj4_import_crs(wide(text).c_str(), adapter); });
+      [&](Izu_string_adp* adapter) { return zu_pj4_import_crs(wide(text).c_str(), adapter) != 0; });
 }
 
 std::string look_up(std::string const& definition) {
@@ -168,9 +169,9 @@ TEST(Mapping, names_systems_by_their_numbers) {
 std::string esri_geographic(std::string const& name, std::string const& datum,
                             std::string const& numbers = "") {
   std::string const shift = numbers.empty() ? "" : ",TOWGS84[" + numbers + "]";
-  return "GEOGCS[\"" + name + "\",DATUM[\"" + datum +
-         "\",SPHEROID[\"Krasovsky_1940\",6378245.0,298.3]" + shift +
-         "],PRIMEM[\"Greenwich\",0.0],UNIT[\"Degree\",0.0174532925199433]]";
+  return R"(GEOGCS[")" + name + R"(",DATUM[")" + datum +
+         R"(",SPHEROID["Krasovsky_1940",6378245.0,298.3])" + shift +
+         R"(],PRIMEM["Greenwich",0.0],UNIT["Degree",0.0174532925199433]])";
 }
 
 TEST(Esri_import, gives_a_datum_its_agreed_shift) {
@@ -214,9 +215,9 @@ TEST(Wkt_tag, is_the_first_quoted_text_behind_its_first_occurrence) {
     std::string name;
     std::string replaced;
   };
-  std::vector<Tcase> const cases{{"DATUM[\"a\"],DATUM[\"b\"]", "a", "DATUM[\"new\"],DATUM[\"b\"]"},
-                                 {"NO_DATUM_HERE \"x\" \"y\"", "x", "NO_DATUM_HERE \"new\" \"y\""},
-                                 {"DATUM[\"\"]", "", "DATUM[\"new\"]"},
+  std::vector<Tcase> const cases{{R"(DATUM["a"],DATUM["b"])", "a", R"(DATUM["new"],DATUM["b"])"},
+                                 {R"(NO_DATUM_HERE "x" "y")", "x", R"(NO_DATUM_HERE "new" "y")"},
+                                 {R"(DATUM[""])", "", R"(DATUM["new"])"},
                                  {"DATUM[\"open", "", "DATUM[\"open"},
                                  {"DATUM[a]", "", "DATUM[a]"},
                                  {"\"x\" DATUM", "", "\"x\" DATUM"},
@@ -281,8 +282,8 @@ TEST(Crs_import, takes_every_notation_and_reaches_for_nothing) {
       {"EPSG:99999999999999999999", "failed"},
       // Addresses and files.
       {"/etc/passwd", "failed"},
-      {"C:\\Windows\\win.ini", "failed"},
-      {"\\\\host\\share\\a.prj", "failed"},
+      {R"(C:\Windows\win.ini)", "failed"},
+      {R"(\\host\share\a.prj)", "failed"},
       {"//host/share/a.prj", "failed"},
       {"http://localhost:1/a.prj", "failed"},
       {"/vsicurl/http://localhost:1/a.prj", "failed"},

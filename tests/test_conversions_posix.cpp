@@ -7,11 +7,11 @@
 #include <iostream>
 
 #include "fed_by.h"
-#include "interchange/zu_pj4.h"
+#include "zu_pj_edit/zu_pj4_layer.h"
 
 namespace {
 
-using operation = bool (*)(wchar_t const*, Izu_string_adp*);
+using operation = int (*)(wchar_t const*, Izu_string_adp*);
 struct conversion {
   operation convert;
   wchar_t const* text;
@@ -45,7 +45,7 @@ std::size_t in_use_after(int rounds) {
       std::wstring result;
       Tzu_std_wstring_adapter target(&result);
       zu::string_adp const adapter(target);
-      EXPECT_EQ(c.convert(c.text, adapter.get()), c.succeeds);
+      EXPECT_EQ(c.convert(c.text, adapter.get()) != 0, c.succeeds);
     }
   }
   return mallinfo2().uordblks;

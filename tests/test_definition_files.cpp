@@ -7,7 +7,7 @@
 #include "core_support.h"
 #include "fed_by.h"
 #include "interchange/add_file.h"
-#include "interchange/zu_pj4.h"
+#include "zu_pj_edit/zu_pj4_layer.h"
 
 namespace {
 
@@ -195,21 +195,6 @@ TEST(Definition_file, huge_files_end_at_a_zero_or_are_refused) {
   put_file(file.string(), zone_7 + std::string(std::size_t{40} << 20U, ' '));
   EXPECT_EQ(load_esri(name), L"unfed");
   EXPECT_EQ(load_simple(name), L"unfed");
-}
-
-TEST(Definition_file, missing_arguments_fail) {
-  EXPECT_FALSE(zu_pj4_import_esri(nullptr, nullptr));
-  EXPECT_FALSE(zu_pj4_import_esri_prj(L"x", nullptr));
-  EXPECT_FALSE(zu_pj4_import_crs(L"EPSG:4326", nullptr));
-  EXPECT_FALSE(zu_pj4_export_esri(L"+proj=longlat +datum=WGS84", nullptr));
-  EXPECT_FALSE(zu_pj4_export_esri_prj(L"+proj=longlat +datum=WGS84", nullptr));
-  EXPECT_EQ(fed_by([](Izu_string_adp* adapter) {
-              zu_pj4_import_crs(nullptr, adapter);
-              zu_pj4_import_esri_prj(nullptr, adapter);
-              zu_pj4_export_esri(nullptr, adapter);
-              zu_pj4_load_simple_w(nullptr, adapter);
-            }),
-            L"unfed");
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include "core_support.h"
 #include "fed_by.h"
 #include "interchange/add_file.h"
-#include "interchange/zu_pj4.h"
+#include "zu_pj_edit/zu_pj4_layer.h"
 
 namespace {
 

@@ -1,23 +1,8 @@
 /* The parameter functions of the C-style layer, as a host in C calls them. */
 #include <math.h>
-#include <stdio.h>
-#include <string.h>
-#include <wchar.h>
+#include <stddef.h>
 
 #include "layer_support.h"
-
-static int failures = 0;
-
-static void check(int holds, char const* what, int line) {
-  if (holds) return;
-  ++failures;
-  (void)fprintf(stderr, "%s:%d: %s\n", __FILE__, line, what);
-}
-#define CHECK(condition) check((condition) ? 1 : 0, #condition, __LINE__)
-
-static int same(char const* left, char const* right) {
-  return left != NULL && right != NULL && strcmp(left, right) == 0;
-}
 
 static char const sample[] =
     "+proj=tmerc +lon_0=78.05 +lat_0=0 +x_0=4500000 +y_0=-5811057.628 +k_0=1 "
@@ -34,9 +19,9 @@ static void test_definition(void) {
   zu_pj4_params* const params = read_definition(sample);
   zu_pj4_params* const other = read_definition("+proj=merc +R=6371000 +towgs84=1,2,3");
   CHECK(zu_pj4_params_compose(params) == 1);
-  CHECK(same(zu_pj4_params_get(params), sample));
+  CHECK(layer_same(zu_pj4_params_get(params), sample));
   CHECK(zu_pj4_params_set(params, NULL) == 0);
-  CHECK(same(zu_pj4_params_get(params), sample));
+  CHECK(layer_same(zu_pj4_params_get(params), sample));
   CHECK(zu_pj4_params_is_valid(params) && !zu_pj4_params_is_sphere(params));
   CHECK(!zu_pj4_params_get_is_long_lat(params));
   CHECK(zu_pj4_params_equal(params, params) && !zu_pj4_params_equal(params, other));
@@ -45,12 +30,12 @@ static void test_definition(void) {
   CHECK(zu_pj4_params_get_is_lon_wrap(other));
   CHECK(zu_pj4_params_set_is_lon_wrap(other, 0) == 1 && !zu_pj4_params_get_is_lon_wrap(other));
   CHECK(zu_pj4_params_compose_for_proj4(other) == 1);
-  CHECK(same(zu_pj4_params_get(other), "+proj=merc +R=6371000 +no_defs"));
+  CHECK(layer_same(zu_pj4_params_get(other), "+proj=merc +R=6371000 +no_defs"));
 
   CHECK(zu_pj4_params_set_is_long_lat(params) == 1 && zu_pj4_params_get_is_long_lat(params));
   CHECK(zu_pj4_params_get_def(params, "ellps") && !zu_pj4_params_get_def(params, "lon_0"));
   CHECK(zu_pj4_params_set_all_undefined(params) == 1 && !zu_pj4_params_is_valid(params));
-  CHECK(zu_pj4_params_compose(params) == 1 && same(zu_pj4_params_get(params), ""));
+  CHECK(zu_pj4_params_compose(params) == 1 && layer_same(zu_pj4_params_get(params), ""));
   zu_pj4_params_destroy(params);
   zu_pj4_params_destroy(other);
 }
@@ -77,10 +62,10 @@ static void test_values(void) {
     double real = -1;
     int integer = -1;
     int flag = -1;
-    CHECK(same(name, names[i]));
+    CHECK(layer_same(name, names[i]));
     CHECK(zu_pj4_params_set_str(params, name, "text") == (kind == 's'));
     CHECK(zu_pj4_params_get_str(params, name, &text) == (kind == 's'));
-    CHECK(same(text, kind == 's' ? "text" : "kept"));
+    CHECK(layer_same(text, kind == 's' ? "text" : "kept"));
     CHECK(zu_pj4_params_set_dbl(params, name, 0.25) == (kind == 'd'));
     CHECK(zu_pj4_params_get_dbl(params, name, &real) == (kind == 'd'));
     CHECK(fabs(real - (kind == 'd' ? 0.25 : -1)) < 1e-12);
@@ -91,15 +76,15 @@ static void test_values(void) {
     CHECK(zu_pj4_params_get_bool(params, name, &flag) == (kind == 'b'));
     CHECK(flag == (kind == 'b' ? 1 : -1));
     CHECK(!zu_pj4_params_get_def(params, name) &&
-          same(zu_pj4_params_get_out_str(params, name), ""));
+          layer_same(zu_pj4_params_get_out_str(params, name), ""));
     CHECK(zu_pj4_params_set_dbl(params, name, NAN) == 0);
   }
   CHECK(zu_pj4_params_get_name(params, count) == NULL);
 
   CHECK(zu_pj4_params_set_def(params, "LON_0", 2) == 1 && zu_pj4_params_get_def(params, "lon_0"));
-  CHECK(same(zu_pj4_params_get_out_str(params, "lon_0"), "+lon_0=0.25 "));
+  CHECK(layer_same(zu_pj4_params_get_out_str(params, "lon_0"), "+lon_0=0.25 "));
   CHECK(zu_pj4_params_val_from_str(params, "zone", " 7 ") == 1);
-  CHECK(same(zu_pj4_params_get_out_str(params, "zone"), "+zone=7 "));
+  CHECK(layer_same(zu_pj4_params_get_out_str(params, "zone"), "+zone=7 "));
   CHECK(zu_pj4_params_val_from_str(params, "zone", "seven") == 0);
   CHECK(!zu_pj4_params_get_def(params, "zone"));
   zu_pj4_params_destroy(params);
@@ -114,26 +99,29 @@ static void test_towgs84(void) {
   CHECK(zu_pj4_params_set_towgs84(params, values) == 1);
   values[0] = INFINITY;
   CHECK(zu_pj4_params_set_towgs84(params, values) == 0);
-  CHECK(same(zu_pj4_params_get_out_str(params, "towgs84"), "+towgs84=1,2.5,-3,0,0,0,-0.12 "));
+  CHECK(layer_same(zu_pj4_params_get_out_str(params, "towgs84"), "+towgs84=1,2.5,-3,0,0,0,-0.12 "));
   CHECK(zu_pj4_params_get_towgs84(params, NULL) == 0);
   CHECK(zu_pj4_params_set_towgs84(params, NULL) == 0);
   zu_pj4_params_destroy(params);
 }
 
 static void test_texts(void) {
+  static wchar_t const line[] = L"\u041F\u0440\u043E\u0435\u043A\u0446\u0438\u044F = merc\r\n";
   zu_pj4_params* const params = read_definition("+proj=merc");
   layer_set_language(1);
   CHECK(zu_pj4_params_get_text(params, layer_adapter()) == 1);
-  CHECK(layer_received_narrow() == NULL && layer_received_wide() != NULL &&
-        wcscmp(layer_received_wide(),
-               L"\u041F\u0440\u043E\u0435\u043A\u0446\u0438\u044F = merc\r\n") == 0);
+  CHECK(layer_received_count() == 1 && layer_same_wide(layer_received_wide(), line));
   CHECK(zu_pj4_params_get_text(params, NULL) == 0);
-  CHECK(zu_pj4_params_get_short_text("+proj=merc +lon_0=39", layer_adapter()) == 1);
-  CHECK(same(layer_received_narrow(), "Mercator; 39; "));
-  CHECK(zu_pj4_params_get_short_text("+lon_0=39", layer_adapter()) == 0);
-  CHECK(zu_pj4_params_get_short_text(NULL, layer_adapter()) == 0);
-  CHECK(layer_received_narrow() == NULL && layer_received_wide() == NULL);
-  CHECK(zu_pj4_params_get_short_text("+proj=merc", NULL) == 0);
+  CHECK(zu_pj4_get_text("+proj=merc +no_defs", layer_adapter()) == 1);
+  CHECK(layer_received_count() == 1 && layer_same_wide(layer_received_wide(), line));
+  CHECK(zu_pj4_get_short_text("+proj=merc +lon_0=39", layer_adapter()) == 1);
+  CHECK(layer_received_count() == 1 && layer_same(layer_received_narrow(), "Mercator; 39; "));
+  CHECK(zu_pj4_get_short_text("+lon_0=39", layer_adapter()) == 0);
+  CHECK(zu_pj4_get_short_text(NULL, layer_adapter()) == 0);
+  CHECK(zu_pj4_get_text(NULL, layer_adapter()) == 0);
+  CHECK(layer_received_count() == 0);
+  CHECK(zu_pj4_get_text("+proj=merc", NULL) == 0);
+  CHECK(zu_pj4_get_short_text("+proj=merc", NULL) == 0);
   zu_pj4_params_destroy(params);
 }
 
@@ -177,7 +165,7 @@ static void test_nothing_given(void) {
   CHECK(zu_pj4_params_get_int(params, "zone", NULL) == 0);
   CHECK(zu_pj4_params_get_bool(params, "south", NULL) == 0);
   CHECK(text == sample && number == 7 && fabs(numbers[0] - 1) < 1e-12);
-  CHECK(zu_pj4_params_compose(params) == 1 && same(zu_pj4_params_get(params), sample));
+  CHECK(zu_pj4_params_compose(params) == 1 && layer_same(zu_pj4_params_get(params), sample));
   zu_pj4_params_destroy(params);
   zu_pj4_params_destroy(NULL);
 }
@@ -188,5 +176,5 @@ int main(void) {
   test_towgs84();
   test_texts();
   test_nothing_given();
-  return failures == 0 ? 0 : 1;
+  return layer_result();
 }

@@ -1,19 +1,10 @@
 /* The reprojection functions of the C-style layer, as a host in C calls them. */
 #include <math.h>
-#include <stdio.h>
 #include <string.h>
 #include <wchar.h>
 
-#include <zu_pj_edit/zu_pj4_layer.h>
+#include "layer_support.h"
 
-static int failures = 0;
-
-static void check(int holds, char const* what, int line) {
-  if (holds) return;
-  ++failures;
-  (void)fprintf(stderr, "%s:%d: %s\n", __FILE__, line, what);
-}
-#define CHECK(condition) check((condition) ? 1 : 0, #condition, __LINE__)
 #define NEAR(left, right, digit) CHECK(fabs((left) - (right)) < (digit))
 
 /* The origin of a zone is known without any transformation. */
@@ -283,5 +274,5 @@ int main(void) {
   test_one_way();
   test_both_ways();
   test_nothing_given();
-  return failures == 0 ? 0 : 1;
+  return layer_result();
 }

@@ -3,35 +3,74 @@
    functions of zu_pj_edit.h alone. This header compiles alone, as C and as C++.
 
    What holds for the whole layer
-   - Thread: one, the one that calls the dialog; nothing is locked.
+   - Threads: nothing is locked. A zu_rpj_ handle, and geometry, may be used on any
+     thread, by one call at a time; calls on different ones may run at the same
+     time, and beside anything else. Of all other functions, and the dialog, one
+     runs at a time in the process: they share the catalogue, the interface
+     language and PROJ's default context, which nobody else may use meanwhile.
    - Results: functions that return int return 1 for success or yes and 0 for
-     failure or no. A null handle and a null text give the failure result and
-     change nothing. Nothing is shown to the user. Beyond a lack of memory
-     nothing is thrown.
+     failure or no. A null handle, text, file name, adapter or place for a result
+     is a failure, which changes and writes nothing. Nothing is shown to the user.
+     Beyond a lack of memory nothing is thrown.
    - Handles belong to the caller: what a function ending in "_create" gave goes
      to the "_destroy" of the same prefix.
    - Text: narrow text is 8-bit in the system's ANSI code page, as in
      zu_pj_edit.h; wide text is UTF-16 on Windows and UTF-32 elsewhere. Both are
      zero-terminated. A text that is returned as a pointer belongs to the
      library; how long it is valid stands with its function.
-   - Adapters: a result text goes into a string adapter of the host suite's base
-     library (zuk_basic), once and on success only. The adapter stays the
-     caller's. */
+   - Adapters: a result text is fed into a string adapter (string_adp.h), once and
+     on success only. The adapter stays the caller's. */
 #ifndef ZU_PJ4_LAYER_H
 #define ZU_PJ4_LAYER_H
 
 #include <stddef.h>
 
 #include "geometry.h"
+#include "string_adp.h"
 
 #ifdef __cplusplus
 extern "C" {
 #endif
 
-/* Receiver of one result text; made and freed with the suite's
-   zu_string_adp_create and zu_string_adp_destroy. */
-struct Izu_string_adp;
-typedef struct Izu_string_adp Izu_string_adp;
+/* --- Definitions in other notations, and their files -----------------------
+
+   Definitions are PROJ.4 texts. Results come as narrow or as wide text, so the
+   adapter needs both callbacks. ESRI WKT is in ASCII as the library writes it.
+   docs/known-limits.md tells what a conversion loses. */
+
+/* Reads a .pj4 file: an INI file with the definition as key "pj4" of section
+   "projection" (empty when the key is missing), or the definition alone, which
+   begins with "+". A "+init=" in it is replaced by what zu_pj4_import_crs makes of
+   the code behind it. Leaves the adapter unfed on failure. */
+void zu_pj4_load_simple_w(wchar_t const* name, Izu_string_adp* adapter);
+/* Writes one, as an INI file in the system's ANSI code page; an existing file is
+   replaced. */
+void zu_pj4_save_simple_w(wchar_t const* name, wchar_t const* definition);
+
+/* A definition to ESRI WKT: that of the known system which it equals, or else
+   GDAL's. And into an ESRI projection file (.prj), which stays as it was when the
+   conversion fails. */
+int zu_pj4_export_esri(wchar_t const* definition, Izu_string_adp* adapter);
+int zu_pj4_export_esri_prj(wchar_t const* definition, wchar_t const* name);
+
+/* A definition from an ESRI projection file; from ESRI WKT, despite the name; and
+   from any text that names or defines a coordinate system: "EPSG:28407", a URN,
+   WKT, PROJJSON, PROJ.4, a name. Nothing in a text makes a file or a connection be
+   opened but PROJ's own data. */
+int zu_pj4_import_esri(wchar_t const* name, Izu_string_adp* adapter);
+int zu_pj4_import_esri_prj(wchar_t const* wkt, Izu_string_adp* adapter);
+int zu_pj4_import_crs(wchar_t const* text, Izu_string_adp* adapter);
+
+/* --- Descriptions of a definition for a user -------------------------------- */
+
+/* Feeds a line "caption = value\r\n" for each parameter that the definition gives,
+   in the host's interface language. It is fed as wide text, since the system's
+   code page need not have Russian letters. */
+int zu_pj4_get_text(char const* definition, Izu_string_adp* adapter);
+/* Feeds a summary in one line: the catalogue's caption of the projection and the
+   values, each followed by "; ". It is fed as narrow text. Fails for a definition
+   without a projection. */
+int zu_pj4_get_short_text(char const* definition, Izu_string_adp* adapter);
 
 /* --- Parameters of a definition ------------------------------------------
 
@@ -81,14 +120,8 @@ int zu_pj4_params_equal(zu_pj4_params* params, zu_pj4_params* other);
 int zu_pj4_params_get_is_long_lat(zu_pj4_params* params);
 int zu_pj4_params_get_is_lon_wrap(zu_pj4_params* params);
 
-/* Feeds the description for a user: a line "caption = value\r\n" for each defined
-   parameter, in the host's interface language. It is fed as wide text, since the
-   system's code page need not have Russian letters. */
+/* Feeds what zu_pj4_get_text feeds, of the parameters as they are. */
 int zu_pj4_params_get_text(zu_pj4_params* params, Izu_string_adp* adapter);
-/* Feeds the one-line summary of a definition: the catalogue's caption of its
-   projection and the values, each followed by "; ". It is fed as narrow text.
-   Fails for a definition without a projection. */
-int zu_pj4_params_get_short_text(char const* definition, Izu_string_adp* adapter);
 
 /* How many parameters there are, and the name of each from 0 on: null from the
    count on and for a null handle. A name is valid as long as its handle. */
@@ -138,8 +171,7 @@ int zu_pj4_params_set_towgs84(zu_pj4_params* params, double const values[7]);
      result is 0, and points of a geographic source are left in radians.
    - Long sequences are shared among the processors for the length of the call;
      the results are the same to the last bit. A handle keeps the memory of its
-     longest sequence until clear_buffer or destroy.
-   - Handles are independent: each may be used on a thread of its own. */
+     longest sequence until clear_buffer or destroy. */
 
 typedef struct zu_rpj_d2 zu_rpj_d2;
 typedef struct zu_rpj_fb_d2 zu_rpj_fb_d2;

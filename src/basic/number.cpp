@@ -83,6 +83,18 @@ std::optional<double> scan_double(std::string_view text) noexcept {
   return negative ? -value : value;
 }
 
+std::optional<double> read_double(std::string_view text) noexcept {
+  if (text.empty() || is_white_space(text.front())) return std::nullopt;
+  auto const [digits, negative] = take_sign(text);
+  char const* const last = digits.data() + digits.size();
+  double value = 0;
+  if (!scan_plain(digits, value)) {
+    auto const [end, error] = std::from_chars(digits.data(), last, value);
+    if (error != std::errc{} || end != last || !std::isfinite(value)) return std::nullopt;
+  }
+  return negative ? -value : value;
+}
+
 std::optional<int> scan_int(std::string_view text) noexcept {
   auto const [digits, negative] = take_sign(text);
   long long value = 0;

@@ -17,6 +17,10 @@ namespace zu::number {
 // NaNs and overflows are no coordinates and count as unreadable.
 std::optional<double> scan_double(std::string_view text) noexcept;
 
+// Reads a text that is a number and nothing else, in decimal: where what follows
+// a number would change its meaning ("37-30"). Empty for any other.
+std::optional<double> read_double(std::string_view text) noexcept;
+
 // Reads the integer at the start of `text` by the rules of "%d". Empty when
 // there is none or when it does not fit 32 bits.
 std::optional<int> scan_int(std::string_view text) noexcept;

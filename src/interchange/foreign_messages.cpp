@@ -2,6 +2,8 @@
 
 #include <cpl_error.h>
 
+#include <utility>
+
 namespace zu::foreign_messages {
 namespace {
 
@@ -25,8 +27,8 @@ void on_proj_message(void* /*context*/, int /*level*/, char const* message) { pa
 
 }  // namespace
 
-void set_sink(sink installed) {
-  receiver() = std::move(installed);
+void set_sink(sink wanted) {
+  receiver() = std::move(wanted);
   if (receiver()) proj_log_func(nullptr, nullptr, &on_proj_message);
 }
 

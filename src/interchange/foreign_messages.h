@@ -12,7 +12,7 @@ namespace zu::foreign_messages {
 // shown. A program installs one for its whole life; it changes how PROJ's default
 // context reports, which a library inside somebody else's program must not.
 using sink = std::function<void(std::string_view)>;
-void set_sink(sink receiver);
+void set_sink(sink wanted);
 
 // Within its scope messages of this thread go to the sink, or nowhere.
 class Tscope {

@@ -14,7 +14,7 @@ constexpr double tolerance = 1e-5;
 // The parameters that tell most rows apart. Equal definitions agree in each or
 // have it undefined on both sides; so only rows that agree need the comparison.
 struct key {
-  std::array<double, 5> values;
+  std::array<double, 5> values{};
 
   explicit key(Tzu_proj4_str& set) {
     // Farther from any number of a definition than the tolerance.

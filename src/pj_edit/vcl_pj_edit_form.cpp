@@ -5,10 +5,10 @@
 
 #include "basic/file.h"
 #include "basic/path.h"
-#include "interchange/zu_pj4.h"
 #include "pj_edit/panel_tools.h"
 #include "text/strconv.h"
 #include "text/string_adapter.h"
+#include "zu_pj_edit/zu_pj4_layer.h"
 
 namespace {
 

@@ -38,7 +38,24 @@ Param* find(zu_pj4_params* params, char const* name) {
   return nullptr;
 }
 
+void feed_text(Tzu_proj4_str& set, Izu_string_adp* adapter) {
+  zu_string_adp_feed(adapter, zu::strconv::from_interface(set.get_text()).c_str());
+}
+
 }  // namespace
+
+int zu_pj4_get_text(char const* definition, Izu_string_adp* adapter) {
+  if (definition == nullptr || adapter == nullptr) return failed;
+  Tzu_proj4_str set;
+  set.set(definition);
+  set.decompose();
+  feed_text(set, adapter);
+  return done;
+}
+
+int zu_pj4_get_short_text(char const* definition, Izu_string_adp* adapter) {
+  return flag(Tzu_short_text_helper::get_short_text(definition, adapter));
+}
 
 zu_pj4_params* zu_pj4_params_create() { return std::make_unique<zu_pj4_params>().release(); }
 
@@ -101,13 +118,7 @@ int zu_pj4_params_get_is_lon_wrap(zu_pj4_params* params) {
 
 int zu_pj4_params_get_text(zu_pj4_params* params, Izu_string_adp* adapter) {
   if (adapter == nullptr) return failed;
-  return act(params, [adapter](auto& set) {
-    zu_string_adp_feed(adapter, zu::strconv::from_interface(set.get_text()).c_str());
-  });
-}
-
-int zu_pj4_params_get_short_text(char const* definition, Izu_string_adp* adapter) {
-  return flag(Tzu_short_text_helper::get_short_text(definition, adapter));
+  return act(params, [adapter](auto& set) { feed_text(set, adapter); });
 }
 
 unsigned zu_pj4_params_get_count() { return Tzu_proj4_str::params_count; }

@@ -7,8 +7,8 @@
 #include "epsg_survey.h"
 #include "interchange/foreign_messages.h"
 #include "interchange/spatial_reference.h"
-#include "interchange/zu_pj4.h"
 #include "text/string_adapter.h"
+#include "zu_pj_edit/zu_pj4_layer.h"
 
 namespace epsg_survey {
 namespace {
@@ -129,8 +129,9 @@ conversion_report survey_import(std::size_t step) {
   for_each_code(step, [&](libproj::Tcontext const& context, std::string const& input, PJ const*) {
     std::string const gdals = proj4_by_gdal(input);
     std::string const expected = gdals.empty() ? proj4_by_proj(context, input) : gdals;
-    std::string const text = ours(
-        [&](Izu_string_adp* adapter) { return zu_pj4_import_crs(wide(input).c_str(), adapter); });
+    std::string const text = ours([&](Izu_string_adp* adapter) {
+      return zu_pj4_import_crs(wide(input).c_str(), adapter) != 0;
+    });
     ++report.counts[!gdals.empty() ? "as GDAL" : !expected.empty() ? "as PROJ" : "by neither"];
     if (text != expected) report.mistakes.push_back(input + "\n  " + expected + "\n  " + text);
   });
@@ -148,10 +149,10 @@ conversion_report survey_esri(std::size_t step) {
           return;
         }
         std::string const wkt = ours([&](Izu_string_adp* adapter) {
-          return zu_pj4_export_esri(wide(source).c_str(), adapter);
+          return zu_pj4_export_esri(wide(source).c_str(), adapter) != 0;
         });
         std::string const back = ours([&](Izu_string_adp* adapter) {
-          return zu_pj4_import_esri_prj(wide(wkt).c_str(), adapter);
+          return zu_pj4_import_esri_prj(wide(wkt).c_str(), adapter) != 0;
         });
         auto const points = points_in(context, crs);
         bool const gdal_keeps = is_same(context, source, gdals, points);

@@ -17,11 +17,11 @@
 #include "interchange/add_file.h"
 #include "interchange/foreign_messages.h"
 #include "interchange/known_system_index.h"
-#include "interchange/zu_pj4.h"
 #include "terminal.h"
 #include "text/strconv.h"
 #include "text/string_adapter.h"
 #include "transformations.h"
+#include "zu_pj_edit/zu_pj4_layer.h"
 
 namespace conversions {
 namespace {
@@ -73,7 +73,7 @@ bool is_esri_name(std::string_view name) {
   return name.size() >= 4 && zu::str::equal_no_case(name.substr(name.size() - 4), ".prj");
 }
 
-using convert_text = bool (*)(wchar_t const*, Izu_string_adp*);
+using convert_text = int (*)(wchar_t const*, Izu_string_adp*);
 
 // Prints a line for each text, and an empty one for what fails, so that lines
 // stay beside those they were made of. Empty lines of input make empty lines.
@@ -85,7 +85,9 @@ int convert_texts(std::vector<std::string> const& texts, convert_text convert,
   auto const convert_one = [&](std::string const& text) {
     std::wstring result;
     std::wstring const wide = terminal::to_wide(text);
-    auto const produce = [&](Izu_string_adp* adapter) { return convert(wide.c_str(), adapter); };
+    auto const produce = [&](Izu_string_adp* adapter) {
+      return convert(wide.c_str(), adapter) != 0;
+    };
     if (!collect(produce, result)) {
       env.error(failure(text) + reasons.take());
       status = exit_some_failed;
@@ -119,7 +121,7 @@ std::string read_file(std::string const& name, bool is_esri) {
   Treasons reasons;
   std::wstring definition;
   auto const produce = [&](Izu_string_adp* adapter) {
-    return is_esri ? zu_pj4_import_esri(wide.c_str(), adapter)
+    return is_esri ? zu_pj4_import_esri(wide.c_str(), adapter) != 0
                    : Tzu_add_file::load_pj4_simple(wide, adapter);
   };
   if (collect(produce, definition) && !definition.empty()) return terminal::from_wide(definition);
@@ -163,7 +165,7 @@ std::string from_esri(std::string const& name) {
   std::wstring definition;
   Treasons reasons;
   auto const produce = [&](Izu_string_adp* adapter) {
-    return zu_pj4_import_esri_prj(wkt.c_str(), adapter);
+    return zu_pj4_import_esri_prj(wkt.c_str(), adapter) != 0;
   };
   if (!collect(produce, definition)) throw Terror("standard input: no ESRI WKT" + reasons.take());
   return terminal::from_wide(definition);
@@ -223,12 +225,12 @@ void save(std::string const& definition, std::string const& name) {
     return;
   }
   Treasons reasons;
-  if (zu_pj4_export_esri_prj(text.c_str(), wide.c_str())) return;
+  if (zu_pj4_export_esri_prj(text.c_str(), wide.c_str()) != 0) return;
   std::string const reason = reasons.take();
   // The conversion may have failed, or the write after it.
   std::wstring ignored;
   auto const produce = [&](Izu_string_adp* adapter) {
-    return zu_pj4_export_esri(text.c_str(), adapter);
+    return zu_pj4_export_esri(text.c_str(), adapter) != 0;
   };
   throw Terror(collect(produce, ignored) ? "cannot write " + name : no_esri(definition) + reason);
 }

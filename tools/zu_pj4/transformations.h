@@ -3,9 +3,9 @@
 // unit of the projected system, easting first. What cannot be done is Terror.
 #pragma once
 
-#include <array>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "basic/env.h"
 
@@ -25,13 +25,14 @@ struct request {
   std::optional<int> digits;  // behind the point; the system's usual without
 };
 
-// Lines of a file, or of standard input for an empty name, to standard output:
-// the first two numbers of each are the point, all else stays. Separators are
-// blanks, commas, semicolons and tabs; empty lines and those that begin with "#"
-// pass. The result is the exit status.
+// Lines of a file, or of standard input for an empty name, to standard output: the
+// first two columns of each are the point, all else stays. Columns are separated
+// by blanks and tabs, or a comma or semicolon; empty lines and those that begin
+// with "#" pass. "*" stands for both coordinates of a point that fails, and "* * "
+// before a line that begins with no point. The result is the exit status.
 int transform(request const& wanted, std::string const& file, Tzu_env& env);
 
-// The box of the transformed box, in one line: x0 y0 x1 y1.
-std::string box(request const& wanted, std::array<double, 4> const& corners);
+// The box of a transformed box, in one line; both are x0, y0, x1, y1.
+std::string box(request const& wanted, std::vector<std::string> const& corners);
 
 }  // namespace transformations

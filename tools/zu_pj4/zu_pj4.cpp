@@ -87,7 +87,7 @@ struct options {
   bool all = false;
   bool is_short = false;
   transformations::request transformation;
-  std::vector<double> corners;
+  std::vector<std::string> corners;
 };
 
 int known(options const& chosen) {
@@ -164,7 +164,7 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
                  "folder with the catalogue's tables (default: prj_def beside this program)")
       ->type_name("DIR")
       ->check(&check_folder);
-  app.add_option("--lang", chosen.lang, "language of the dialog: en or ru")
+  app.add_option("--lang", chosen.lang, "language of the dialog and of descriptions: en or ru")
       ->type_name("LANG")
       ->check(CLI::IsMember({"en", "ru"}));
 
@@ -262,10 +262,7 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
   if (*describe_command) std::cout << transformations::describe(chosen.definition, chosen.is_short);
   if (*transform_command)
     return transformations::transform(chosen.transformation, chosen.file, env);
-  if (*box_command) {
-    auto const& c = chosen.corners;
-    std::cout << transformations::box(chosen.transformation, {c[0], c[1], c[2], c[3]});
-  }
+  if (*box_command) std::cout << transformations::box(chosen.transformation, chosen.corners);
   return 0;
 }
 

@@ -1,0 +1,60 @@
+// Lines of text whose first two columns are points, on one thread.
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "basic/thread.h"
+#include "reproj/reproj_xy_exec.h"
+#include "reproj/xy_array.h"
+
+namespace transformations {
+
+struct line_view;
+
+class Tline_worker {
+ public:
+  Tline_worker();
+  ~Tline_worker();
+  Tline_worker(Tline_worker const&) = delete;
+  Tline_worker& operator=(Tline_worker const&) = delete;
+
+  // Definitions in the library's encoding. False when there is no transformation.
+  // Costs nothing the second time.
+  bool init(std::string const& from, std::string const& to, reproj_direction direction, int digits);
+
+  // Starts on a block of whole lines, which must stay until `finish`; on a thread of
+  // its own where there is one to be had. Otherwise it is done by now.
+  void start(std::string_view block);
+  // The same on the caller's thread.
+  void run(std::string_view block) noexcept;
+  // What has become of the block; valid until the next start. Throws what went wrong.
+  std::string const& finish();
+
+  // The points so far, and those of them that could not be transformed.
+  std::uint64_t count() const { return count_; }
+  std::uint64_t failed() const { return failed_; }
+
+ private:
+  static void run_worker(void* context);
+  void transform_lines();
+  void put(line_view const& line, std::size_t& at);
+  void put_number(bool done, double value);
+
+  int digits_ = 0;
+  reproj_direction direction_ = reproj_direction::forward;
+  Tzu_reproj_xy_exec exec_;
+  std::string_view block_;
+  std::vector<line_view> lines_;
+  Tzu_xy_array points_;
+  std::string output_;
+  std::uint64_t count_ = 0;
+  std::uint64_t failed_ = 0;
+  std::exception_ptr failure_;
+  zu::Tthread thread_;  // joined before the rest goes
+};
+
+}  // namespace transformations
