@@ -25,6 +25,10 @@ if(ZU_BUILD_PROGRAMS)
 endif()
 # Programs look for the catalogue beside themselves.
 install(DIRECTORY "${PROJECT_BINARY_DIR}/bin/prj_def" DESTINATION "${CMAKE_INSTALL_BINDIR}")
+# And for PROJ's database, where PROJ is a part of them.
+if(WIN32)
+  install(FILES "${ZU_PROJ_DB}" DESTINATION "${CMAKE_INSTALL_BINDIR}")
+endif()
 
 set(zu_package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/zu_pj_edit")
 configure_package_config_file(

@@ -8,6 +8,30 @@
 #include "platform_support.h"
 
 namespace core_test {
+namespace {
+
+struct pause_watch {
+  std::vector<unsigned> made;
+  std::function<void(std::size_t)> in_pause;
+};
+
+pause_watch*& watch() {
+  static pause_watch* instance = nullptr;
+  return instance;
+}
+
+}  // namespace
+
+// Stands for the system's function in this program, under both of its names.
+void WINAPI watched_sleep(DWORD milliseconds) __asm__("Sleep");
+void WINAPI watched_sleep(DWORD milliseconds) {
+  if (watch() == nullptr) {
+    SleepEx(milliseconds, FALSE);
+    return;
+  }
+  watch()->made.push_back(milliseconds);
+  if (watch()->in_pause) watch()->in_pause(watch()->made.size());
+}
 
 // Handed down are an event, by which the process tells that it has the file, and
 // a mutex, which it waits for: it gets it also when this process dies.
@@ -44,4 +68,17 @@ void Tfile_holder::let_go() {
   process_.reset();
 }
 
+std::vector<unsigned> pauses_of(std::function<void()> const& act,
+                                std::function<void(std::size_t)> const& in_pause) {
+  pause_watch watching{{}, in_pause};
+  watch() = &watching;
+  act();
+  watch() = nullptr;
+  return watching.made;
+}
+
 }  // namespace core_test
+
+// NOLINTNEXTLINE(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the linker's name
+extern "C" decltype(&Sleep) __imp_Sleep;
+decltype(&Sleep) __imp_Sleep = &core_test::watched_sleep;

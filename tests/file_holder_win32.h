@@ -1,10 +1,14 @@
-// A second process that keeps a file from others until it is told to let go.
+// A second process that keeps a file from others until it is told to let go, and
+// the pauses that a program makes for it.
 #pragma once
 
 #include <windows.h>
 
+#include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace core_test {
 
@@ -32,5 +36,10 @@ class Tfile_holder {
   handle process_;
   handle told_;
 };
+
+// Runs `act`, whose calls of Sleep take no time, and gives their milliseconds.
+// Each calls `in_pause` with its number, from 1.
+std::vector<unsigned> pauses_of(std::function<void()> const& act,
+                                std::function<void(std::size_t)> const& in_pause = {});
 
 }  // namespace core_test

@@ -6,6 +6,7 @@
 #include <iostream>
 
 #include "conversion_survey.h"
+#include "core_support.h"
 
 namespace {
 
@@ -14,6 +15,7 @@ constexpr std::size_t step = 29;
 void expect_no_mistakes(epsg_survey::conversion_report const& report) {
   for (auto const& [what, count] : report.counts) std::cout << what << ": " << count << '\n';
   for (auto const& mistake : report.mistakes) ADD_FAILURE() << mistake;
+  for (auto const& text : report.texts) core_test::recorded(text);
 }
 
 TEST(Epsg_conversions, import_as_gdal_or_else_as_proj) {

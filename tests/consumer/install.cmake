@@ -6,9 +6,13 @@ execute_process(
   COMMAND_ERROR_IS_FATAL ANY)
 file(RENAME "${prefix}" "${moved}")
 
+set(database)
+if(windows)
+  set(database bin/proj.db)
+endif()
 foreach(file include/zu_pj_edit/zu_pj_edit.h include/zu_pj_edit/version.h
              bin/prj_def/pj_proj1.dbf bin/prj_def/pj_proj2.dbf
-             bin/prj_def/pj_datum.dbf bin/prj_def/pj_ellps.dbf)
+             bin/prj_def/pj_datum.dbf bin/prj_def/pj_ellps.dbf ${database})
   if(NOT EXISTS "${moved}/${file}")
     message(FATAL_ERROR "not installed: ${file}")
   endif()

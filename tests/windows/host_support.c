@@ -44,11 +44,15 @@ void library_path(wchar_t* path, size_t size, wchar_t const* name) {
   (void)swprintf(program + 1, size - (size_t)(program + 1 - path), L"%ls", name);
 }
 
+static wchar_t const* library_name = L"zu_pj_edit.dll";
+
+void use_library(wchar_t const* name) { library_name = name; }
+
 library* the_library(void) {
   static library loaded;
   if (loaded.module != NULL) return &loaded;
   wchar_t path[MAX_PATH];
-  library_path(path, MAX_PATH, L"zu_pj_edit.dll");
+  library_path(path, MAX_PATH, library_name);
   loaded.module = LoadLibraryW(path);
   if (loaded.module == NULL) {
     (void)printf("cannot load %ls: error %lu\n", path, GetLastError());
@@ -118,10 +122,11 @@ BOOL wait_for_it(BOOL (*condition)(void* context), void* context) {
 static BOOL is_russian(void) { return PRIMARYLANGID(GetUserDefaultUILanguage()) == LANG_RUSSIAN; }
 
 wchar_t const* button_caption(button which) {
-  if (which == apply_button) {
-    return is_russian() ? L"\u041f\u0440\u0438\u043c\u0435\u043d\u0438\u0442\u044c" : L"Apply";
-  }
-  return is_russian() ? L"\u041e\u0442\u043c\u0435\u043d\u0438\u0442\u044c" : L"Cancel";
+  static wchar_t const* const captions[][2] = {
+      {L"Apply", L"\u041f\u0440\u0438\u043c\u0435\u043d\u0438\u0442\u044c"},
+      {L"Cancel", L"\u041e\u0442\u043c\u0435\u043d\u0438\u0442\u044c"},
+      {L"Load", L"\u0417\u0430\u0433\u0440\u0443\u0437\u0438\u0442\u044c"}};
+  return captions[which][is_russian() ? 1 : 0];
 }
 
 typedef struct {

@@ -44,6 +44,8 @@ typedef struct {
 
 /* Loaded at the first call, from the folder of this program. */
 library* the_library(void);
+/* Another copy of it, by its path from that folder; before the first call. */
+void use_library(wchar_t const* name);
 void library_path(wchar_t* path, size_t size, wchar_t const* name);
 
 /* ---- a host's window */
@@ -82,7 +84,7 @@ HWND find_form(void);
 HWND find_message(HWND form);
 HWND wait_for_message(HWND form);
 
-typedef enum { apply_button, cancel_button } button;
+typedef enum { apply_button, cancel_button, load_button } button;
 wchar_t const* button_caption(button which);
 /* A visible child by its class and its text; null when there is none. */
 HWND find_child(HWND form, wchar_t const* kind, wchar_t const* text);

@@ -132,6 +132,7 @@ conversion_report survey_import(std::size_t step) {
     std::string const text = ours([&](Izu_string_adp* adapter) {
       return zu_pj4_import_crs(wide(input).c_str(), adapter) != 0;
     });
+    report.texts.push_back(text);
     ++report.counts[!gdals.empty() ? "as GDAL" : !expected.empty() ? "as PROJ" : "by neither"];
     if (text != expected) report.mistakes.push_back(input + "\n  " + expected + "\n  " + text);
   });
@@ -154,6 +155,7 @@ conversion_report survey_esri(std::size_t step) {
         std::string const back = ours([&](Izu_string_adp* adapter) {
           return zu_pj4_import_esri_prj(wide(wkt).c_str(), adapter) != 0;
         });
+        report.texts.insert(report.texts.end(), {wkt, back});
         auto const points = points_in(context, crs);
         bool const gdal_keeps = is_same(context, source, gdals, points);
         bool const we_keep = is_same(context, source, back, points);

@@ -12,6 +12,7 @@ namespace epsg_survey {
 struct conversion_report {
   std::map<std::string, std::size_t> counts;  // systems by what became of them
   std::vector<std::string> mistakes;          // what must not be, with the texts
+  std::vector<std::string> texts;             // what the library gave
 };
 
 // Each system by its code: the same definition as GDAL's, or PROJ's where GDAL
