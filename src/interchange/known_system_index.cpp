@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <memory>
+#include <utility>
 #include <vector>
 
 namespace zu {
@@ -37,12 +39,8 @@ struct key {
   }
 };
 
-void parse(Tzu_proj4_str& set, char const* definition) {
-  set.set(definition);
-  set.decompose();
-}
-
 struct entry {
+  std::unique_ptr<Tzu_proj4_str> definition;
   key where;
   std::size_t row;
 };
@@ -52,9 +50,11 @@ std::vector<entry> make_index() {
   std::vector<entry> index;
   for (std::size_t row = 0; row < known_systems.size(); ++row) {
     if (!known_systems[row].confirmed) continue;
-    Tzu_proj4_str set;
-    parse(set, known_systems[row].proj4);
-    index.push_back({key(set), row});
+    auto definition = std::make_unique<Tzu_proj4_str>();
+    definition->set(known_systems[row].proj4);
+    definition->decompose();
+    key const where(*definition);
+    index.push_back({std::move(definition), where, row});
   }
   std::ranges::stable_sort(index, {}, [](entry const& each) { return each.where.meridian(); });
   return index;
@@ -69,10 +69,8 @@ known_system const* find_known_system(Tzu_proj4_str& definition) {
                                      [](entry const& each) { return each.where.meridian(); });
   std::size_t first = known_systems.size();
   for (; at != index.end() && at->where.meridian() <= wanted.meridian() + tolerance; ++at) {
-    if (at->row > first || !at->where.agrees(wanted)) continue;
-    Tzu_proj4_str candidate;
-    parse(candidate, known_systems[at->row].proj4);
-    if (candidate.equal(definition)) first = at->row;
+    if (at->row < first && at->where.agrees(wanted) && at->definition->equal(definition))
+      first = at->row;
   }
   return first < known_systems.size() ? &known_systems[first] : nullptr;
 }
