@@ -106,6 +106,11 @@ void prepare_libraries() {
   static_cast<void>(done);
 }
 
+bool has_database() {
+  foreign_messages::Tproj_scope const messages;
+  return proj_library::has_database();
+}
+
 bool is_called(Tzu_proj4_param const& param, std::string_view key) {
   if (str::equal_no_case(param.name(), key)) return true;
   for (unsigned i = 0; i < param.get_other_names_count(); ++i)
@@ -181,7 +186,7 @@ bool proj4_conv::export_esri_pj(std::wstring_view definition, Izu_string_adp* ad
 
 bool proj4_conv::feed_esri(std::string const& definition, Izu_string_adp* adapter) const {
   std::string const prepared = prepare_for_gdal(definition);
-  if (!import_guard::names_no_file_but_shift_grids(prepared)) return false;
+  if (!has_database() || !import_guard::names_no_file_but_shift_grids(prepared)) return false;
   if (OSRImportFromProj4(system_.get(), prepared.c_str()) != OGRERR_NONE) return false;
   towgs84 shift{};
   OSRGetTOWGS84(system_.get(), shift.data(), static_cast<int>(shift.size()));
@@ -241,7 +246,7 @@ bool proj4_conv::import_esri_file(std::wstring_view name, Izu_string_adp* adapte
 
 bool proj4_conv::import_esri_lst(char** list, Izu_string_adp* adapter) noexcept {
   return run([&] {
-    if (OSRImportFromESRI(system_.get(), list) != OGRERR_NONE) return false;
+    if (!has_database() || OSRImportFromESRI(system_.get(), list) != OGRERR_NONE) return false;
     fix_towgs84(system_.get());
     return feed_proj4(adapter);
   });
@@ -265,7 +270,8 @@ bool proj4_conv::import_crs(std::wstring_view text, Izu_string_adp* adapter) noe
 
 bool proj4_conv::import_crs_gdal(std::string_view text, Izu_string_adp* adapter) noexcept {
   return run([&] {
-    if (!import_guard::is_definition(text) || !import_guard::names_no_file(text)) return false;
+    if (!has_database() || !import_guard::is_definition(text) || !import_guard::names_no_file(text))
+      return false;
     return OSRSetFromUserInput(system_.get(), std::string(text).c_str()) == OGRERR_NONE &&
            feed_proj4(adapter);
   });
@@ -273,7 +279,7 @@ bool proj4_conv::import_crs_gdal(std::string_view text, Izu_string_adp* adapter)
 
 bool proj4_conv::import_crs_proj4(std::string_view text, Izu_string_adp* adapter) noexcept {
   return run([&] {
-    if (!import_guard::names_no_file(text)) return false;
+    if (!has_database() || !import_guard::names_no_file(text)) return false;
     prepare_libraries();
     foreign_messages::Tproj_scope const messages;
     proj_library::object const system(proj_create(nullptr, std::string(text).c_str()));

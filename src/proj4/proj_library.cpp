@@ -10,7 +10,7 @@ namespace {
 
 std::string find_shipped_folder() {
   std::wstring const folder(path::folder_of(module::own_path()));
-  if (folder.empty() || !file::exists(folder + L"proj.db")) return {};
+  if (is_installed() && !file::exists(folder + L"proj.db")) return {};
   return strconv::to_utf8(folder);
 }
 
@@ -33,12 +33,20 @@ void prepare_default_context() {
   static_cast<void>(done);
 }
 
+bool has_database() {
+  static bool found = false;
+  if (found) return true;
+  prepare_default_context();
+  found = proj_context_get_database_metadata(nullptr, "EPSG.VERSION") != nullptr;
+  return found;
+}
+
 context make_context() {
   context made(proj_context_create());
   if (!made) return made;
   proj_log_level(made.get(), PJ_LOG_NONE);
-  proj_context_set_enable_network(made.get(), 0);
   show_shipped_data(made.get());
+  proj_context_set_enable_network(made.get(), 0);
   return made;
 }
 

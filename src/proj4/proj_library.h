@@ -18,12 +18,19 @@ struct context_closer {
 };
 using context = std::unique_ptr<PJ_CONTEXT, context_closer>;
 
-// Folder of "proj.db", in UTF-8, where one is shipped beside this library.
-// Empty where none is: PROJ then looks where its installation keeps it.
+// Whether PROJ may be left to look for its data in its own installation.
+bool is_installed() noexcept;
+
+// Folder of "proj.db", in UTF-8, beside this library. Empty where none is shipped
+// and PROJ is installed.
 std::string const& shipped_data_folder();
 
 // Shows PROJ's default context the shipped database; once in a process.
 void prepare_default_context();
+
+// Whether PROJ's default context can read the database; it tells why not. Without
+// one GDAL goes on with less, and datums lose their shift.
+bool has_database();
 
 // A context of the caller's own that finds the database, says nothing and never
 // asks the network. Null only without memory.
