@@ -13,7 +13,9 @@ namespace zu {
 struct known_system {
   // "PROJCS[...]", in row 0 "GEOGCS[...]"; degrees and metres.
   char const* wkt = "";
-  // As the editor writes it; degrees and metres.
+  // In the editor's order of keys; degrees and metres. The editor itself writes
+  // fewer digits of some meridians, and a shift beside the names of two datums:
+  // docs/known-limits.md tells of them.
   char const* proj4 = "";
   // Whether the row's numbers are known to be this system's. A row without that
   // holds placeholders, which keep its place; no definition may be given them.

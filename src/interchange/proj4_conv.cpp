@@ -21,7 +21,7 @@ namespace {
 // Rows 2, 4 and 5 carry their rotations with the opposite sign of what GDAL has
 // for the same systems, so they answer to definitions with just these numbers
 // only; docs/known-limits.md tells what that means.
-constexpr std::array<proj4_conv::mapping_type, proj4_conv::mapping_count> mapping_rows{{
+constexpr std::array<proj4_conv::mapping_type, 7> mapping_rows{{
     {{28, -130, -95, 0, 0, 0, 0},
      6378245,
      298.3,
@@ -65,6 +65,10 @@ constexpr std::array<proj4_conv::mapping_type, proj4_conv::mapping_count> mappin
      "D_RUSSIA_2011",
      "S_RUSSIA_2011"},
 }};
+
+// The agreed sets of Pulkovo 1942 and GSK-2011, which an import gives them.
+constexpr std::size_t pulkovo_1942_row = 3;
+constexpr std::size_t gsk_2011_row = 6;
 
 // Further published sets of Pulkovo 1942, which stand for the agreed one.
 constexpr std::array<proj4_conv::towgs84, 2> pulkovo_1942_variants{{
@@ -166,11 +170,6 @@ quoted_place find_wkt_tag(std::string_view wkt, std::string_view tag) noexcept {
 }
 
 }  // namespace
-
-std::span<proj4_conv::mapping_type const, proj4_conv::mapping_count>
-proj4_conv::mapping() noexcept {
-  return mapping_rows;
-}
 
 proj4_conv::proj4_conv() {
   prepare_libraries();

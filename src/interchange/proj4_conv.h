@@ -7,8 +7,6 @@
 #pragma once
 
 #include <array>
-#include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -33,11 +31,6 @@ class proj4_conv {
     char const* datum;
     char const* spheroid;
   };
-  static constexpr std::size_t mapping_count = 7;
-  // The agreed sets of Pulkovo 1942 and GSK-2011, which an import gives them.
-  static constexpr std::size_t pulkovo_1942_row = 3;
-  static constexpr std::size_t gsk_2011_row = 6;
-  static std::span<mapping_type const, mapping_count> mapping() noexcept;
 
   proj4_conv();
 
