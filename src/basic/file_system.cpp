@@ -46,6 +46,13 @@ bool is_folder(std::wstring_view name) {
   return found && found->is_folder;
 }
 
+std::wstring identity(std::wstring_view name) {
+  std::wstring const full = path::make_full(name);
+  std::error_code error;
+  auto const whole = std::filesystem::weakly_canonical(path::to_native(full), error);
+  return calls::fold_case(error ? full : path::from_native(whole));
+}
+
 bool copy_file(std::wstring_view from, std::wstring_view to) {
   auto const source = get_attributes(from);
   if (!may_replace(source, to)) return false;

@@ -25,6 +25,10 @@ struct attributes {
 std::optional<attributes> get_attributes(std::wstring_view name);
 bool is_folder(std::wstring_view name);
 
+// The same text for all names of one file, whether it is there or not; not a name
+// to open it by.
+std::wstring identity(std::wstring_view name);
+
 // Off Windows, lets nobody write, or the owner at least.
 bool set_read_only(std::wstring_view name, bool read_only);
 

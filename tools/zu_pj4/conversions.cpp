@@ -1,7 +1,6 @@
 #include "conversions.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <functional>
 #include <iostream>
 #include <map>
@@ -10,7 +9,6 @@
 
 #include "basic/file.h"
 #include "basic/file_system.h"
-#include "basic/file_system_calls.h"
 #include "basic/path.h"
 #include "basic/str.h"
 #include "error.h"
@@ -135,14 +133,6 @@ std::string load_file(std::string const& name, bool is_esri) try {
   throw Terror(name + ": " + error.what());
 }
 
-// The same for all names of one file, whether it is there or not.
-std::wstring identity_of(std::wstring const& name) {
-  std::wstring const full = zu::path::make_full(name);
-  std::error_code error;
-  auto const path = std::filesystem::weakly_canonical(zu::path::to_native(full), error);
-  return zu::file_system::calls::fold_case(error ? full : zu::path::from_native(path));
-}
-
 }  // namespace
 
 int to_esri(std::vector<std::string> const& definitions, Tzu_env& env) {
@@ -179,16 +169,17 @@ int convert(std::vector<std::string> const& names, std::string const& kind,
   // The inputs, and the outputs with the input that each is of.
   std::set<std::wstring> inputs;
   std::map<std::wstring, std::string> outputs;
-  for (std::string const& name : names) inputs.insert(identity_of(terminal::to_wide(name)));
+  for (std::string const& name : names)
+    inputs.insert(zu::file_system::identity(terminal::to_wide(name)));
   auto const convert_one = [&](std::string const& name) {
     std::wstring const wide = terminal::to_wide(name);
     std::wstring const target = zu::path::replace_extension(
         folder.empty() ? wide : zu::path::join(wide_folder, zu::path::file_name_of(wide)),
         terminal::to_wide("." + kind));
-    std::wstring const identity = identity_of(target);
+    std::wstring const identity = zu::file_system::identity(target);
     std::string const shown = terminal::from_wide(target);
     // No file of the same run may be lost.
-    if (identity == identity_of(wide)) throw Terror("would overwrite itself");
+    if (identity == zu::file_system::identity(wide)) throw Terror("would overwrite itself");
     if (inputs.contains(identity))
       throw Terror("would overwrite " + shown + ", which is to be converted, too");
     if (auto const made = outputs.find(identity); made != outputs.end())
