@@ -10,6 +10,7 @@
 
 #include "basic/str.h"
 #include "cli_support.h"
+#include "esri_text.h"
 
 namespace {
 
@@ -17,17 +18,11 @@ namespace fs = std::filesystem;
 using cli_test::expect_lines;
 using core_test::get_file;
 using core_test::put_file;
+using core_test::zone_7_wkt;
 
 constexpr char const* zone_7 =
     "+proj=tmerc +lon_0=39 +lat_0=0 +x_0=7500000 +y_0=0 +k_0=1 "
     "+towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 +ellps=krass +units=m +lon_wrap=45 +no_defs";
-constexpr char const* zone_7_wkt =
-    R"(PROJCS["Pulkovo_1942_GK_Zone_7",GEOGCS["GCS_Pulkovo_1942",DATUM["D_Pulkovo_1942",)"
-    R"(SPHEROID["Krasovsky_1940",6378245.0,298.3]],PRIMEM["Greenwich",0.0],)"
-    R"(UNIT["Degree",0.0174532925199433]],PROJECTION["Gauss_Kruger"],)"
-    R"(PARAMETER["False_Easting",7500000.0],PARAMETER["False_Northing",0.0],)"
-    R"(PARAMETER["Central_Meridian",39.0],PARAMETER["Scale_Factor",1.0],)"
-    R"(PARAMETER["Latitude_Of_Origin",0.0],UNIT["Meter",1.0],AUTHORITY["EPSG",28407]])";
 // As GDAL writes what it read.
 constexpr char const* zone_7_back =
     "+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass "

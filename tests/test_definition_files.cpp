@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core_support.h"
+#include "esri_text.h"
 #include "fed_by.h"
 #include "interchange/add_file.h"
 #include "zu_pj_edit/zu_pj4_layer.h"
@@ -16,6 +17,7 @@ using core_test::get_file;
 using core_test::put_file;
 using core_test::Tsystem_page;
 using core_test::Ttemp_folder;
+using core_test::zone_7_wkt;
 
 std::wstring load_simple(std::wstring const& name) {
   return fed_by([&](Izu_string_adp* adapter) { zu_pj4_load_simple_w(name.c_str(), adapter); });
@@ -117,14 +119,6 @@ TEST(Definition_file, saves_nothing_under_another_name) {
   EXPECT_FALSE(Tzu_add_file::save_pj4_ini(folder.wide(L"no/f.pj4"), L"+proj=merc"));
 }
 
-// The zone as ESRI's programs write it.
-constexpr char const* zone_7 =
-    R"(PROJCS["Pulkovo_1942_GK_Zone_7",GEOGCS["GCS_Pulkovo_1942",DATUM["D_Pulkovo_1942",)"
-    R"(SPHEROID["Krasovsky_1940",6378245.0,298.3]],PRIMEM["Greenwich",0.0],)"
-    R"(UNIT["Degree",0.0174532925199433]],PROJECTION["Gauss_Kruger"],)"
-    R"(PARAMETER["False_Easting",7500000.0],PARAMETER["False_Northing",0.0],)"
-    R"(PARAMETER["Central_Meridian",39.0],PARAMETER["Scale_Factor",1.0],)"
-    R"(PARAMETER["Latitude_Of_Origin",0.0],UNIT["Meter",1.0],AUTHORITY["EPSG",28407]])";
 constexpr wchar_t const* zone_7_definition =
     L"+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass "
     L"+towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 +units=m +no_defs";
@@ -141,7 +135,7 @@ TEST(Definition_file, esri_form_is_written_and_read) {
     std::string const narrow = folder.file(std::string(page.bytes) + " 1.prj");
     put_file(narrow, std::string(5000, 'x'));
     EXPECT_TRUE(zu_pj4_export_esri_prj(zone_7_definition, name.c_str()));
-    EXPECT_EQ(get_file(narrow), zone_7);
+    EXPECT_EQ(get_file(narrow), zone_7_wkt);
     EXPECT_EQ(load_esri(name), zone_7_definition);
   }
 }
@@ -149,7 +143,7 @@ TEST(Definition_file, esri_form_is_written_and_read) {
 TEST(Definition_file, unusable_esri_files_are_refused_and_failures_write_nothing) {
   Ttemp_folder const folder;
   std::wstring const name = folder.wide(L"f.prj");
-  std::string const whole = zone_7;
+  std::string const whole = zone_7_wkt;
   struct Tcase {
     std::string content;
     wchar_t const* text;
@@ -186,13 +180,13 @@ TEST(Definition_file, huge_files_end_at_a_zero_or_are_refused) {
   std::filesystem::path const file = folder.file("f.prj");
   std::wstring const name = folder.wide(L"f.prj");
   constexpr std::uintmax_t gigabyte = 1U << 30U;
-  put_file(file.string(), zone_7);
+  put_file(file.string(), zone_7_wkt);
   std::filesystem::resize_file(file, gigabyte);
   EXPECT_EQ(load_esri(name), zone_7_definition);
   put_file(file.string(), "[projection]\npj4=+proj=merc\n");
   std::filesystem::resize_file(file, gigabyte);
   EXPECT_EQ(load_simple(name), L"+proj=merc");
-  put_file(file.string(), zone_7 + std::string(std::size_t{40} << 20U, ' '));
+  put_file(file.string(), zone_7_wkt + std::string(std::size_t{40} << 20U, ' '));
   EXPECT_EQ(load_esri(name), L"unfed");
   EXPECT_EQ(load_simple(name), L"unfed");
 }
