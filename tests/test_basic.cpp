@@ -120,6 +120,30 @@ TEST(Number, writes_like_the_c_library) {
   recorded(written);
 }
 
+TEST(Number, writes_columns_like_the_c_library) {
+  // Ties and what lies beside them, carries, and what is beyond the short way.
+  std::vector<double> values{0,       -0.0,     0.5,      1.5,    -2.5,         0.125,
+                             0.0625,  0.99995,  -9.99996, 1e15,   999999999.5,  1e300,
+                             -1e-300, 0.000435, 1e14 / 3, 5e-324, 123456.00005, 0.9999999995};
+  std::mt19937_64 random(11);  // NOLINT(cert-msc32-c,cert-msc51-cpp): repeatable
+  std::uniform_real_distribution<double> coordinate(-2e7, 2e7);
+  for (int i = 0; i < 20000; ++i) {
+    values.push_back(coordinate(random));
+    values.push_back(coordinate(random) / 1e5);
+    values.push_back(static_cast<double>(random() % 4000001) / 2048);
+    values.push_back(std::nextafter(values.back(), 1e9));
+  }
+  for (double const value : values)
+    for (int const digits : {0, 3, 4, 9, 12}) {
+      std::array<char, 400> expected{};
+      // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the yardstick
+      std::snprintf(expected.data(), expected.size(), "%.*f", digits, value);
+      std::string text;
+      zu::number::append_fixed(text, value, digits);
+      ASSERT_EQ(text, expected.data());
+    }
+}
+
 TEST(Number, takes_no_notice_of_a_decimal_comma) {
   Tc_locale const locale(core_test::comma_locales().front());
   ASSERT_TRUE(locale.is_set()) << "there is no " << core_test::comma_locales().front();

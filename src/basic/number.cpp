@@ -66,6 +66,40 @@ int significant_digits(std::string_view fixed) noexcept {
   return count;
 }
 
+constexpr std::array<double, 10> short_powers{1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
+
+// Writes what the fraction's product with the power of ten settles, as of nearly
+// all coordinates. That product is the only step that rounds, by less than 1e-7, so
+// that nothing but a near tie is left open.
+bool append_short(std::string& text, double value, int digits) {
+  double const size = std::abs(value);
+  if (!(size < 1e15) || digits >= static_cast<int>(short_powers.size())) return false;
+  double const power = short_powers[static_cast<std::size_t>(digits)];
+  double whole = std::trunc(size);
+  double const scaled = (size - whole) * power;
+  double fraction = std::trunc(scaled);
+  double const rest = scaled - fraction;
+  if (std::abs(rest - 0.5) < 1e-6) return false;
+  if (rest > 0.5) ++fraction;
+  if (fraction >= power) {
+    fraction = 0;
+    ++whole;
+  }
+  std::array<char, 32> buffer{};
+  char* end = buffer.data();
+  if (std::signbit(value)) *end++ = '-';
+  end = std::to_chars(end, buffer.data() + buffer.size(), static_cast<std::int64_t>(whole)).ptr;
+  if (digits > 0) {
+    *end = '.';
+    auto rest_of_digits = static_cast<std::uint32_t>(fraction);
+    for (char* digit = end + digits; digit > end; --digit, rest_of_digits /= 10)
+      *digit = static_cast<char>('0' + rest_of_digits % 10);
+    end += digits + 1;
+  }
+  text.append(buffer.data(), end);
+  return true;
+}
+
 }  // namespace
 
 std::optional<double> scan_double(std::string_view text) noexcept {
@@ -123,9 +157,10 @@ std::string format_double(double value, int digits) {
 }
 
 void append_fixed(std::string& text, double value, int digits) {
+  digits = std::clamp(digits, 0, 100);
+  if (append_short(text, value, digits)) return;
   // The largest double has 309 digits before the point.
   std::array<char, 512> buffer{};
-  digits = std::clamp(digits, 0, 100);
   auto const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
                                  std::chars_format::fixed, digits)
                        .ptr;

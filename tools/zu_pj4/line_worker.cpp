@@ -76,20 +76,18 @@ bool Tline_worker::init(std::string const& from, std::string const& to, reproj_d
   return exec_.has_operation() || exec_.init(from.c_str(), to.c_str());
 }
 
-void Tline_worker::start(std::string_view block) {
-  block_ = block;
-  if (!thread_.start(&run_worker, this)) run(block);
-}
-
-void Tline_worker::run_worker(void* context) {
-  auto& worker = *static_cast<Tline_worker*>(context);
-  worker.run(worker.block_);
-}
-
-void Tline_worker::run(std::string_view block) noexcept try {
-  block_ = block;
+void Tline_worker::start(std::string& text) {
+  text_.swap(text);
   output_.clear();
-  while (!block_.empty()) transform_lines();
+  if (!thread_.start(&run_worker, this)) run();
+}
+
+void Tline_worker::run_worker(void* context) { static_cast<Tline_worker*>(context)->run(); }
+
+void Tline_worker::run() noexcept try {
+  output_.reserve(text_.size());
+  rest_ = text_;
+  while (!rest_.empty()) transform_lines();
 } catch (...) {
   failure_ = std::current_exception();
 }
@@ -106,10 +104,10 @@ void Tline_worker::transform_lines() {
   lines_.clear();
   points_.set_size(limit);
   std::size_t size = 0;
-  while (!block_.empty() && lines_.size() < limit) {
-    auto const end = std::min(block_.find('\n'), block_.size() - 1) + 1;
-    line_view const line = parse(block_.substr(0, end));
-    block_.remove_prefix(end);
+  while (!rest_.empty() && lines_.size() < limit) {
+    auto const end = std::min(rest_.find('\n'), rest_.size() - 1) + 1;
+    line_view const line = parse(rest_.substr(0, end));
+    rest_.remove_prefix(end);
     if (line.kind == line_view::point) points_.set_xy(size++, line.x, line.y);
     lines_.push_back(line);
   }

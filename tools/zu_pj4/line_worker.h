@@ -26,12 +26,11 @@ class Tline_worker {
   // Costs nothing the second time.
   bool init(std::string const& from, std::string const& to, reproj_direction direction, int digits);
 
-  // Starts on a block of whole lines, which must stay until `finish`; on a thread of
+  // Swaps a text of whole lines with the one before, and starts on it; on a thread of
   // its own where there is one to be had. Otherwise it is done by now.
-  void start(std::string_view block);
-  // The same on the caller's thread.
-  void run(std::string_view block) noexcept;
-  // What has become of the block; valid until the next start. Throws what went wrong.
+  void start(std::string& text);
+  // What has become of the text, or nothing without one; valid until the next start.
+  // Throws what went wrong.
   std::string const& finish();
 
   // The points so far, and those of them that could not be transformed.
@@ -40,6 +39,7 @@ class Tline_worker {
 
  private:
   static void run_worker(void* context);
+  void run() noexcept;
   void transform_lines();
   void put(line_view const& line, std::size_t& at);
   void put_number(bool done, double value);
@@ -47,7 +47,8 @@ class Tline_worker {
   int digits_ = 0;
   reproj_direction direction_ = reproj_direction::forward;
   Tzu_reproj_xy_exec exec_;
-  std::string_view block_;
+  std::string text_;
+  std::string_view rest_;  // of the text, still to be done
   std::vector<line_view> lines_;
   Tzu_xy_array points_;
   std::string output_;

@@ -56,32 +56,30 @@ struct prepared {
   }
 };
 
-// A block of lines at a time, so that input of any length takes little memory,
-// shared among the processors.
+// A piece of the text at a time, so that input of any length takes little memory,
+// and each on a thread of its own: while one is read and another written, the
+// processors transform others.
 class Ttransformer {
  public:
   explicit Ttransformer(request const& wanted)
       : texts_(wanted),
         direction_(wanted.inverse ? reproj_direction::backward : reproj_direction::forward),
-        workers_(std::max(1U, std::thread::hardware_concurrency())) {
+        workers_(std::max(1U, std::thread::hardware_concurrency()) + 1) {
     if (!init(workers_.front())) texts_.complain(wanted);
   }
 
-  void transform(std::string_view block) {
-    // Worth a thread, and the operation that each has for itself.
-    constexpr std::size_t piece_size = std::size_t{256} << 10U;
-    auto const pieces = std::min(workers_.size(), block.size() / piece_size + 1);
-    for (std::size_t i = pieces; i > 1; --i) {
-      Tline_worker& worker = workers_[i - 1];
-      if (!init(worker)) throw std::bad_alloc();
-      worker.start(take_last(block, i));
-    }
-    workers_.front().run(block);
-    for (std::size_t i = 0; i < pieces; ++i) {
-      std::string const& output = workers_[i].finish();
-      if (!std::cout.write(output.data(), static_cast<std::streamsize>(output.size())))
-        throw Terror("cannot write to standard output");
-    }
+  // Takes whole lines, and gives the memory of an earlier piece for them.
+  void transform(std::string& piece) {
+    Tline_worker& worker = workers_[next_];
+    next_ = (next_ + 1) % workers_.size();
+    write(worker);
+    if (!init(worker)) throw std::bad_alloc();
+    worker.start(piece);
+  }
+
+  void finish() {
+    for (std::size_t i = 0; i < workers_.size(); ++i)
+      write(workers_[(next_ + i) % workers_.size()]);
   }
 
   std::uint64_t count() const { return sum(&Tline_worker::count); }
@@ -92,12 +90,10 @@ class Ttransformer {
     return worker.init(texts_.from, texts_.to, direction_, texts_.digits);
   }
 
-  // Whole lines, one of `pieces` parts of about the same size.
-  static std::string_view take_last(std::string_view& block, std::size_t pieces) {
-    auto const end = block.rfind('\n', block.size() - block.size() / pieces) + 1;
-    std::string_view const piece = block.substr(end);
-    block.remove_suffix(piece.size());
-    return piece;
+  static void write(Tline_worker& worker) {
+    std::string const& output = worker.finish();
+    if (!std::cout.write(output.data(), static_cast<std::streamsize>(output.size())))
+      throw Terror("cannot write to standard output");
   }
 
   std::uint64_t sum(std::uint64_t (Tline_worker::*get)() const) const {
@@ -109,6 +105,7 @@ class Ttransformer {
   prepared texts_;
   reproj_direction direction_;
   std::vector<Tline_worker> workers_;
+  std::size_t next_ = 0;
 };
 
 // What begins many a text in UTF-8; no part of its first line.
@@ -145,8 +142,6 @@ std::string describe(std::string const& text, bool is_short) {
 }
 
 int transform(request const& wanted, std::string const& file, Tzu_env& env) {
-  // Outlives the threads that read it, whatever is thrown.
-  std::string block;
   Ttransformer transformer(wanted);
   zu::file::stream const owned =
       file.empty() ? nullptr : zu::file::open(terminal::to_wide(file), "rb");
@@ -154,34 +149,38 @@ int transform(request const& wanted, std::string const& file, Tzu_env& env) {
   std::FILE* const input = owned ? owned.get() : stdin;
   std::uint64_t const total = owned ? zu::file::size(input) : 0;
 
-  constexpr std::size_t block_size = std::size_t{4} << 20U;
+  constexpr std::size_t piece_size = std::size_t{512} << 10U;
+  // Less is done before anybody has read how far it is.
+  constexpr std::uint64_t long_size = std::uint64_t{4} << 20U;
   std::uint64_t done = 0;
-  bool is_long = false;
+  std::string piece;
+  // The begin of a line whose end is still to come.
+  std::string rest;
   for (bool at_end = false; !at_end;) {
-    // The begin of a line whose end is still to come.
-    std::size_t const kept = block.size();
-    block.resize(kept + block_size);
-    std::size_t const got = std::fread(block.data() + kept, 1, block_size, input);
-    block.resize(kept + got);
-    at_end = got < block_size;
+    piece.swap(rest);
+    std::size_t const kept = piece.size();
+    piece.resize(kept + piece_size);
+    std::size_t const got = std::fread(piece.data() + kept, 1, piece_size, input);
+    piece.resize(kept + got);
+    at_end = got < piece_size;
     if (std::ferror(input) != 0)
       throw Terror("cannot read all of " + (owned ? file : "standard input"));
-    if (done == 0 && block.starts_with(utf8_mark)) {
+    if (done == 0 && piece.starts_with(utf8_mark)) {
       std::cout << utf8_mark;
-      block.erase(0, utf8_mark.size());
+      piece.erase(0, utf8_mark.size());
     }
-    auto const line_end = block.rfind('\n');
-    std::size_t const whole = at_end ? block.size() : line_end + 1;
-    if (block.size() - whole > zu::file::size_limit)
+    std::size_t const whole = at_end ? piece.size() : piece.rfind('\n') + 1;
+    rest.assign(piece, whole);
+    if (rest.size() > zu::file::size_limit)
       throw Terror("this is no text of points: it has a line of more than " +
                    std::to_string(zu::file::size_limit >> 20U) + " MB");
-    transformer.transform({block.data(), whole});
-    block.erase(0, whole);
+    piece.resize(whole);
+    if (!piece.empty()) transformer.transform(piece);
     done += got;
-    is_long = is_long || !at_end;
-    if (is_long) env.wait(done, total, "transforming");
+    if (done >= long_size) env.wait(done, total, "transforming");
   }
-  if (is_long) env.finished(std::to_string(transformer.count()) + " points");
+  transformer.finish();
+  if (done >= long_size) env.finished(std::to_string(transformer.count()) + " points");
   if (transformer.failed() == 0) return 0;
   env.error(std::to_string(transformer.failed()) + " of " + std::to_string(transformer.count()) +
             " points not transformed");
