@@ -136,8 +136,9 @@ TEST(Number, writes_columns_like_the_c_library) {
   for (double const value : values)
     for (int const digits : {0, 3, 4, 9, 12}) {
       std::array<char, 400> expected{};
-      // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the yardstick
-      std::snprintf(expected.data(), expected.size(), "%.*f", digits, value);
+      static_cast<void>(
+          // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the yardstick
+          std::snprintf(expected.data(), expected.size(), "%.*f", digits, value));
       std::string text;
       zu::number::append_fixed(text, value, digits);
       ASSERT_EQ(text, expected.data());
@@ -239,6 +240,9 @@ TEST(File, content_survives_whole) {
   EXPECT_FALSE(zu::file::read_whole(folder.wide(L"missing")));
   EXPECT_FALSE(zu::file::read_whole(folder.wide(L"")));
   EXPECT_FALSE(zu::file::write_whole(folder.wide(L""), "x")) << "a folder is no file";
+  EXPECT_FALSE(zu::file::write_whole(folder.wide(std::wstring(300, L'x')), "x"));
+  EXPECT_FALSE(zu::file::write_whole(L"", "x"));
+  EXPECT_EQ(folder.count(), 1U) << "nothing half-made";
   EXPECT_FALSE(zu::file::exists(L""));
   EXPECT_TRUE(zu::file::exists(folder.wide(L"f")));
 }

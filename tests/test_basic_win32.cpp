@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <vector>
 
 #include "basic/file.h"
@@ -70,6 +71,40 @@ TEST(Held_file_win32, other_errors_are_final) {
             }),
             std::vector<unsigned>());
   EXPECT_EQ(folder.count(), 0U);
+}
+
+// Where on the volume it is, which tells a new file from an old one.
+std::uint64_t place_of(std::wstring const& name) {
+  auto* const file = CreateFileW(name.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                 OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  BY_HANDLE_FILE_INFORMATION status{};
+  EXPECT_NE(GetFileInformationByHandle(file, &status), 0);
+  CloseHandle(file);
+  return (std::uint64_t{status.nFileIndexHigh} << 32U) | status.nFileIndexLow;
+}
+
+TEST(File_win32, saving_puts_a_new_file_in_the_place_of_one_with_nothing_special) {
+  Ttemp_folder const folder;
+  std::wstring const name = folder.wide(L"f");
+  put_file(folder.file("f"), "old");
+  auto const before = place_of(name);
+  EXPECT_TRUE(zu::file::write_whole(name, "new"));
+  EXPECT_EQ(get_file(folder.file("f")), "new");
+  auto const after = place_of(name);
+  EXPECT_NE(after, before);
+  // One with two names stays one, and so does one that is being read.
+  ASSERT_NE(CreateHardLinkW(folder.wide(L"g").c_str(), name.c_str(), nullptr), 0);
+  EXPECT_TRUE(zu::file::write_whole(name, "newer"));
+  EXPECT_EQ(get_file(folder.file("g")), "newer");
+  std::filesystem::remove(folder.file("g"));
+  auto* const reader = CreateFileW(name.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                   nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  ASSERT_NE(reader, INVALID_HANDLE_VALUE);
+  EXPECT_TRUE(zu::file::write_whole(name, "newest"));
+  CloseHandle(reader);
+  EXPECT_EQ(get_file(folder.file("f")), "newest");
+  EXPECT_EQ(place_of(name), after);
+  EXPECT_EQ(folder.count(), 1U);
 }
 
 TEST(File_win32, name_may_have_letters_of_any_script) {

@@ -42,8 +42,15 @@ inline constexpr std::size_t size_limit = std::size_t{32} << 20U;
 std::optional<std::string> read_whole(std::wstring_view name,
                                       content_kind kind = content_kind::bytes);
 
-// Replaces the content, with the same retry. False when the file cannot be
-// opened or not all of it could be written.
+// Replaces the content, with the same retry. False when the file cannot be opened
+// for writing or not all of it could be written.
+//
+// The content is written beside the file, under a name of its own that begins with
+// "zu", and takes the file's place when all of it is there: who reads the file
+// finds the old content or the new one, also after a full disk or the program's
+// death, which may leave the other file behind. A file that cannot be replaced so
+// is overwritten: one with several names, a device, another user's, or one in a
+// folder that takes no new file.
 bool write_whole(std::wstring_view name, std::string_view content);
 
 bool exists(std::wstring_view name);

@@ -1,4 +1,10 @@
 #include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <utility>
 
 #include "basic/file.h"
 #include "basic/file_content.h"
@@ -10,6 +16,54 @@ namespace {
 bool is_folder(std::FILE* handle) noexcept {
   struct stat info {};
   return fstat(fileno(handle), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
+bool write_all(stream file, std::string_view content) noexcept {
+  bool const written = std::fwrite(content.data(), 1, content.size(), file.get()) == content.size();
+  // A full disk may show only when the buffered rest is written.
+  return std::fclose(file.release()) == 0 && written;
+}
+
+// Opens a file of a new name in the folder.
+stream make_part(std::filesystem::path const& folder, std::string& name) {
+  // Names that are taken are those of other threads, or of a process that died.
+  for (int i = 0; i < 1000; ++i) {
+    name = folder / ("zu" + std::to_string(getpid()) + "." + std::to_string(i));
+    stream part(std::fopen(name.c_str(), "wbxe"));
+    if (part || errno != EEXIST) return part;
+  }
+  return nullptr;
+}
+
+// Whether nothing but the content changes when another file takes its place.
+bool is_replaceable(std::filesystem::path const& name, struct stat const& status) noexcept {
+  return S_ISREG(status.st_mode) && status.st_nlink == 1 && status.st_uid == geteuid() &&
+         access(name.c_str(), W_OK) == 0 &&
+         getxattr(name.c_str(), "system.posix_acl_access", nullptr, 0) <= 0;
+}
+
+enum class outcome { done, failed, impossible };
+
+// On a full disk there would be neither content after an attempt in place.
+outcome outcome_of_error() noexcept {
+  return errno == ENOSPC || errno == EDQUOT ? outcome::failed : outcome::impossible;
+}
+
+// `old` tells whose the file is and who may do what with it, if there is one.
+outcome replace(std::filesystem::path const& name, struct stat const* old,
+                std::string_view content) {
+  std::string part_name;
+  stream part = make_part(name.parent_path(), part_name);
+  if (!part) return outcome_of_error();
+  int const number = fileno(part.get());
+  outcome result = outcome::failed;
+  if (old != nullptr &&
+      (fchown(number, old->st_uid, old->st_gid) != 0 || fchmod(number, old->st_mode & 07777U) != 0))
+    result = outcome::impossible;
+  else if (write_all(std::move(part), content))
+    result = std::rename(part_name.c_str(), name.c_str()) == 0 ? outcome::done : outcome_of_error();
+  if (result != outcome::done) unlink(part_name.c_str());
+  return result;
 }
 
 }  // namespace
@@ -42,11 +96,21 @@ std::optional<std::string> read_whole(std::wstring_view name, content_kind kind)
 }
 
 bool write_whole(std::wstring_view name, std::string_view content) {
+  std::string const native = path::to_native(name);
+  if (native.empty()) return false;
+  struct stat old {};
+  outcome result = outcome::impossible;
+  if (stat(native.c_str(), &old) == 0) {
+    std::error_code error;
+    // The file behind a link is replaced, not the link.
+    auto const whole = std::filesystem::canonical(native, error);
+    if (!error && is_replaceable(whole, old)) result = replace(whole, &old, content);
+  } else if (lstat(native.c_str(), &old) != 0 && errno == ENOENT) {
+    result = replace(native, nullptr, content);
+  }
+  if (result != outcome::impossible) return result == outcome::done;
   stream file = open(name, "wb");
-  if (!file) return false;
-  bool const written = std::fwrite(content.data(), 1, content.size(), file.get()) == content.size();
-  // A full disk may show only when the buffered rest is written.
-  return std::fclose(file.release()) == 0 && written;
+  return file && write_all(std::move(file), content);
 }
 
 bool exists(std::wstring_view name) {

@@ -50,9 +50,11 @@ bool remove_folder(std::wstring_view name) {
 
 std::optional<std::wstring> make_temporary_file(std::wstring_view folder) {
   auto const native = folder.empty() ? std::filesystem::path(L".") : path::to_native(folder);
-  std::array<wchar_t, MAX_PATH> name{};
+  // Needs no memory any more once the file is there.
+  std::wstring name(MAX_PATH, L'\0');
   if (GetTempFileNameW(native.c_str(), L"zu", 0, name.data()) == 0) return std::nullopt;
-  return name.data();
+  name.resize(name.find(L'\0'));
+  return name;
 }
 
 namespace calls {

@@ -2,9 +2,15 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <utility>
+#include <vector>
 
 #include "basic/file.h"
 #include "basic/file_content.h"
+#include "basic/file_system.h"
+#include "basic/path.h"
 
 namespace zu::file {
 namespace {
@@ -26,6 +32,89 @@ handle_ptr open_handle(std::wstring const& name, DWORD access, DWORD disposition
     if (GetLastError() != ERROR_SHARING_VIOLATION || i == attempts) return nullptr;
     Sleep(1);
   }
+}
+
+bool write_all(HANDLE file, std::string_view content) noexcept {
+  while (!content.empty()) {
+    DWORD written = 0;
+    auto const part = static_cast<DWORD>(std::min<std::size_t>(content.size(), 1U << 20U));
+    if (WriteFile(file, content.data(), part, &written, nullptr) == 0 || written == 0) return false;
+    content.remove_prefix(written);
+  }
+  return true;
+}
+
+bool overwrite(std::wstring const& name, std::string_view content) {
+  handle_ptr const file = open_handle(name, GENERIC_READ | GENERIC_WRITE, CREATE_ALWAYS);
+  return file && write_all(file.get(), content);
+}
+
+// Whose the file is and who may do what with it.
+std::vector<std::byte> permissions_of(HANDLE file) {
+  constexpr SECURITY_INFORMATION wanted =
+      OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION;
+  DWORD size = 0;
+  GetKernelObjectSecurity(file, wanted, nullptr, 0, &size);
+  std::vector<std::byte> permissions(size);
+  if (GetKernelObjectSecurity(file, wanted, permissions.data(), size, &size) == 0) return {};
+  return permissions;
+}
+
+// Whether nothing but the content changes when a new file takes its place. Of
+// hidden and system files the system refuses to make new ones.
+bool is_replaceable(HANDLE file) noexcept {
+  BY_HANDLE_FILE_INFORMATION status{};
+  constexpr DWORD usual =
+      FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NORMAL | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+  return GetFileType(file) == FILE_TYPE_DISK && GetFileInformationByHandle(file, &status) != 0 &&
+         status.nNumberOfLinks == 1 && (status.dwFileAttributes & ~usual) == 0;
+}
+
+// The file behind a link is replaced, not the link. Empty when it cannot be told.
+std::wstring own_name(HANDLE file) {
+  std::wstring name(32768, L'\0');
+  DWORD const length =
+      GetFinalPathNameByHandleW(file, name.data(), static_cast<DWORD>(name.size()), 0);
+  name.resize(length < name.size() ? length : 0);
+  return name;
+}
+
+enum class outcome { done, failed, impossible };
+
+// A file that goes with its owner.
+class Tpart_file {
+ public:
+  explicit Tpart_file(std::wstring_view folder)
+      : name_(file_system::make_temporary_file(folder)),
+        handle_(name_ ? open_handle(*name_, GENERIC_READ | GENERIC_WRITE, CREATE_ALWAYS)
+                      : nullptr) {}
+  ~Tpart_file() {
+    handle_.reset();
+    if (name_) DeleteFileW(name_->c_str());
+  }
+  Tpart_file(Tpart_file const&) = delete;
+  Tpart_file& operator=(Tpart_file const&) = delete;
+
+  HANDLE get() const noexcept { return handle_.get(); }
+  // Whether it has taken the name. ReplaceFileW would take the old file away first.
+  bool take_place(std::wstring const& name) noexcept {
+    handle_.reset();
+    return MoveFileExW(name_->c_str(), name.c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
+  }
+
+ private:
+  std::optional<std::wstring> name_;
+  handle_ptr handle_;
+};
+
+// `old` is null where there is no old file.
+outcome replace(handle_ptr old, std::wstring const& name, std::string_view content) {
+  Tpart_file part(path::folder_of(name));
+  if (part.get() == nullptr || (old && permissions_of(old.get()) != permissions_of(part.get())))
+    return outcome::impossible;
+  if (!write_all(part.get(), content)) return outcome::failed;
+  old.reset();
+  return part.take_place(name) ? outcome::done : outcome::impossible;
 }
 
 }  // namespace
@@ -57,17 +146,17 @@ std::optional<std::string> read_whole(std::wstring_view name, content_kind kind)
 }
 
 bool write_whole(std::wstring_view name, std::string_view content) {
-  handle_ptr const file =
-      open_handle(std::wstring(name), GENERIC_READ | GENERIC_WRITE, CREATE_ALWAYS);
-  if (!file) return false;
-  while (!content.empty()) {
-    DWORD written = 0;
-    auto const part = static_cast<DWORD>(std::min<std::size_t>(content.size(), 1U << 20U));
-    if (WriteFile(file.get(), content.data(), part, &written, nullptr) == 0 || written == 0)
-      return false;
-    content.remove_prefix(written);
+  std::wstring const native = path::to_native(name).wstring();
+  outcome result = outcome::impossible;
+  if (handle_ptr old = open_handle(native, GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING)) {
+    std::wstring const whole = is_replaceable(old.get()) ? own_name(old.get()) : std::wstring();
+    if (!whole.empty()) result = replace(std::move(old), whole, content);
+  } else if (GetLastError() == ERROR_FILE_NOT_FOUND) {
+    result = replace(nullptr, path::make_full(native), content);
+  } else {
+    return false;
   }
-  return true;
+  return result == outcome::impossible ? overwrite(native, content) : result == outcome::done;
 }
 
 bool exists(std::wstring_view name) {
