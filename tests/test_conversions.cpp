@@ -3,12 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <map>
 #include <string>
 #include <vector>
 
 #include "basic/number.h"
 #include "basic/str.h"
+#include "core_support.h"
 #include "fed_by.h"
 #include "interchange/known_systems.h"
 #include "interchange/proj4_conv.h"
@@ -291,8 +293,35 @@ TEST(Crs_import, takes_every_notation_and_reaches_for_nothing) {
       {"+init=/etc/passwd:root", "failed"},
       {"+init=../epsg:4326", "failed"},
       {"+proj=hgridshift +grids=/etc/passwd", "failed"},
-      {"proj=vgridshift grids=./passwd", "failed"}};
+      {"proj=vgridshift grids=./passwd", "failed"},
+      {"+proj=tinshift +file =passwd", "failed"},
+      {"+init=file:code", "failed"},
+      {"proj=longlat ellps=krass nadgrids=a.gsb", "failed"},
+      // The grids of a datum shift are noted.
+      {"+proj=longlat +ellps=krass +nadgrids=a.gsb",
+       "+proj=longlat +ellps=krass +nadgrids=a.gsb +no_defs"}};
   for (auto const& [text, definition] : cases) EXPECT_EQ(import_crs(text), definition) << text;
+
+  std::string const with_grid =
+      R"(GEOGCS["x",DATUM["x",SPHEROID["x",6378245,298.3],EXTENSION["PROJ4_GRIDS","@a.gsb"]],)"
+      R"(PRIMEM["Greenwich",0],UNIT["degree",0.0174532925199433]])";
+  std::string with_path = with_grid;
+  with_path.replace(with_path.find('@'), 1, R"(\\host\)");
+  for (auto const& import : {&import_crs, &from_esri}) {
+    EXPECT_EQ(import(with_grid), "+proj=longlat +ellps=krass +nadgrids=@a.gsb +no_defs");
+    EXPECT_EQ(import(with_path), "failed");
+  }
+}
+
+// Which PROJ would take the systems from.
+TEST(Crs_import, does_not_ask_a_file_of_an_authoritys_name) {
+  core_test::Ttemp_folder const folder;
+  core_test::put_file(folder.file("epsg"), "<28407> +proj=longlat +ellps=krass <>\n");
+  auto const before = std::filesystem::current_path();
+  std::filesystem::current_path(folder.file(""));
+  EXPECT_EQ(import_crs("+init=epsg:28407"), "failed");
+  std::filesystem::current_path(before);
+  EXPECT_TRUE(import_crs("+init=epsg:28407").starts_with("+proj=tmerc"));
 }
 
 }  // namespace

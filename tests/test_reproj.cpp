@@ -33,8 +33,13 @@ constexpr char const* zone =
     "+towgs84=23.57,-140.95,-79.8,0,-0.35,-0.79,-0.22";
 constexpr char const* wgs84 = "+proj=longlat +datum=WGS84";
 constexpr char const* utm = "+proj=utm +zone=37 +datum=WGS84";
-constexpr std::array<char const*, 5> unusable{
-    "+proj=utm +zone=99 +ellps=WGS84", "+proj=nonsense +ellps=WGS84", "+lon_0=39", "   ", ""};
+constexpr std::array<char const*, 7> unusable{"+proj=utm +zone=99 +ellps=WGS84",
+                                              "+proj=nonsense +ellps=WGS84",
+                                              "+proj=merc +ellps=krass geoidgrids=/a/b",
+                                              "+proj=merc init=a:b",
+                                              "+lon_0=39",
+                                              "   ",
+                                              ""};
 
 Tzu_xy_array array_of(std::vector<point> const& points) {
   Tzu_xy_array array;
@@ -181,37 +186,45 @@ TEST(Reproj, gives_the_published_numbers) {
 // What is bad in the array, where it is and how long the array is.
 TEST(Reproj, bad_points_fail_alone) {
   core_test::Tenvironment const loud({{"PROJ_DEBUG", "3"}});
-  constexpr std::size_t size = 30000;
-  constexpr std::array<point, 7> bad{{{not_a_number, 55},
+  constexpr std::size_t size = 1000000;
+  constexpr std::array<point, 9> bad{{{not_a_number, 55},
                                       {39, infinity},
                                       {-infinity, 55},
                                       {39, 95},
                                       {1e300, 1e300},
                                       {infinity, not_a_number},
-                                      {39, -90.5}}};
+                                      {39, -90.5},
+                                      {129, 0},
+                                      {-infinity, infinity}}};
   auto const log_level = proj_log_level(nullptr, PJ_LOG_TELL);
   testing::internal::CaptureStderr();
+  Tzu_reproj_xy reproj;
+  ASSERT_TRUE(reproj.init(wgs84, zone));
+  Tzu_xy_array good;
+  good.set_size(size);
+  for (std::size_t i = 0; i < size; ++i) good.set_xy(i, 36 + 6e-6 * static_cast<double>(i), 55);
+  Tzu_xy_array clean = good;
+  ASSERT_TRUE(reproj.apply_array(clean));
+  point alone{good.get_x(size / 2), good.get_y(size / 2)};
+  EXPECT_TRUE(reproj.apply(&alone.x, &alone.y));
+  EXPECT_EQ(alone.x, clean.get_x(size / 2));
+  EXPECT_EQ(alone.y, clean.get_y(size / 2));
   for (std::size_t const every : {std::size_t{1}, std::size_t{2}, size}) {
-    Tzu_reproj_xy reproj;
-    ASSERT_TRUE(reproj.init(wgs84, zone));
-    std::vector<point> points(size);
-    for (std::size_t i = 0; i < size; ++i) {
-      points[i] = {36 + 6 * static_cast<double>(i) / size, 55};
-      if (i % every == every - 1) points[i] = bad[i % bad.size()];
-    }
-    auto array = array_of(points);
+    auto const is_bad = [&](std::size_t i) { return i % every == every - 1; };
+    Tzu_xy_array array = good;
+    for (std::size_t i = 0; i < size; ++i)
+      if (is_bad(i)) array.set_xy(i, bad[i % bad.size()].x, bad[i % bad.size()].y);
     EXPECT_FALSE(reproj.apply_array(array));
     for (std::size_t i = 0; i < size; ++i) {
-      point alone = points[i];
-      bool const good = i % every != every - 1;
-      ASSERT_EQ(reproj.apply(&alone.x, &alone.y), good) << i;
-      ASSERT_EQ(is_finite({array.get_x(i), array.get_y(i)}), good) << i;
-      if (good) {
-        ASSERT_EQ(array.get_x(i), alone.x) << i;
-        ASSERT_EQ(array.get_y(i), alone.y) << i;
+      if (is_bad(i)) {
+        ASSERT_FALSE(is_finite({array.get_x(i), array.get_y(i)})) << i;
+      } else {
+        ASSERT_EQ(array.get_x(i), clean.get_x(i)) << i;
+        ASSERT_EQ(array.get_y(i), clean.get_y(i)) << i;
       }
     }
   }
+  for (point one : bad) EXPECT_FALSE(reproj.apply(&one.x, &one.y) || is_finite(one));
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
   EXPECT_EQ(proj_log_level(nullptr, PJ_LOG_TELL), log_level) << "the host's";
 }
@@ -277,12 +290,28 @@ TEST(Reproj, without_an_operation_everything_fails) {
 
 TEST(Reproj, verifies_a_definition_as_proj_does) {
   libproj::Tcontext const context;
-  for (std::string const definition :
-       {"+proj=utm +zone=37 +ellps=WGS84", "+proj=utm +zone=99 +ellps=WGS84", "+proj=longlat",
-        "+proj=tmerc +a=1 +b=-1", "+proj=nonsense", "+proj=merc +R=6371000",
-        "+proj=lcc +lat_1=30 +lat_2=-30 +ellps=krass", "+proj=stere +lat_0=95 +ellps=krass",
-        "+proj=utm +zone=1 +ellps=nobody", "+proj=utm +zone=1 +datum=nobody",
-        "+proj=merc +units=cubits +ellps=krass", "+lon_0=1", "+proj=tmerc +nadgrids=missing.gsb"})
+  for (std::string const definition : {"+proj=utm +zone=37 +ellps=WGS84",
+                                       "+proj=utm +zone=99 +ellps=WGS84",
+                                       "+proj=longlat",
+                                       "+proj=tmerc +a=1 +b=-1",
+                                       "+proj=nonsense",
+                                       "+proj=merc +R=6371000",
+                                       "+proj=lcc +lat_1=30 +lat_2=-30 +ellps=krass",
+                                       "+proj=stere +lat_0=95 +ellps=krass",
+                                       "+proj=utm +zone=1 +ellps=nobody",
+                                       "+proj=utm +zone=1 +datum=nobody",
+                                       "+proj=merc +units=cubits +ellps=krass",
+                                       "+lon_0=1",
+                                       "+proj=tmerc +nadgrids=missing.gsb",
+                                       "+proj=utm +zone=0 +ellps=krass",
+                                       "+proj=utm +zone=-1 +ellps=krass",
+                                       "+proj=merc +a=0 +b=0",
+                                       "+proj=merc +a=-1 +b=1",
+                                       "+proj=merc +a=6378245 +rf=-1",
+                                       "+proj=tmerc +k_0=0 +ellps=krass",
+                                       "+proj=tmerc +k_0=-1 +ellps=krass",
+                                       "+proj=\xC3\x28 +ellps=krass",
+                                       "+proj=lcc +lat_1=1e300 +ellps=krass"})
     EXPECT_EQ(Tzu_reproj_xy_exec::verify_pj4str(definition.c_str()),
               context.create(definition + " +lon_wrap=45 +no_defs") != nullptr)
         << definition;

@@ -2,6 +2,7 @@
 
 #include <cpl_error.h>
 
+#include <new>
 #include <utility>
 
 namespace zu::foreign_messages {
@@ -12,8 +13,16 @@ sink& receiver() {
   return installed;
 }
 
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
+thread_local bool memory_is_short = false;
+
 void pass_on(char const* message) {
-  if (message != nullptr && receiver()) receiver()(message);
+  if (message == nullptr) return;
+  // PROJ tells what it has caught.
+  std::bad_alloc const caught;
+  if (std::string_view(message).find(caught.what()) != std::string_view::npos)
+    memory_is_short = true;
+  if (receiver()) receiver()(message);
 }
 
 void CPL_STDCALL on_gdal_message(CPLErr level, CPLErrorNum number, char const* message) {
@@ -32,8 +41,15 @@ void set_sink(sink wanted) {
   if (receiver()) proj_log_func(nullptr, nullptr, &on_proj_message);
 }
 
-Tscope::Tscope() { CPLPushErrorHandler(&on_gdal_message); }
-Tscope::~Tscope() { CPLPopErrorHandler(); }
+Tscope::Tscope() : was_short_(std::exchange(memory_is_short, false)) {
+  CPLPushErrorHandler(&on_gdal_message);
+}
+Tscope::~Tscope() {
+  CPLPopErrorHandler();
+  memory_is_short = memory_is_short || was_short_;
+}
+
+bool is_memory_short() noexcept { return memory_is_short; }
 
 Tproj_scope::Tproj_scope() : level_(proj_log_level(nullptr, PJ_LOG_TELL)) {
   proj_log_level(nullptr, receiver() ? PJ_LOG_ERROR : PJ_LOG_NONE);

@@ -21,7 +21,14 @@ class Tscope {
   ~Tscope();
   Tscope(Tscope const&) = delete;
   Tscope& operator=(Tscope const&) = delete;
+
+ private:
+  bool was_short_;
 };
+
+// Whether a message of the innermost such scope, or of one that was inside it, said
+// so. The libraries go on without what they had no memory for, be it a datum's shift.
+bool is_memory_short() noexcept;
 
 // The same for PROJ's default context.
 class Tproj_scope {

@@ -77,45 +77,22 @@ bool is_of_known_authority(std::string_view text) {
   return false;
 }
 
-bool is_word(char c) noexcept {
-  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' ||
-         c == '-' || c == '.';
-}
+// What PROJ writes of systems in its database has up to some 6 KB and 8 levels.
+constexpr std::size_t max_size = std::size_t{256} << 10U;
+constexpr std::size_t max_depth = 32;
 
-bool is_authority_and_code(std::string_view value) noexcept {
-  auto const cut = value.find(':');
-  // One letter may be a drive.
-  return cut != std::string_view::npos && cut > 1 &&
-         std::ranges::all_of(value.substr(0, cut), is_word) &&
-         std::ranges::all_of(value.substr(cut + 1), is_word);
-}
+}  // namespace
 
-bool is_path(std::string_view value) noexcept {
-  return value.find_first_of("/\\~:") != std::string_view::npos;
-}
-
-// The keys of PROJ.4 text, alone or inside WKT, whose values are names of files.
-constexpr std::array<std::string_view, 7> grid_keys{"nadgrids", "geoidgrids", "grids", "xy_grids",
-                                                    "z_grids",  "model",      "file"};
-
-bool names_no_file_but(std::string_view text, std::string_view noted_key) noexcept {
-  constexpr std::string_view between = " \t\r\n\v\f+";
-  for (std::size_t at = 0; at < text.size();) {
-    auto const end = std::min(text.find_first_of(between, at), text.size());
-    std::string_view const piece = text.substr(at, end - at);
-    at = end + 1;
-    auto const cut = piece.find('=');
-    if (cut == std::string_view::npos) continue;
-    std::string_view const key = piece.substr(0, cut);
-    std::string_view const value = piece.substr(cut + 1);
-    if (key == "init" && !is_authority_and_code(value)) return false;
-    if (key != noted_key && is_path(value) && std::ranges::find(grid_keys, key) != grid_keys.end())
-      return false;
+bool is_of_sane_size(std::string_view text) noexcept {
+  if (text.size() > max_size) return false;
+  std::size_t depth = 0;
+  for (char const c : text) {
+    if (c == '{' || c == '[') ++depth;
+    if ((c == '}' || c == ']') && depth > 0) --depth;
+    if (depth > max_depth) return false;
   }
   return true;
 }
-
-}  // namespace
 
 bool is_definition(std::string_view text) {
   if (starts_with(text, "ESRI::")) text.remove_prefix(6);
@@ -129,11 +106,6 @@ bool is_definition(std::string_view text) {
   if (contains_any(text, std::array<std::string_view, 2>{"+proj", "+init"})) return true;
   if (starts_with_any(text, std::array<std::string_view, 2>{"http://", "https://"})) return false;
   return is_of_known_authority(text);
-}
-
-bool names_no_file(std::string_view text) noexcept { return names_no_file_but(text, {}); }
-bool names_no_file_but_shift_grids(std::string_view text) noexcept {
-  return names_no_file_but(text, "nadgrids");
 }
 
 }  // namespace zu::import_guard

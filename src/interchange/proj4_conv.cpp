@@ -8,6 +8,7 @@
 #include "interchange/foreign_messages.h"
 #include "interchange/import_guard.h"
 #include "interchange/known_system_index.h"
+#include "proj4/named_files.h"
 #include "proj4/proj4_str_correct.h"
 #include "proj4/proj_library.h"
 #include "text/fileio.h"
@@ -16,6 +17,8 @@
 
 namespace zu {
 namespace {
+
+using named_files::shift_grids;
 
 // What ESRI's programs call these systems, by the numbers that stand for them.
 // Rows 2, 4 and 5 carry their rotations with the opposite sign of what GDAL has
@@ -96,6 +99,14 @@ bool run(Operation operation) noexcept try {
   return false;
 } catch (...) {
   return false;
+}
+
+// Feeds what the foreign libraries have made. Where memory ran out inside them that
+// may be less than it should be.
+bool feed(Izu_string_adp* adapter, char const* text) {
+  if (foreign_messages::is_memory_short()) return false;
+  zu_string_adp_feed_c(adapter, text);
+  return true;
 }
 
 // GDAL makes PROJ contexts of its own, which are told of the database apart.
@@ -179,13 +190,13 @@ proj4_conv::proj4_conv() {
 bool proj4_conv::export_esri_pj(std::wstring_view definition, Izu_string_adp* adapter) noexcept {
   return run([&] {
     std::string const text = strconv::to_utf8(definition);
-    return lookup_db(text, adapter) || feed_esri(text, adapter);
+    return feed_known(text, adapter) || feed_esri(text, adapter);
   });
 }
 
 bool proj4_conv::feed_esri(std::string const& definition, Izu_string_adp* adapter) const {
   std::string const prepared = prepare_for_gdal(definition);
-  if (!has_database() || !import_guard::names_no_file_but_shift_grids(prepared)) return false;
+  if (!has_database() || !named_files::has_none_but(prepared, shift_grids::any)) return false;
   if (OSRImportFromProj4(system_.get(), prepared.c_str()) != OGRERR_NONE) return false;
   towgs84 shift{};
   OSRGetTOWGS84(system_.get(), shift.data(), static_cast<int>(shift.size()));
@@ -197,8 +208,7 @@ bool proj4_conv::feed_esri(std::string const& definition, Izu_string_adp* adapte
   exported_text const wkt(exported);
   if (status != OGRERR_NONE || !wkt) return false;
   mapping_type const* const row = map_esri(shift, a, rf);
-  zu_string_adp_feed_c(adapter, row == nullptr ? wkt.get() : remap_wkt(wkt.get(), *row).c_str());
-  return true;
+  return feed(adapter, row == nullptr ? wkt.get() : remap_wkt(wkt.get(), *row).c_str());
 }
 
 bool proj4_conv::export_esri_file(std::wstring_view definition, std::wstring_view name) noexcept {
@@ -212,20 +222,23 @@ bool proj4_conv::export_esri_file(std::wstring_view definition, std::wstring_vie
 }
 
 bool proj4_conv::lookup_db(std::string_view definition, Izu_string_adp* adapter) noexcept {
-  return run([&] {
-    Tzu_proj4_str set;
-    set.set(std::string(definition).c_str());
-    set.decompose();
-    known_system const* const row = find_known_system(set);
-    if (row == nullptr) return false;
-    zu_string_adp_feed_c(adapter, row->wkt);
-    return true;
-  });
+  return run([&] { return feed_known(std::string(definition), adapter); });
+}
+
+bool proj4_conv::feed_known(std::string const& definition, Izu_string_adp* adapter) {
+  Tzu_proj4_str set;
+  set.set(definition.c_str());
+  set.decompose();
+  known_system const* const row = find_known_system(set);
+  if (row == nullptr) return false;
+  zu_string_adp_feed_c(adapter, row->wkt);
+  return true;
 }
 
 bool proj4_conv::import_esri(std::wstring_view wkt, Izu_string_adp* adapter) noexcept {
   return run([&] {
     std::string text = strconv::to_utf8(wkt);
+    if (!named_files::has_none_but(text, shift_grids::listed)) return false;
     fix_gsk_wkt(text);
     string_list const list(CSLAddString(nullptr, text.c_str()));
     return import_esri_lst(list.get(), adapter);
@@ -246,8 +259,7 @@ bool proj4_conv::import_esri_file(std::wstring_view name, Izu_string_adp* adapte
 bool proj4_conv::import_esri_lst(char** list, Izu_string_adp* adapter) noexcept {
   return run([&] {
     if (!has_database() || OSRImportFromESRI(system_.get(), list) != OGRERR_NONE) return false;
-    fix_towgs84(system_.get());
-    return feed_proj4(adapter);
+    return fix_towgs84(system_.get()) && feed_proj4(adapter);
   });
 }
 
@@ -255,41 +267,49 @@ bool proj4_conv::feed_proj4(Izu_string_adp* adapter) const {
   char* exported = nullptr;
   OGRErr const status = OSRExportToProj4(system_.get(), &exported);
   exported_text const text(exported);
-  if (status != OGRERR_NONE || !text) return false;
-  zu_string_adp_feed_c(adapter, text.get());
-  return true;
+  // WKT has further ways to name a grid, which who gets the definition would open.
+  if (status != OGRERR_NONE || !text || !named_files::has_none_but(text.get(), shift_grids::listed))
+    return false;
+  return feed(adapter, text.get());
 }
 
 bool proj4_conv::import_crs(std::wstring_view text, Izu_string_adp* adapter) noexcept {
   return run([&] {
     std::string const narrow = strconv::to_utf8(text);
-    return import_crs_gdal(narrow, adapter) || import_crs_proj4(narrow, adapter);
+    return import_guard::is_of_sane_size(narrow) &&
+           (feed_by_gdal(narrow, adapter) || feed_by_proj4(narrow, adapter));
   });
 }
 
 bool proj4_conv::import_crs_gdal(std::string_view text, Izu_string_adp* adapter) noexcept {
-  return run([&] {
-    if (!has_database() || !import_guard::is_definition(text) || !import_guard::names_no_file(text))
-      return false;
-    return OSRSetFromUserInput(system_.get(), std::string(text).c_str()) == OGRERR_NONE &&
-           feed_proj4(adapter);
-  });
+  return run([&] { return feed_by_gdal(std::string(text), adapter); });
+}
+
+bool proj4_conv::feed_by_gdal(std::string const& text, Izu_string_adp* adapter) const {
+  if (!has_database() || !import_guard::is_definition(text) ||
+      !named_files::has_none_but(text, shift_grids::listed))
+    return false;
+  return OSRSetFromUserInput(system_.get(), text.c_str()) == OGRERR_NONE && feed_proj4(adapter);
 }
 
 bool proj4_conv::import_crs_proj4(std::string_view text, Izu_string_adp* adapter) noexcept {
-  return run([&] {
-    if (!has_database() || !import_guard::names_no_file(text)) return false;
-    prepare_libraries();
-    foreign_messages::Tproj_scope const messages;
-    proj_library::object const system(proj_create(nullptr, std::string(text).c_str()));
-    if (!system) return false;
-    char const* const exported = proj_as_proj_string(nullptr, system.get(), PJ_PROJ_4, nullptr);
-    std::string_view const definition = exported == nullptr ? "" : exported;
-    auto const begin = definition.find("+proj=");
-    if (begin == std::string_view::npos) return false;
-    zu_string_adp_feed_c(adapter, definition.substr(begin).data());
-    return true;
-  });
+  return run([&] { return feed_by_proj4(std::string(text), adapter); });
+}
+
+bool proj4_conv::feed_by_proj4(std::string const& text, Izu_string_adp* adapter) {
+  // What is no coordinate system opens its grids.
+  if (!has_database() || !named_files::has_none_but(text, shift_grids::none)) return false;
+  prepare_libraries();
+  foreign_messages::Tproj_scope const messages;
+  proj_library::object const system(proj_create(nullptr, text.c_str()));
+  if (!system) return false;
+  char const* const exported = proj_as_proj_string(nullptr, system.get(), PJ_PROJ_4, nullptr);
+  std::string_view const definition = exported == nullptr ? "" : exported;
+  auto const begin = definition.find("+proj=");
+  if (begin == std::string_view::npos ||
+      !named_files::has_none_but(definition, shift_grids::listed))
+    return false;
+  return feed(adapter, definition.substr(begin).data());
 }
 
 bool proj4_conv::expand_pj4(std::wstring_view definition, Izu_string_adp* adapter) noexcept {
@@ -347,7 +367,7 @@ void proj4_conv::fix_gsk_wkt(std::string& wkt) {
     replace_wkt_tag(wkt, "GEOGCS", "GCS_" + name);
 }
 
-void proj4_conv::fix_towgs84(OGRSpatialReferenceH system) {
+bool proj4_conv::fix_towgs84(OGRSpatialReferenceH system) {
   towgs84 shift{};
   auto const read = [&] {
     return OSRGetTOWGS84(system, shift.data(), static_cast<int>(shift.size())) == OGRERR_NONE;
@@ -364,15 +384,19 @@ void proj4_conv::fix_towgs84(OGRSpatialReferenceH system) {
     row = &mapping_rows[pulkovo_1942_row];
   } else {
     char const* const value = OSRGetAttrValue(system, "DATUM", 0);
-    std::string_view const datum = value == nullptr ? "" : value;
+    // Where memory runs out GDAL tells the name as other notations have it, or none.
+    if (value == nullptr && (OSRIsGeographic(system) != 0 || OSRIsProjected(system) != 0))
+      return false;
+    std::string datum = value == nullptr ? "" : value;
+    std::ranges::replace(datum, ' ', '_');
     if (datum == pulkovo_1942_name)
       row = &mapping_rows[pulkovo_1942_row];
     else if (std::ranges::find(gsk_2011_names, datum) != gsk_2011_names.end())
       row = &mapping_rows[gsk_2011_row];
   }
-  if (row == nullptr) return;
+  if (row == nullptr) return true;
   auto const& [dx, dy, dz, rx, ry, rz, ds] = row->shift;
-  OSRSetTOWGS84(system, dx, dy, dz, rx, ry, rz, ds);
+  return OSRSetTOWGS84(system, dx, dy, dz, rx, ry, rz, ds) == OGRERR_NONE;
 }
 
 }  // namespace zu

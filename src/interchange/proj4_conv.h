@@ -71,12 +71,17 @@ class proj4_conv {
   static std::string remap_wkt(std::string_view wkt, mapping_type const& row);
   static void fix_gsk_wkt(std::string& wkt);
   // Gives Pulkovo 1942 and GSK-2011 their agreed shift; other datums keep what
-  // GDAL read or guessed.
-  static void fix_towgs84(OGRSpatialReferenceH system);
+  // GDAL read or guessed. False where memory ran out for that.
+  static bool fix_towgs84(OGRSpatialReferenceH system);
 
  private:
-  bool feed_proj4(Izu_string_adp* adapter) const;
+  // The ways of a conversion, which throw: where memory ran out on one, the next is
+  // not to be tried, since its result may be another.
+  static bool feed_known(std::string const& definition, Izu_string_adp* adapter);
   bool feed_esri(std::string const& definition, Izu_string_adp* adapter) const;
+  bool feed_by_gdal(std::string const& text, Izu_string_adp* adapter) const;
+  static bool feed_by_proj4(std::string const& text, Izu_string_adp* adapter);
+  bool feed_proj4(Izu_string_adp* adapter) const;
 
   spatial_reference system_;
 };

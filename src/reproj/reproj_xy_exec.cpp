@@ -4,6 +4,7 @@
 #include <array>
 #include <atomic>
 #include <cmath>
+#include <exception>
 #include <numbers>
 #include <span>
 #include <string_view>
@@ -11,6 +12,7 @@
 #include <utility>
 
 #include "basic/thread.h"
+#include "proj4/named_files.h"
 #include "proj4/proj4_str.h"
 #include "text/strconv.h"
 
@@ -32,7 +34,8 @@ struct Tprepared {
   bool is_long_lat = false;
 };
 
-// A definition as PROJ is given it; empty when it has no projection.
+// A definition as PROJ is given it; empty when it has no projection, or would have
+// PROJ open a file that is no grid of a datum shift.
 Tprepared prepare(std::wstring_view definition) {
   Tzu_proj4_str set;
   set.set(zu::strconv::to_utf8(definition).c_str());
@@ -41,7 +44,8 @@ Tprepared prepare(std::wstring_view definition) {
   // names in its database first.
   if (!set.get_proj().get_def()) return {};
   set.compose_for_proj4();
-  return {set.get(), set.get_is_long_lat()};
+  bool const is_safe = zu::named_files::has_none_but(set.get(), zu::named_files::shift_grids::any);
+  return {is_safe ? set.get() : "", set.get_is_long_lat()};
 }
 
 std::wstring widen(char const* text) {
@@ -59,8 +63,14 @@ void scale(std::size_t count, double* x, double* y, double factor) noexcept {
 
 bool transform_block(PJ* operation, PJ_DIRECTION direction, std::size_t count, double* x,
                      double* y) noexcept {
-  proj_trans_generic(operation, direction, x, sizeof(double), count, y, sizeof(double), count,
-                     nullptr, 0, 0, nullptr, 0, 0);
+  try {
+    proj_trans_generic(operation, direction, x, sizeof(double), count, y, sizeof(double), count,
+                       nullptr, 0, 0, nullptr, 0, 0);
+  } catch (std::exception const&) {
+    // PROJ opens a grid when the first point needs it, and memory may lack for that.
+    std::fill_n(x, count, HUGE_VAL);
+    std::fill_n(y, count, HUGE_VAL);
+  }
   bool all = true;
   for (std::size_t i = 0; i < count; ++i) all = all && std::isfinite(x[i]) && std::isfinite(y[i]);
   return all;
@@ -151,8 +161,12 @@ bool Tzu_reproj_xy_exec::apply(double* x, double* y, reproj_direction direction)
   bool const forward = direction == reproj_direction::forward;
   if (forward ? angular_input_ : angular_output_) scale(1, x, y, degree);
   if (!has_operation()) return false;
-  PJ_COORD const result =
-      proj_trans(normalized_.get(), to_proj(direction), proj_coord(*x, *y, 0, HUGE_VAL));
+  PJ_COORD result = proj_coord(HUGE_VAL, HUGE_VAL, HUGE_VAL, HUGE_VAL);
+  try {
+    result = proj_trans(normalized_.get(), to_proj(direction), proj_coord(*x, *y, 0, HUGE_VAL));
+  } catch (std::exception const&) {
+    // As in transform_block.
+  }
   *x = result.xy.x;
   *y = result.xy.y;
   if (!std::isfinite(*x) || !std::isfinite(*y)) return false;
@@ -192,14 +206,19 @@ bool Tzu_reproj_xy_exec::transform_shared(std::size_t count, double* x, double* 
 }
 
 std::size_t Tzu_reproj_xy_exec::prepare_helpers(std::size_t wanted) {
-  while (helpers_.size() < wanted) {
-    Thelper helper;
-    helper.context = zu::proj_library::make_context();
-    if (helper.context) helper.operation.reset(proj_clone(helper.context.get(), normalized_.get()));
-    if (!helper.operation) return helpers_.size();
-    helpers_.push_back(std::move(helper));
+  try {
+    while (helpers_.size() < wanted) {
+      Thelper helper;
+      helper.context = zu::proj_library::make_context();
+      if (!helper.context) break;
+      helper.operation.reset(proj_clone(helper.context.get(), normalized_.get()));
+      if (!helper.operation) break;
+      helpers_.push_back(std::move(helper));
+    }
+  } catch (std::exception const&) {
+    // Without memory for more of them those there are do it all.
   }
-  return wanted;
+  return std::min(wanted, helpers_.size());
 }
 
 bool Tzu_reproj_xy_exec::verify_pj4str(char const* definition) {
