@@ -11,6 +11,7 @@
 #include "catalogue/catalogue.h"
 #include "catalogue/pj_dbf.h"
 #include "core_support.h"
+#include "proj4/proj4_param.h"
 #include "proj4/short_text.h"
 #include "text/string_adapter.h"
 
@@ -132,6 +133,30 @@ TEST_F(Catalogue, without_tables_has_the_geographic_systems_only) {
   EXPECT_EQ(datums.get_datum_defs().get_size() + datums.get_ellipse_defs().get_size(), 0U);
 }
 
+TEST_F(Catalogue, folder_that_is_none_and_tables_that_are_none_are_no_tables) {
+  write_ellipses({});
+  for (char const* name :
+       {"tables/pj_proj1.dbf", "tables/pj_proj2.dbf", "tables/pj_datum.dbf", "tables/pj_ellps.dbf"})
+    std::filesystem::create_directories(folder.file(name));
+  for (char const* name : {"missing/", "pj_ellps.dbf", "pj_ellps.dbf/", "tables/"}) {
+    Tzu_pj_dbf::set_catalogue_folder(folder.file(name));
+    EXPECT_EQ(Tzu_pj_def_dbf().get_proj_defs().get_size(), 2U) << name;
+    EXPECT_EQ(Tzu_pj_def_dbf().get_zone_defs().get_size(), 0U) << name;
+    EXPECT_EQ(Tzu_datum_def_dbf().get_datum_defs().get_size(), 0U) << name;
+    EXPECT_EQ(Tzu_datum_def_dbf().get_ellipse_defs().get_size(), 0U) << name;
+  }
+}
+
+// The lists are read once: what becomes of the folder then does not matter to them.
+TEST_F(Catalogue, lists_outlive_their_tables) {
+  write_ellipses({cells("ELLPS_NAME=Here;A=6378245;RF=298.3")});
+  Tzu_datum_def_dbf const before;
+  core_test::put_file(folder.file("pj_ellps.dbf"), "no table");
+  ASSERT_EQ(before.get_ellipse_defs().get_size(), 1U);
+  EXPECT_EQ(before.get_ellipse_defs().get(0).get_caption(), "Here");
+  EXPECT_EQ(Tzu_datum_def_dbf().get_ellipse_defs().get_size(), 0U);
+}
+
 TEST_F(Catalogue, projection_row) {
   write_usual({cells("PRJ_NAME= Lambert  conic *;PRJ_ALIAS=*;PROJ=lcc;SOUTH=1;DATUM=WGS84;"
                      "LON_0=1;LON_0_MIN=-180;LON_0_MAX=180;LAT_1=1;LAT_1_V=39.5;LAT_1_MAX=60;"
@@ -203,39 +228,25 @@ TEST_F(Catalogue, each_number_comes_from_its_own_columns) {
 }
 
 TEST_F(Catalogue, every_column_is_required_in_any_order) {
-  auto const check = [this](columns const& all, auto load) {
+  auto const check = [this](columns const& all, auto list, auto load) {
     std::string const name = folder.file("t.dbf");
+    list.add();
     for (std::size_t left_out = 0; left_out <= all.size(); ++left_out) {
       columns names(all.rbegin(), all.rend());
       names.emplace_back("EXTRA");
       if (left_out < all.size()) std::erase(names, all[left_out]);
       write_table(name, names, {{}, {}});
       bool const whole = left_out == all.size();
-      auto const [result, size] = load(name);
-      EXPECT_EQ(result, whole ? 0 : 200) << (whole ? "whole" : all[left_out]);
-      EXPECT_EQ(size, whole ? 2U : 0U);
+      EXPECT_EQ(load(name, list), whole ? 0 : 200) << (whole ? "whole" : all[left_out]);
+      EXPECT_EQ(list.get_size(), whole ? 2U : 0U);
     }
-  };
-  check(proj_columns(), [](std::string const& name) {
-    Tzu_pj_proj_defs list;
     list.add();
-    int const result = Tzu_pj_dbf::load_pj_proj(name, list);
-    return std::pair(result, list.get_size());
-  });
-  check(datum_columns, [](std::string const& name) {
-    Tzu_pj_datum_defs list;
-    int const result = Tzu_pj_dbf::load_pj_datum(name, list);
-    return std::pair(result, list.get_size());
-  });
-  check(ellipse_columns, [](std::string const& name) {
-    Tzu_pj_ellipse_defs list;
-    int const result = Tzu_pj_dbf::load_pj_ellipse(name, list);
-    return std::pair(result, list.get_size());
-  });
-  Tzu_pj_datum_defs list;
-  list.add();
-  EXPECT_EQ(Tzu_pj_dbf::load_pj_datum(folder.file("missing.dbf"), list), 1);
-  EXPECT_EQ(list.get_size(), 0U);
+    EXPECT_EQ(load(folder.file("missing.dbf"), list), 1);
+    EXPECT_EQ(list.get_size(), 0U);
+  };
+  check(proj_columns(), Tzu_pj_proj_defs(), &Tzu_pj_dbf::load_pj_proj);
+  check(datum_columns, Tzu_pj_datum_defs(), &Tzu_pj_dbf::load_pj_datum);
+  check(ellipse_columns, Tzu_pj_ellipse_defs(), &Tzu_pj_dbf::load_pj_ellipse);
 }
 
 TEST_F(Catalogue, datum_and_ellipsoid_rows) {
@@ -413,6 +424,36 @@ TEST_F(Catalogue, projection_look_ups) {
   EXPECT_EQ(catalogue.get_last_zone(), nullptr);
   EXPECT_EQ(catalogue.get_proj_defs().get_size(), 2U);
   EXPECT_EQ(catalogue.get_zone_defs().get_size(), 4U);
+}
+
+// A parameter of a definition takes a row's value where the row has one.
+template <class Param, class From, class Value>
+void expect_taken(Value value, char const* text) {
+  Param param("key");
+  Param copy("key");
+  From given;
+  given.set_default(value);
+  param.val_from_str("1");
+  param.set_param(given);
+  EXPECT_FALSE(param.get_def()) << text;
+  given.set_def_default(true);
+  param.set_param(given);
+  copy.set_param(param);
+  EXPECT_TRUE(copy.get_def() && copy.equal(param)) << text;
+  EXPECT_STREQ(copy.get_out_str(), text);
+}
+
+TEST(Proj_defs, values_go_into_definitions) {
+  expect_taken<Tzu_proj4_param_str, Tzu_pj_str_param>("krass", "+key=krass ");
+  expect_taken<Tzu_proj4_param_int, Tzu_pj_int_param>(37, "+key=37 ");
+  expect_taken<Tzu_proj4_param_dbl, Tzu_pj_dbl_param>(-0.5, "+key=-0.5 ");
+  expect_taken<Tzu_proj4_param_bool, Tzu_pj_bool_param>(true, "+key ");
+  Tzu_proj4_param_towgs84 shift("key");
+  Tzu_proj4_param_towgs84 copy("key");
+  shift.val_from_str("1,2,3,4,5,6,7");
+  copy.set_param(shift);
+  EXPECT_STREQ(copy.get_out_str(), "+key=1,2,3,4,5,6,7 ");
+  EXPECT_STREQ(Tzu_proj4_traits::dbl2str(-5811057.6280000001), "-5811057.628");
 }
 
 TEST_F(Catalogue, deleted_rows_and_foreign_letters_are_kept) {

@@ -64,13 +64,10 @@ std::vector<std::string> untouched_definitions() {
   return definitions;
 }
 
-TEST_F(Shipped, KeepsZonesAndLocalSystemsByteForByte) {
-  for (auto const& definition : untouched_definitions())
-    EXPECT_EQ(open_and_apply(editor, definition), definition);
-}
-
-TEST_F(Shipped, KeepsThemWithADecimalCommaToo) {
-  for (char const* name : core_test::comma_locales()) {
+TEST_F(Shipped, KeepsZonesAndLocalSystemsByteForByteInEveryLocale) {
+  auto locales = core_test::comma_locales();
+  locales.insert(locales.begin(), "C");
+  for (char const* name : locales) {
     core_test::Tc_locale const locale(name);
     ASSERT_TRUE(locale.is_set()) << "there is no " << name;
     for (auto const& definition : untouched_definitions())
@@ -242,6 +239,22 @@ TEST_F(Shipped, SettlesAtOnce) {
         open_and_apply(editor, "+proj=" + record.get_prj4_name() + " +lat_1=40 +lat_2=50");
     EXPECT_EQ(open_and_apply(editor, once), once);
   }
+}
+
+// Whatever a parameter says: the form opens, and gives numbers that are ones.
+TEST_F(Shipped, SettlesAtOnceOnBrokenValuesToo) {
+  for (std::string const start : {"+proj=tmerc +ellps=krass", "+proj=utm +datum=WGS84",
+                                  "+proj=longlat", "+proj=lcc +lat_2=50"})
+    for (std::string const key :
+         {"zone", "a", "b", "rf", "k_0", "lon_0", "lat_1", "towgs84", "ellps", "datum", "R"})
+      for (std::string const value : {"0", "-1", "61", "99999999999", "1e11", "nan", "-inf",
+                                      "1e999", "0x10", "1,5", "", ",,,,,,,,,", "\xC3\x28"}) {
+        std::string const text = std::string(start).append(" +").append(key).append("=") + value;
+        std::string const once = open_and_apply(editor, text);
+        EXPECT_EQ(open_and_apply(editor, once), once) << text;
+        EXPECT_EQ(once.find("nan"), std::string::npos) << text;
+        EXPECT_EQ(once.find("inf"), std::string::npos) << text;
+      }
 }
 
 // ---------------------------------------------------------------------------

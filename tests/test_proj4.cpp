@@ -21,6 +21,12 @@ std::string composed(std::string const& text) {
   return core_test::recorded(std::string(set.get()));
 }
 
+std::string many(std::string_view piece, std::size_t count) {
+  std::string text;
+  while (count-- > 0) text += piece;
+  return text;
+}
+
 constexpr char const* tail = " +lon_wrap=45 +no_defs";
 
 TEST(Proj4_str, new_set_is_empty) {
@@ -38,7 +44,7 @@ TEST(Proj4_str, new_set_is_empty) {
 
 TEST(Proj4_str, reading_and_writing_normalises) {
   struct Tcase {
-    char const* text;
+    std::string text;
     std::string result;  // before the closing keys
   };
   std::vector<Tcase> const cases{
@@ -78,12 +84,33 @@ TEST(Proj4_str, reading_and_writing_normalises) {
       {"+wktext +type=crs +init=epsg:4326 +lon_wrap=180 +no_defs +lat0=1", ""},
       {"", ""},
       {"   ", ""},
-      {"+++ + =", ""}};
+      {"+++ + =", ""},
+      {"+", ""},
+      {"+zone=0 +a=0 +k_0=0", "+zone=0 +k_0=0 +a=0"},
+      {"+zone=-1 +a=-1 +b=1 +rf=0", "+zone=-1 +a=-1 +b=1 +rf=0"},
+      {"+zone=0x10 +x_0=0x10 +y_0=1,5", "+zone=0 +x_0=16 +y_0=1"},
+      {"+towgs84=nan,inf,1e999,-inf,0x1", "+towgs84=0,0,0,0,1,0,0"},
+      {"+towgs84=,,1", "+towgs84=0,0,1,0,0,0,0"},
+      {"+towgs84=" + many("1,", 1000), "+towgs84=1,1,1,1,1,1,1"},
+      {"+ellps=\xC3\x28 +units=\xF0\x9F", "+ellps=\xC3\x28 +units=\xF0\x9F"},
+      {std::string("+zone=1\0+zone=2", 15), "+zone=1"}};
   for (auto const& c : cases) {
     std::string const wanted = c.result.empty() ? "" : c.result + tail;
     EXPECT_EQ(composed(c.text), wanted) << c.text;
     EXPECT_EQ(composed(wanted), wanted) << "again: " << c.text;
   }
+}
+
+// Work that grew with the square of these lengths would outlast the test's time.
+TEST(Proj4_str, long_texts_take_time_in_proportion) {
+  constexpr std::size_t count = 2000000;
+  EXPECT_EQ(composed(many("+a=1 ", count)), std::string("+a=1") + tail);
+  EXPECT_EQ(composed(many("+", count)), "");
+  EXPECT_EQ(composed(many("=", count)), "");
+  EXPECT_EQ(composed("+towgs84=" + many("2,", count)),
+            std::string("+towgs84=2,2,2,2,2,2,2") + tail);
+  EXPECT_EQ(composed("+lat_1=" + many("0", count) + "5"), std::string("+lat_1=5") + tail);
+  EXPECT_EQ(composed("+proj=" + many(" ", count) + "utm"), std::string("+proj=utm") + tail);
 }
 
 TEST(Proj4_str, any_text_normalises_once) {

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <utility>
 
 #include "basic/code_page.h"
 #include "basic/str.h"
@@ -48,8 +49,9 @@ std::string const& system_encoding() {
   static std::string known_name;
   static std::string encoding;
   if (std::string_view const name = locale_name(); encoding.empty() || name != known_name) {
+    std::string found = find_encoding(name);
     known_name = name;
-    encoding = find_encoding(name);
+    encoding = std::move(found);
   }
   return encoding;
 }
@@ -80,8 +82,10 @@ class Tconverter {
 
   // Converts bytes to bytes. Where the source has no counterpart, `replace` is
   // given the rest of it, shortens that by what it replaces, and returns the
-  // replacement.
+  // replacement. The source is a copy because the call wants bytes that it could
+  // write to.
   template <class Replace>
+  // cppcheck-suppress passedByValue
   std::string convert(std::string source, Replace replace) {
     std::string result;
     char* in = source.data();

@@ -1,9 +1,13 @@
 #include <dlfcn.h>
 #include <link.h>
 
+#include <algorithm>
+#include <array>
+#include <climits>
 #include <filesystem>
 #include <functional>
 #include <map>
+#include <new>
 #include <string>
 #include <system_error>
 
@@ -24,17 +28,22 @@ struct memory {
 
 struct search {
   std::string_view stem;
-  std::string path;
   memory* remembered;
+  // Zero-terminated.
+  std::array<char, PATH_MAX> path{};
+
+  void take(std::string_view found) noexcept {
+    if (found.size() < path.size()) *std::ranges::copy(found, path.begin()).out = '\0';
+  }
 };
 
-int visit(dl_phdr_info* info, std::size_t /*size*/, void* context) {
+int visit(dl_phdr_info* info, std::size_t /*size*/, void* context) noexcept {
   auto& wanted = *static_cast<search*>(context);
   memory& known = *wanted.remembered;
   if (known.loads != info->dlpi_adds || known.unloads != info->dlpi_subs)
     known = {info->dlpi_adds, info->dlpi_subs, {}};
   if (auto const found = known.paths.find(wanted.stem); found != known.paths.end()) {
-    wanted.path = found->second;
+    wanted.take(found->second);
     return 1;
   }
   std::string_view name = info->dlpi_name;
@@ -42,7 +51,7 @@ int visit(dl_phdr_info* info, std::size_t /*size*/, void* context) {
   if (name.starts_with("lib") && !wanted.stem.starts_with("lib")) name.remove_prefix(3);
   if (!name.starts_with(wanted.stem) || !name.substr(wanted.stem.size()).starts_with(".so"))
     return 0;
-  wanted.path = info->dlpi_name;
+  wanted.take(info->dlpi_name);
   return 1;
 }
 
@@ -58,15 +67,19 @@ std::wstring own_path() {
   return code_page::to_wide(code_page::system, path.native());
 }
 
-function find_loaded(std::string_view stem, char const* symbol) {
+function find_loaded(std::string_view stem, char const* symbol) noexcept {
   // Hosts load their modules by path and often without a soname, so the loaded
   // objects are looked through by file name.
   static thread_local memory remembered;
-  search wanted{stem, {}, &remembered};
+  search wanted{stem, &remembered};
   dl_iterate_phdr(visit, &wanted);
-  remembered.paths.try_emplace(std::string(stem), wanted.path);
-  if (wanted.path.empty()) return nullptr;
-  void* const handle = dlopen(wanted.path.c_str(), RTLD_LAZY | RTLD_NOLOAD);
+  try {
+    remembered.paths.try_emplace(std::string(stem), wanted.path.data());
+  } catch (std::bad_alloc const&) {
+    // The next question looks through all of them again.
+  }
+  if (wanted.path.front() == '\0') return nullptr;
+  void* const handle = dlopen(wanted.path.data(), RTLD_LAZY | RTLD_NOLOAD);
   if (handle == nullptr) return nullptr;
   void* const address = dlsym(handle, symbol);
   dlclose(handle);

@@ -1,5 +1,7 @@
 #include <windows.h>
 
+#include <algorithm>
+#include <array>
 #include <string>
 
 #include "basic/module.h"
@@ -17,9 +19,12 @@ std::wstring own_path() {
   return path;
 }
 
-function find_loaded(std::string_view stem, char const* symbol) {
-  std::wstring const name = std::wstring(stem.begin(), stem.end()) + L".dll";
-  HMODULE const handle = GetModuleHandleW(name.c_str());
+function find_loaded(std::string_view stem, char const* symbol) noexcept {
+  constexpr std::wstring_view extension = L".dll";
+  std::array<wchar_t, MAX_PATH> name{};
+  if (stem.size() + extension.size() >= name.size()) return nullptr;
+  std::ranges::copy(extension, std::ranges::copy(stem, name.begin()).out);
+  HMODULE const handle = GetModuleHandleW(name.data());
   if (handle == nullptr) return nullptr;
   return reinterpret_cast<function>(GetProcAddress(handle, symbol));
 }

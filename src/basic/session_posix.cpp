@@ -10,6 +10,8 @@
 namespace zu::session {
 
 std::wstring user_name() {
+  // One thread by contract, the host's.
+  // cppcheck-suppress getpwuidCalled
   passwd const* const entry = getpwuid(geteuid());
   return entry == nullptr ? std::wstring() : code_page::to_wide(code_page::system, entry->pw_name);
 }

@@ -1,5 +1,7 @@
 #include "catalogue/catalogue.h"
 
+#include <utility>
+
 #include "catalogue/pj_dbf.h"
 
 Tzu_pj_def_dbf& Tzu_pj_def_dbf::instance() {
@@ -9,11 +11,15 @@ Tzu_pj_def_dbf& Tzu_pj_def_dbf::instance() {
 
 // A table that does not load leaves its list empty and the dialog usable.
 void Tzu_pj_def_dbf::load() {
+  Tzu_pj_proj_defs usual;
+  Tzu_pj_proj_defs zonal;
+  Tzu_pj_dbf::load_pj_proj(Tzu_pj_dbf::get_proj_db_path(), usual);
+  Tzu_pj_dbf::load_pj_longlat(usual);
+  Tzu_pj_dbf::load_pj_proj(Tzu_pj_dbf::get_zone_db_path(), zonal);
+  usual_ = std::move(usual);
+  zonal_ = std::move(zonal);
   last_usual_ = nullptr;
   last_zonal_ = nullptr;
-  Tzu_pj_dbf::load_pj_proj(Tzu_pj_dbf::get_proj_db_path(), usual_);
-  Tzu_pj_dbf::load_pj_longlat(usual_);
-  Tzu_pj_dbf::load_pj_proj(Tzu_pj_dbf::get_zone_db_path(), zonal_);
 }
 
 Tzu_pj_proj_def const* Tzu_pj_def_dbf::get_def(std::string_view prj4_name, double lat_0,
@@ -44,6 +50,10 @@ Tzu_datum_def_dbf& Tzu_datum_def_dbf::instance() {
 }
 
 void Tzu_datum_def_dbf::load() {
-  Tzu_pj_dbf::load_pj_datum(Tzu_pj_dbf::get_datum_db_path(), datums_);
-  Tzu_pj_dbf::load_pj_ellipse(Tzu_pj_dbf::get_ellipse_db_path(), ellipses_);
+  Tzu_pj_datum_defs datums;
+  Tzu_pj_ellipse_defs ellipses;
+  Tzu_pj_dbf::load_pj_datum(Tzu_pj_dbf::get_datum_db_path(), datums);
+  Tzu_pj_dbf::load_pj_ellipse(Tzu_pj_dbf::get_ellipse_db_path(), ellipses);
+  datums_ = std::move(datums);
+  ellipses_ = std::move(ellipses);
 }

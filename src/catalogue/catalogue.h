@@ -14,7 +14,7 @@ class Tzu_pj_def_dbf {
   Tzu_pj_def_dbf() { load(); }
   static Tzu_pj_def_dbf& instance();
 
-  // Reads the tables anew; records of before are gone.
+  // Reads the tables anew; records of before are gone, unless memory runs out.
   void load();
 
   Tzu_pj_proj_defs const& get_proj_defs() const noexcept { return usual_; }

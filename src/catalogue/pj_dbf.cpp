@@ -2,6 +2,7 @@
 
 #include <array>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "basic/number.h"
@@ -76,6 +77,7 @@ template <class List, std::size_t Count, class Read>
 int load(std::string const& name, List& list, std::array<std::string_view, Count> const& columns,
          Read read_record) {
   list.clear();
+  List records;
   Tzu_file_dbf table;
   if (int const result = table.open(name.c_str(), true); result != 0) return result;
   Trow row;
@@ -84,10 +86,11 @@ int load(std::string const& name, List& list, std::array<std::string_view, Count
   std::uint32_t const count = table.get_records_in_file();
   for (std::uint32_t i = 0; i < count; ++i) {
     table.set_rec(i);
-    auto& record = list.add();
+    auto& record = records.add();
     record.set_index(i + 1);
     read_record(row, record);
   }
+  list = std::move(records);
   return Tzu_pj_dbf::loaded;
 }
 

@@ -30,7 +30,8 @@ class Tzu_pj_dbf {
   static std::string wrk_str(std::string_view text);
 
   // Each clears the list and fills it in the order of the table. A table that
-  // cannot be opened or lacks a column leaves the list empty.
+  // cannot be opened or lacks a column leaves the list empty, and so does a lack of
+  // memory, which is thrown.
   static int load_pj_ellipse(std::string const& name, Tzu_pj_ellipse_defs& list);
   static int load_pj_datum(std::string const& name, Tzu_pj_datum_defs& list);
   static int load_pj_proj(std::string const& name, Tzu_pj_proj_defs& list);

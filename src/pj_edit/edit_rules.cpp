@@ -124,7 +124,7 @@ catalogue_lists catalogue_lists::shipped() {
           Tzu_datum_def_dbf::get_ellipses()};
 }
 
-Tzu_pj_editor::Tzu_pj_editor(catalogue_lists lists) : lists_(lists) { clear(); }
+Tzu_pj_editor::Tzu_pj_editor(catalogue_lists const& lists) : lists_(lists) { clear(); }
 
 // Selectors start at their first entry.
 void Tzu_pj_editor::clear() {

@@ -28,7 +28,7 @@ struct catalogue_lists {
 // The edited definition: a state, the catalogue it refers to, and the rules.
 class Tzu_pj_editor {
  public:
-  explicit Tzu_pj_editor(catalogue_lists lists);
+  explicit Tzu_pj_editor(catalogue_lists const& lists);
 
   edit_state const& state() const noexcept { return state_; }
   catalogue_lists const& lists() const noexcept { return lists_; }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "basic/number.h"
 #include "basic/str.h"
@@ -43,7 +44,8 @@ void Tzu_proj4_str::compose() { compose_as(style::library); }
 void Tzu_proj4_str::compose_for_proj4() { compose_as(style::proj); }
 
 void Tzu_proj4_str::compose_as(style wanted) {
-  definition_.clear();
+  // The old text stays until there is a new one.
+  std::string text;
   bool const sphere = is_sphere();
   bool const by_radius = sphere && wanted == style::proj;
   bool any = false;
@@ -53,13 +55,12 @@ void Tzu_proj4_str::compose_as(style wanted) {
     if (!param->get_def()) continue;
     any = true;
     if (by_radius && param == &a_)
-      definition_.append("+R=").append(zu::number::format_double(a_.get_dbl())).append(" ");
+      text.append("+R=").append(zu::number::format_double(a_.get_dbl())).append(" ");
     else
-      definition_.append(param->get_out_str());
+      text.append(param->get_out_str());
   }
-  if (!any) return;
-  if (lon_wrap_) definition_.append("+lon_wrap=45 ");
-  definition_.append("+no_defs");
+  if (any) text.append(lon_wrap_ ? "+lon_wrap=45 +no_defs" : "+no_defs");
+  definition_ = std::move(text);
 }
 
 void Tzu_proj4_str::set_all_undefined() noexcept {

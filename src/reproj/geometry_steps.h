@@ -65,6 +65,11 @@ bool apply_to_sequence(Sequence* sequence, Tzu_xy_array& buffer, Transform trans
 template <class Set, class Transform>
 bool apply_to_set(Set* set, Tzu_xy_array& buffer, Transform transform) {
   if (set == nullptr) return false;
+  // Where memory lacks for one, none is transformed.
+  std::size_t largest = 0;
+  for (std::size_t i = 0; i < size_of(set); ++i)
+    largest = std::max(largest, size_of(sequence_of(set, i)));
+  buffer.set_capacity(largest);
   bool done = true;
   for (std::size_t i = 0; i < size_of(set); ++i)
     done = apply_to_sequence(sequence_of(set, i), buffer, transform) && done;

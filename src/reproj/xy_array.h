@@ -11,6 +11,8 @@ class Tzu_xy_array {
   // Keeps the first points; new ones are at the origin. Memory is only ever
   // added, so that sizes met before cost none.
   void set_size(std::size_t size) {
+    // Both or none, when memory runs out.
+    set_capacity(size);
     x_.resize(size);
     y_.resize(size);
   }

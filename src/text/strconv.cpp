@@ -1,5 +1,6 @@
 #include "text/strconv.h"
 
+#include <algorithm>
 #include <array>
 
 #include "basic/code_page.h"
@@ -41,7 +42,7 @@ bool has_code_page(encodings encoding) noexcept {
 
 encoding_row const& get_encoding(encodings encoding) noexcept {
   auto const index = static_cast<std::size_t>(encoding);
-  return index < table.size() ? table[index] : table.back();
+  return table[std::min(index, table.size() - 1)];
 }
 
 std::string to_utf8(std::wstring_view text) {

@@ -24,6 +24,7 @@ void keep_library_loaded() {
   Dl_info info{};
   if (dladdr(reinterpret_cast<void const*>(&keep_library_loaded), &info) == 0) return;
   // The handle is dropped on purpose: the mapping is to stay.
+  // cppcheck-suppress leakReturnValNotUsed
   static_cast<void>(dlopen(info.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE));
 }
 

@@ -54,9 +54,7 @@ static void load_code(char const* database, char const* expected) {
   put_file(definition_file, "[projection]\npj4=+init=epsg:28407\n");
 
   use_library(FOLDER L"\\zu_pj_edit.dll");
-  outcome const result = run_form(open_host(), MOSCOW_TM("37.5"), script_load);
-  CHECK_TEXT(result.text, expected);
-  CHECK_NUMBER(result.changed, 1);
+  CHECK_OUTCOME(run_form(open_host(), MOSCOW_TM("37.5"), script_load), expected, 1);
 }
 
 void database_is_found_beside_the_library(void) { load_code(NULL, PULKOVO_ZONE_7); }

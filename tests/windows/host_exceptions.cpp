@@ -13,7 +13,8 @@
 int main() {
   std::array<wchar_t, MAX_PATH> path{};
   library_path(path.data(), MAX_PATH, L"editor_module\\zuk_scene2d_editor_bdl.dll");
-  CHECK(LoadLibraryW(path.data()) != nullptr);
+  HMODULE const editor = LoadLibraryW(path.data());
+  CHECK(editor != nullptr);
   HWND const host = open_host();
   for (int i = 0; i < 3; ++i) {
     std::string caught;

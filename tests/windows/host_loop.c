@@ -15,7 +15,7 @@ static HWND host;
 
 /* The host's loop gets the request, with its code and once. */
 static void check_quit(void) {
-  MSG message = {.message = WM_NULL};
+  MSG message = {0};
   while (PeekMessageW(&message, NULL, 0, 0, PM_REMOVE) && message.message != WM_QUIT) {
     DispatchMessageW(&message);
   }
@@ -27,10 +27,8 @@ static void check_quit(void) {
   }
 }
 
-static BOOL quit_at_request(HWND window, UINT message, WPARAM first, LPARAM second) {
+static BOOL quit_at_request(HWND window, UINT message) {
   (void)window;
-  (void)first;
-  (void)second;
   if (message != message_act) return FALSE;
   PostQuitMessage(exit_code);
   return TRUE;
@@ -47,18 +45,18 @@ static void check_form_works(void) {
   CHECK(IsWindowEnabled(host));
 }
 
-void quit_ends_the_form(void) {
+static void check_quit_of(message_hook hook, script body, char const* text, int changed) {
   host = open_host();
   for (int i = 0; i < 3; ++i) {
-    host_hook = quit_at_request;
-    outcome const result = run_form(host, MOSCOW_TM("37.5"), script_quit);
-    CHECK_TEXT(result.text, MOSCOW_TM("37.5"));
-    CHECK_NUMBER(result.changed, 0);
+    host_hook = hook;
+    CHECK_OUTCOME(run_form(host, MOSCOW_TM("37.5"), body), text, changed);
     CHECK(IsWindowEnabled(host));
     check_quit();
   }
   check_form_works();
 }
+
+void quit_ends_the_form(void) { check_quit_of(quit_at_request, script_quit, MOSCOW_TM("37.5"), 0); }
 
 static void script_quit_under_message(HWND form) {
   type_text(form, L"55.5", L"91");
@@ -68,23 +66,12 @@ static void script_quit_under_message(HWND form) {
 }
 
 void quit_ends_a_message_and_the_form(void) {
-  host = open_host();
-  for (int i = 0; i < 3; ++i) {
-    host_hook = quit_at_request;
-    outcome const result = run_form(host, MOSCOW_TM("37.5"), script_quit_under_message);
-    CHECK_TEXT(result.text, MOSCOW_TM("37.5"));
-    CHECK_NUMBER(result.changed, 0);
-    CHECK(IsWindowEnabled(host));
-    check_quit();
-  }
-  check_form_works();
+  check_quit_of(quit_at_request, script_quit_under_message, MOSCOW_TM("37.5"), 0);
 }
 
 /* In one go: the form is still open, and will not be by the time of the request. */
-static BOOL apply_and_quit(HWND window, UINT message, WPARAM first, LPARAM second) {
+static BOOL apply_and_quit(HWND window, UINT message) {
   (void)window;
-  (void)first;
-  (void)second;
   if (message != message_act) return FALSE;
   press(find_form(), apply_button);
   PostQuitMessage(exit_code);
@@ -92,15 +79,7 @@ static BOOL apply_and_quit(HWND window, UINT message, WPARAM first, LPARAM secon
 }
 
 void quit_with_apply_is_kept(void) {
-  host = open_host();
-  for (int i = 0; i < 3; ++i) {
-    host_hook = apply_and_quit;
-    outcome const result = run_form(host, MOSCOW_TM("37.5"), script_quit);
-    CHECK_TEXT(result.text, MOSCOW_TM("38.25"));
-    CHECK_NUMBER(result.changed, 1);
-    check_quit();
-  }
-  check_form_works();
+  check_quit_of(apply_and_quit, script_quit, MOSCOW_TM("38.25"), 1);
 }
 
 /* The last moments of the form. */
@@ -142,9 +121,7 @@ void quit_of_a_hiding_form_is_kept(void) {
 static LONG volatile ticks;
 static LONG volatile paints;
 
-static BOOL count_ticks_and_paints(HWND window, UINT message, WPARAM first, LPARAM second) {
-  (void)first;
-  (void)second;
+static BOOL count_ticks_and_paints(HWND window, UINT message) {
   if (message == WM_TIMER) {
     InterlockedIncrement(&ticks);
     InvalidateRect(window, NULL, TRUE);
@@ -174,9 +151,7 @@ void host_goes_on_meanwhile(void) {
 
 static LONG volatile rounds;
 
-static BOOL post_without_end(HWND window, UINT message, WPARAM first, LPARAM second) {
-  (void)first;
-  (void)second;
+static BOOL post_without_end(HWND window, UINT message) {
   if (message != message_again) return FALSE;
   InterlockedIncrement(&rounds);
   PostMessageW(window, message_again, 0, 0);
@@ -197,8 +172,7 @@ void host_that_posts_without_end_gets_its_call_back(void) {
   host_hook = post_without_end;
   PostMessageW(host, message_again, 0, 0);
   for (int i = 0; i < 3; ++i) {
-    outcome const result = run_form(host, MOSCOW_TM("37.5"), script_wait_for_rounds);
-    CHECK_TEXT(result.text, MOSCOW_TM("38.25"));
+    CHECK_TEXT(run_form(host, MOSCOW_TM("37.5"), script_wait_for_rounds).text, MOSCOW_TM("38.25"));
     /* Back at the host, the messages go on from where they were. */
     LONG const before = rounds;
     MSG message;
@@ -211,9 +185,7 @@ void host_that_posts_without_end_gets_its_call_back(void) {
   }
 }
 
-static BOOL paint_without_end(HWND window, UINT message, WPARAM first, LPARAM second) {
-  (void)first;
-  (void)second;
+static BOOL paint_without_end(HWND window, UINT message) {
   if (message != WM_PAINT) return FALSE;
   /* Never validated. */
   InterlockedIncrement(&rounds);
@@ -226,18 +198,15 @@ void host_that_paints_without_end_gets_its_call_back(void) {
   host_hook = paint_without_end;
   InvalidateRect(host, NULL, FALSE);
   for (int i = 0; i < 3; ++i) {
-    outcome const result = run_form(host, MOSCOW_TM("37.5"), script_wait_for_rounds);
-    CHECK_TEXT(result.text, MOSCOW_TM("38.25"));
+    CHECK_TEXT(run_form(host, MOSCOW_TM("37.5"), script_wait_for_rounds).text, MOSCOW_TM("38.25"));
   }
   host_hook = NULL;
 }
 
 static LONG volatile acts;
 
-static BOOL count_acts(HWND window, UINT message, WPARAM first, LPARAM second) {
+static BOOL count_acts(HWND window, UINT message) {
   (void)window;
-  (void)first;
-  (void)second;
   if (message != message_act) return FALSE;
   InterlockedIncrement(&acts);
   return TRUE;
@@ -251,7 +220,7 @@ void host_keeps_its_message_loop(void) {
     PostMessageW(host, message_act, 0, 0);
     PostThreadMessageW(GetCurrentThreadId(), message_again, 0, 0);
     /* Messages of the thread's are none of the form's. */
-    MSG message = {.message = WM_NULL};
+    MSG message = {0};
     while (message.message != message_again && GetMessageW(&message, NULL, 0, 0) > 0) {
       DispatchMessageW(&message);
     }

@@ -39,8 +39,9 @@ void test_check_text(char const* actual, char const* expected, char const* file,
 
 void library_path(wchar_t* path, size_t size, wchar_t const* name) {
   DWORD const length = GetModuleFileNameW(NULL, path, (DWORD)size);
+  if (length == 0 || length >= size) ExitProcess(3);
   wchar_t* const program = wcsrchr(path, L'\\');
-  if (length == 0 || length >= size || program == NULL) ExitProcess(3);
+  if (program == NULL) ExitProcess(3);
   (void)swprintf(program + 1, size - (size_t)(program + 1 - path), L"%ls", name);
 }
 
@@ -74,7 +75,7 @@ library* the_library(void) {
 message_hook host_hook;
 
 static LRESULT CALLBACK on_message(HWND window, UINT message, WPARAM first, LPARAM second) {
-  if (host_hook != NULL && host_hook(window, message, first, second)) return 0;
+  if (host_hook != NULL && host_hook(window, message)) return 0;
   return DefWindowProcW(window, message, first, second);
 }
 
@@ -90,8 +91,9 @@ HWND open_host(void) {
   HWND const window = CreateWindowExW(0, name, L"host", WS_OVERLAPPEDWINDOW, 50, 50, 400, 300, NULL,
                                       NULL, kind.hInstance, NULL);
   for (int i = 0; i < 3; ++i) {
-    CreateWindowExW(0, i == 2 ? L"Button" : L"Edit", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 10,
-                    10 + 40 * i, 200, 30, window, (HMENU)(INT_PTR)(i + 1), kind.hInstance, NULL);
+    (void)CreateWindowExW(0, i == 2 ? L"Button" : L"Edit", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP,
+                          10, 10 + 40 * i, 200, 30, window, (HMENU)(INT_PTR)(i + 1), kind.hInstance,
+                          NULL);
   }
   ShowWindow(window, SW_SHOWNORMAL);
   SetForegroundWindow(window);
@@ -261,4 +263,9 @@ outcome run_form(HWND owner, char const* definition, script body) {
   (void)snprintf(result.text, sizeof result.text, "%s", result.address);
   result.changed = changed;
   return result;
+}
+
+void test_check_outcome(outcome result, char const* text, int changed, char const* file, int line) {
+  test_check_text(result.text, text, file, line, "the result");
+  test_check_number(result.changed, changed, file, line, "the flag");
 }

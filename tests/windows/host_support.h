@@ -52,7 +52,7 @@ void library_path(wchar_t* path, size_t size, wchar_t const* name);
 
 /* What a test does with a message of a host's window before anybody else; true
    when that was all. */
-typedef BOOL (*message_hook)(HWND window, UINT message, WPARAM first, LPARAM second);
+typedef BOOL (*message_hook)(HWND window, UINT message);
 extern message_hook host_hook;
 
 /* A visible top-level window with two edits (ids 1 and 2) and a button (3). */
@@ -77,6 +77,9 @@ typedef struct {
 /* Calls the library; `body` runs on a thread of its own as soon as the form is
    open, and has to see to it that the form closes. */
 outcome run_form(HWND owner, char const* definition, script body);
+#define CHECK_OUTCOME(result, text, changed) \
+  test_check_outcome((result), (text), (changed), __FILE__, __LINE__)
+void test_check_outcome(outcome result, char const* text, int changed, char const* file, int line);
 
 /* The forms of the library's open in this process; null without any. */
 HWND find_form(void);
