@@ -10,7 +10,7 @@
 int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
   std::string_view rest = fuzz::text_of(data, size);
   auto const take_line = [&rest] {
-    std::string const line(rest.substr(0, rest.find('\n')));
+    std::string line(rest.substr(0, rest.find('\n')));
     rest.remove_prefix(std::min(line.size() + 1, rest.size()));
     return line;
   };
