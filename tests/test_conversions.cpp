@@ -313,6 +313,14 @@ TEST(Crs_import, takes_every_notation_and_reaches_for_nothing) {
   }
 }
 
+// PROJ would be busy for minutes.
+TEST(Crs_import, refuses_brackets_without_end) {
+  constexpr int levels = 30000;
+  std::string text;
+  for (int i = 0; i < levels; ++i) text += R"({"type":"BoundCRS","source_crs":)";
+  EXPECT_EQ(import_crs(text + "1" + std::string(levels, '}')), "failed");
+}
+
 // Which PROJ would take the systems from.
 TEST(Crs_import, does_not_ask_a_file_of_an_authoritys_name) {
   core_test::Ttemp_folder const folder;
