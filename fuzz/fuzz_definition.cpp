@@ -29,7 +29,9 @@ int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
   std::string const written = rewritten(definition);
   fuzz::require(has_huge(written) || rewritten(written) == written,
                 "a text of ours is not read as it was written");
-  std::string const applied = edited(definition);
+  // What is written gives every number, so that a zone may be known that was not, with
+  // a meridian a turn away; after that nothing changes.
+  std::string const applied = edited(edited(definition));
   fuzz::require(has_huge(applied) || edited(applied) == applied,
                 "the dialog changes what it has written");
   fuzz::fed([&](auto* adapter) { return zu_pj4_get_text(definition.c_str(), adapter) != 0; });
