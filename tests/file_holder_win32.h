@@ -1,5 +1,5 @@
-// A second process that keeps a file from others until it is told to let go, and
-// the pauses that a program makes for it.
+// A file that is kept from who opens it next, and the pauses that a program makes
+// for it.
 #pragma once
 
 #include <windows.h>
@@ -12,29 +12,22 @@
 
 namespace core_test {
 
+// To the system it is one whether another program has the file or this one.
 class Tfile_holder {
  public:
   // How it has the file open: for nobody else, to write it, to read it.
   enum Tsharing { alone, writing, reading };
 
-  // Returns when the process has the file; a failure is one of the test.
+  // A failure is one of the test.
   Tfile_holder(std::string const& name, Tsharing sharing);
-  ~Tfile_holder() { let_go(); }
-  Tfile_holder(Tfile_holder const&) = delete;
-  Tfile_holder& operator=(Tfile_holder const&) = delete;
-
-  // Returns when the process has ended.
-  void let_go();
+  void let_go() { file_.reset(); }
 
  private:
   struct closer {
     using pointer = HANDLE;
     void operator()(HANDLE handle) const noexcept { CloseHandle(handle); }
   };
-  using handle = std::unique_ptr<HANDLE, closer>;
-
-  handle process_;
-  handle told_;
+  std::unique_ptr<HANDLE, closer> file_;
 };
 
 // Runs `act`, whose calls of Sleep take no time, and gives their milliseconds.

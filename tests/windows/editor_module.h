@@ -1,28 +1,21 @@
-/* What the tests agree with their editor module on. */
-#ifndef ZU_EDITOR_MODULE_H
-#define ZU_EDITOR_MODULE_H
+// What test_wide_call agrees with its editor module on.
+#pragma once
 
-/* C reads it, too. */
-/* NOLINTBEGIN(modernize-use-using,modernize-redundant-void-arg,cppcoreguidelines-macro-usage) */
+#include <cstdint>
 
-/* Values of the second argument that make the module's function throw. */
-enum { editor_throws_text = 1, editor_raises_code = 2 };
-#define EDITOR_TEXT "thrown by the editor module"
-#define EDITOR_CODE 0xE0424242UL
+// Values of the second argument that make the module's function throw.
+enum : std::uintptr_t { editor_throws_text = 1, editor_raises_code = 2 };
+constexpr char const* editor_text = "thrown by the editor module";
+constexpr unsigned long editor_code = 0xE0424242UL;
+// What it returns, as a number.
+constexpr std::uintptr_t editor_result = 0x1122334455667788;
 
-typedef struct {
+struct editor_record {
   int calls;
   void* window;
   void* first;
   void* second;
-} editor_record;
+};
 
-/* "editor_module_record" of the module: what its function last got. */
-typedef editor_record const* (*editor_record_function)(void);
-
-/* What the function returns, as a number. */
-#define EDITOR_RESULT 0x1122334455667788
-
-/* NOLINTEND(modernize-use-using,modernize-redundant-void-arg,cppcoreguidelines-macro-usage) */
-
-#endif
+// "editor_module_record" of the module: what its function last got.
+using editor_record_function = editor_record const*();

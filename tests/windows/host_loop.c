@@ -1,17 +1,43 @@
-/* The host's message loop, its requests to quit, and its threads. */
-#include <windows.h>
-/* After the system's header. */
-#include <stdio.h>
-#include <string.h>
-#include <tlhelp32.h>
-
+/* The host's messages while the form is open, and what of them ends it. */
 #include "host_support.h"
 
 enum { message_act = WM_APP + 1, message_again, exit_code = 42 };
 
 static HWND host;
 
-/* ---- requests to quit */
+/* ---- an end by the host */
+
+static void script_act(HWND form) {
+  type_text(form, L"37.5", L"38.25");
+  PostMessageW(host, message_act, 0, 0);
+}
+
+static void script_act_under_message(HWND form) {
+  type_text(form, L"55.5", L"91");
+  press(form, apply_button);
+  CHECK(find_child(wait_for_dialog_over(form), L"Static", L"Number must be less than: 90") != NULL);
+  CHECK(!IsWindowEnabled(form));
+  PostMessageW(host, message_act, 0, 0);
+}
+
+static BOOL quit(HWND window, UINT message) {
+  (void)window;
+  if (message != message_act) return FALSE;
+  PostQuitMessage(exit_code);
+  return TRUE;
+}
+
+/* In one go: the form is still open, and will not be by the time of the request. */
+static BOOL apply_and_quit(HWND window, UINT message) {
+  if (message == message_act) press(find_dialog(NULL), apply_button);
+  return quit(window, message);
+}
+
+static BOOL destroy(HWND window, UINT message) {
+  if (window != host || message != message_act) return FALSE;
+  DestroyWindow(window);
+  return TRUE;
+}
 
 /* The host's loop gets the request, with its code and once. */
 static void check_quit(void) {
@@ -19,67 +45,50 @@ static void check_quit(void) {
   while (PeekMessageW(&message, NULL, 0, 0, PM_REMOVE) && message.message != WM_QUIT) {
     DispatchMessageW(&message);
   }
-  CHECK_NUMBER(message.message, WM_QUIT);
-  CHECK_NUMBER(message.wParam, exit_code);
+  CHECK(message.message == WM_QUIT);
+  CHECK(message.wParam == exit_code);
   while (PeekMessageW(&message, NULL, 0, 0, PM_REMOVE)) {
     CHECK(message.message != WM_QUIT);
     DispatchMessageW(&message);
   }
 }
 
-static BOOL quit_at_request(HWND window, UINT message) {
-  (void)window;
-  if (message != message_act) return FALSE;
-  PostQuitMessage(exit_code);
-  return TRUE;
-}
-
-static void script_quit(HWND form) {
-  type_text(form, L"37.5", L"38.25");
-  PostMessageW(host, message_act, 0, 0);
-}
-
+/* Nothing is left of an end by the host. */
 static void check_form_works(void) {
   host_hook = NULL;
-  CHECK_NUMBER(run_form(host, MOSCOW_TM("37.5"), script_apply).changed, 1);
+  if (!IsWindow(host)) host = open_host();
+  CHECK_FORM(host, MOSCOW, script_apply, MOSCOW, 1);
   CHECK(IsWindowEnabled(host));
 }
 
-static void check_quit_of(message_hook hook, script body, char const* text, int changed) {
-  host = open_host();
+static void check_end(message_hook hook, script body, char const* text, int changed) {
   for (int i = 0; i < 3; ++i) {
+    if (!IsWindow(host)) host = open_host();
     host_hook = hook;
-    CHECK_OUTCOME(run_form(host, MOSCOW_TM("37.5"), body), text, changed);
-    CHECK(IsWindowEnabled(host));
-    check_quit();
+    CHECK_FORM(host, MOSCOW, body, text, changed);
+    CHECK(find_dialog(NULL) == NULL);
+    if (hook == destroy) {
+      CHECK(!IsWindow(host));
+    } else {
+      CHECK(IsWindowEnabled(host));
+      check_quit();
+    }
   }
   check_form_works();
 }
 
-void quit_ends_the_form(void) { check_quit_of(quit_at_request, script_quit, MOSCOW_TM("37.5"), 0); }
+HOST_CASE(quit_ends_the_form) { check_end(quit, script_act, MOSCOW, 0); }
 
-static void script_quit_under_message(HWND form) {
-  type_text(form, L"55.5", L"91");
-  press(form, apply_button);
-  (void)wait_for_message(form);
-  PostMessageW(host, message_act, 0, 0);
+HOST_CASE(quit_ends_a_message_and_the_form) {
+  check_end(quit, script_act_under_message, MOSCOW, 0);
 }
 
-void quit_ends_a_message_and_the_form(void) {
-  check_quit_of(quit_at_request, script_quit_under_message, MOSCOW_TM("37.5"), 0);
-}
+HOST_CASE(quit_with_apply_is_kept) { check_end(apply_and_quit, script_act, MOSCOW_TYPED, 1); }
 
-/* In one go: the form is still open, and will not be by the time of the request. */
-static BOOL apply_and_quit(HWND window, UINT message) {
-  (void)window;
-  if (message != message_act) return FALSE;
-  press(find_form(), apply_button);
-  PostQuitMessage(exit_code);
-  return TRUE;
-}
+HOST_CASE(owner_may_be_destroyed_meanwhile) { check_end(destroy, script_act, MOSCOW, 0); }
 
-void quit_with_apply_is_kept(void) {
-  check_quit_of(apply_and_quit, script_quit, MOSCOW_TM("38.25"), 1);
+HOST_CASE(owner_may_be_destroyed_under_a_message) {
+  check_end(destroy, script_act_under_message, MOSCOW, 0);
 }
 
 /* The last moments of the form. */
@@ -101,14 +110,13 @@ static void script_watch(HWND form) {
   press(form, apply_button);
 }
 
-void quit_of_a_hiding_form_is_kept(void) {
+HOST_CASE(quit_of_a_hiding_form_is_kept) {
   static UINT const messages[] = {WM_SHOWWINDOW, WM_DESTROY, WM_NCDESTROY};
   host = open_host();
   HHOOK const hook = SetWindowsHookExW(WH_CALLWNDPROC, quit_at_message, NULL, GetCurrentThreadId());
   for (size_t i = 0; i < sizeof messages / sizeof messages[0]; ++i) {
     watched_message = messages[i];
-    outcome const result = run_form(host, MOSCOW_TM("37.5"), script_watch);
-    CHECK_NUMBER(result.changed, 1);
+    CHECK_FORM(host, MOSCOW, script_watch, MOSCOW, 1);
     CHECK(watched_form == NULL);
     check_quit();
   }
@@ -118,71 +126,19 @@ void quit_of_a_hiding_form_is_kept(void) {
 
 /* ---- the host goes on */
 
-static LONG volatile ticks;
-static LONG volatile paints;
+static LONG volatile rounds;
 
-static BOOL count_ticks_and_paints(HWND window, UINT message) {
-  if (message == WM_TIMER) {
-    InterlockedIncrement(&ticks);
-    InvalidateRect(window, NULL, TRUE);
-  }
-  if (message == WM_PAINT) InterlockedIncrement(&paints);
+static BOOL paint_at_ticks(HWND window, UINT message) {
+  if (message == WM_TIMER) InvalidateRect(window, NULL, TRUE);
+  if (message == WM_PAINT) InterlockedIncrement(&rounds);
   return FALSE;
 }
-
-static BOOL has_gone_on(void* context) {
-  (void)context;
-  return ticks >= 10 && paints >= 5;
-}
-
-static void script_wait_for_host(HWND form) {
-  InterlockedExchange(&ticks, 0);
-  InterlockedExchange(&paints, 0);
-  CHECK(wait_for_it(has_gone_on, NULL));
-  press(form, cancel_button);
-}
-
-void host_goes_on_meanwhile(void) {
-  host = open_host();
-  host_hook = count_ticks_and_paints;
-  SetTimer(host, 1, 20, NULL);
-  (void)run_form(host, MOSCOW_TM("37.5"), script_wait_for_host);
-}
-
-static LONG volatile rounds;
 
 static BOOL post_without_end(HWND window, UINT message) {
   if (message != message_again) return FALSE;
   InterlockedIncrement(&rounds);
   PostMessageW(window, message_again, 0, 0);
   return TRUE;
-}
-
-static BOOL has_gone_round(void* context) { return rounds > *(LONG const*)context; }
-
-static void script_wait_for_rounds(HWND form) {
-  LONG const some = rounds + 100;
-  CHECK(wait_for_it(has_gone_round, (void*)&some));
-  type_text(form, L"37.5", L"38.25");
-  press(form, apply_button);
-}
-
-void host_that_posts_without_end_gets_its_call_back(void) {
-  host = open_host();
-  host_hook = post_without_end;
-  PostMessageW(host, message_again, 0, 0);
-  for (int i = 0; i < 3; ++i) {
-    CHECK_TEXT(run_form(host, MOSCOW_TM("37.5"), script_wait_for_rounds).text, MOSCOW_TM("38.25"));
-    /* Back at the host, the messages go on from where they were. */
-    LONG const before = rounds;
-    MSG message;
-    CHECK(GetMessageW(&message, NULL, 0, 0) > 0);
-    while (message.message != message_again && GetMessageW(&message, NULL, 0, 0) > 0) {
-      DispatchMessageW(&message);
-    }
-    DispatchMessageW(&message);
-    CHECK_NUMBER(rounds, before + 1);
-  }
 }
 
 static BOOL paint_without_end(HWND window, UINT message) {
@@ -193,65 +149,32 @@ static BOOL paint_without_end(HWND window, UINT message) {
   return TRUE;
 }
 
-void host_that_paints_without_end_gets_its_call_back(void) {
+static BOOL has_gone_round(void* context) { return rounds > *(LONG const*)context; }
+
+static void script_wait_for_rounds(HWND form) {
+  LONG const some = rounds + 20;
+  CHECK(wait_for_it(has_gone_round, (void*)&some));
+  script_type(form);
+}
+
+static void check_goes_on(message_hook hook) {
   host = open_host();
-  host_hook = paint_without_end;
+  host_hook = hook;
+  SetTimer(host, 1, 20, NULL);
   InvalidateRect(host, NULL, FALSE);
+  PostMessageW(host, message_again, 0, 0);
   for (int i = 0; i < 3; ++i) {
-    CHECK_TEXT(run_form(host, MOSCOW_TM("37.5"), script_wait_for_rounds).text, MOSCOW_TM("38.25"));
+    CHECK_FORM(host, MOSCOW, script_wait_for_rounds, MOSCOW_TYPED, 1);
+    /* Back at the host, the messages go on from where they were. */
+    LONG const before = rounds;
+    MSG message;
+    while (rounds == before && GetMessageW(&message, NULL, 0, 0) > 0) DispatchMessageW(&message);
   }
   host_hook = NULL;
 }
 
-static LONG volatile acts;
+HOST_CASE(host_goes_on_meanwhile) { check_goes_on(paint_at_ticks); }
 
-static BOOL count_acts(HWND window, UINT message) {
-  (void)window;
-  if (message != message_act) return FALSE;
-  InterlockedIncrement(&acts);
-  return TRUE;
-}
+HOST_CASE(host_that_posts_without_end_gets_its_call_back) { check_goes_on(post_without_end); }
 
-void host_keeps_its_message_loop(void) {
-  host = open_host();
-  host_hook = count_acts;
-  for (int i = 1; i <= 3; ++i) {
-    (void)run_form(host, MOSCOW_TM("37.5"), script_cancel);
-    PostMessageW(host, message_act, 0, 0);
-    PostThreadMessageW(GetCurrentThreadId(), message_again, 0, 0);
-    /* Messages of the thread's are none of the form's. */
-    MSG message = {0};
-    while (message.message != message_again && GetMessageW(&message, NULL, 0, 0) > 0) {
-      DispatchMessageW(&message);
-    }
-    CHECK_NUMBER(message.message, message_again);
-    CHECK_NUMBER(acts, i);
-  }
-}
-
-/* ---- threads */
-
-static int count_threads(void) {
-  HANDLE const snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0);
-  THREADENTRY32 entry = {.dwSize = sizeof entry};
-  int count = 0;
-  for (BOOL good = Thread32First(snapshot, &entry); good; good = Thread32Next(snapshot, &entry)) {
-    count += entry.th32OwnerProcessID == GetCurrentProcessId();
-  }
-  CloseHandle(snapshot);
-  return count;
-}
-
-static BOOL are_threads_gone(void* context) { return count_threads() <= *(int*)context; }
-
-void host_keeps_its_threads(void) {
-  host = open_host();
-  int before = count_threads();
-  CHECK(before >= 1);
-  for (int i = 0; i < 3; ++i) {
-    (void)run_form(host, MOSCOW_TM("37.5"), script_apply);
-    /* A thread that has ended is there a little longer. */
-    CHECK(wait_for_it(are_threads_gone, &before));
-    (void)printf("threads: %d before, %d after\n", before, count_threads());
-  }
-}
+HOST_CASE(host_that_paints_without_end_gets_its_call_back) { check_goes_on(paint_without_end); }

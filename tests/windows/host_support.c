@@ -23,11 +23,6 @@ void test_check(int good, char const* file, int line, char const* format, ...) {
   (void)fflush(stdout);
 }
 
-void test_check_number(long long actual, long long expected, char const* file, int line,
-                       char const* what) {
-  test_check(actual == expected, file, line, "%s is %I64d, expected %I64d", what, actual, expected);
-}
-
 void test_check_text(char const* actual, char const* expected, char const* file, int line,
                      char const* what) {
   test_check(actual != NULL && strcmp(actual, expected) == 0, file, line,
@@ -37,37 +32,29 @@ void test_check_text(char const* actual, char const* expected, char const* file,
 
 /* ---- the library */
 
-void library_path(wchar_t* path, size_t size, wchar_t const* name) {
-  DWORD const length = GetModuleFileNameW(NULL, path, (DWORD)size);
-  if (length == 0 || length >= size) ExitProcess(3);
-  wchar_t* const program = wcsrchr(path, L'\\');
+HMODULE library;
+wchar_t const* library_name = L"zu_pj_edit.dll";
+
+void library_path(wchar_t path[MAX_PATH], wchar_t const* name) {
+  DWORD const length = GetModuleFileNameW(NULL, path, MAX_PATH);
+  wchar_t* const program = length == 0 || length >= MAX_PATH ? NULL : wcsrchr(path, L'\\');
   if (program == NULL) ExitProcess(3);
-  (void)swprintf(program + 1, size - (size_t)(program + 1 - path), L"%ls", name);
+  (void)swprintf(program + 1, MAX_PATH - (size_t)(program + 1 - path), L"%ls", name);
 }
 
-static wchar_t const* library_name = L"zu_pj_edit.dll";
+typedef char const* (*execute_function)(zu_pj_edit_window owner, char const* definition,
+                                        unsigned char* changed);
 
-void use_library(wchar_t const* name) { library_name = name; }
-
-library* the_library(void) {
-  static library loaded;
-  if (loaded.module != NULL) return &loaded;
+static execute_function find_function(void) {
   wchar_t path[MAX_PATH];
-  library_path(path, MAX_PATH, library_name);
-  loaded.module = LoadLibraryW(path);
-  if (loaded.module == NULL) {
-    (void)printf("cannot load %ls: error %lu\n", path, GetLastError());
+  library_path(path, library_name);
+  if (library == NULL) library = LoadLibraryW(path);
+  FARPROC const found = GetProcAddress(library, "zu_proj4_form_execute");
+  if (found == NULL) {
+    (void)printf("no function in %ls: error %lu\n", path, GetLastError());
     ExitProcess(3);
   }
-  loaded.execute =
-      (execute_function)(void (*)(void))GetProcAddress(loaded.module, "zu_proj4_form_execute");
-  loaded.execute_w =
-      (execute_w_function)(void (*)(void))GetProcAddress(loaded.module, "zu_proj4_form_execute_w");
-  if (loaded.execute == NULL || loaded.execute_w == NULL) {
-    (void)printf("%ls lacks a function\n", path);
-    ExitProcess(3);
-  }
-  return &loaded;
+  return (execute_function)(void (*)(void))found;
 }
 
 /* ---- a host's window */
@@ -81,13 +68,12 @@ static LRESULT CALLBACK on_message(HWND window, UINT message, WPARAM first, LPAR
 
 HWND open_host(void) {
   static wchar_t const name[] = L"zu_host_test";
-  WNDCLASSEXW const kind = {.cbSize = sizeof kind,
-                            .lpfnWndProc = on_message,
-                            .hInstance = GetModuleHandleW(NULL),
-                            .hbrBackground = (HBRUSH)(COLOR_BTNFACE + 1),
-                            .lpszClassName = name};
+  WNDCLASSW const kind = {.lpfnWndProc = on_message,
+                          .hInstance = GetModuleHandleW(NULL),
+                          .hbrBackground = (HBRUSH)(COLOR_BTNFACE + 1),
+                          .lpszClassName = name};
   /* Fails from the second window on. */
-  (void)RegisterClassExW(&kind);
+  (void)RegisterClassW(&kind);
   HWND const window = CreateWindowExW(0, name, L"host", WS_OVERLAPPEDWINDOW, 50, 50, 400, 300, NULL,
                                       NULL, kind.hInstance, NULL);
   for (int i = 0; i < 3; ++i) {
@@ -121,24 +107,16 @@ BOOL wait_for_it(BOOL (*condition)(void* context), void* context) {
   return TRUE;
 }
 
-static BOOL is_russian(void) { return PRIMARYLANGID(GetUserDefaultUILanguage()) == LANG_RUSSIAN; }
-
-wchar_t const* button_caption(button which) {
-  static wchar_t const* const captions[][2] = {
-      {L"Apply", L"\u041f\u0440\u0438\u043c\u0435\u043d\u0438\u0442\u044c"},
-      {L"Cancel", L"\u041e\u0442\u043c\u0435\u043d\u0438\u0442\u044c"},
-      {L"Load", L"\u0417\u0430\u0433\u0440\u0443\u0437\u0438\u0442\u044c"}};
-  return captions[which][is_russian() ? 1 : 0];
-}
-
+/* A child by its class and its text, or a dialog by its owner. */
 typedef struct {
   wchar_t const* kind;
   wchar_t const* text;
+  HWND owner;
   HWND found;
-} child_search;
+} window_search;
 
 static BOOL CALLBACK on_child(HWND window, LPARAM context) {
-  child_search* const search = (child_search*)context;
+  window_search* const search = (window_search*)context;
   wchar_t kind[64] = L"";
   wchar_t text[256] = L"";
   GetClassNameW(window, kind, 64);
@@ -151,19 +129,23 @@ static BOOL CALLBACK on_child(HWND window, LPARAM context) {
 }
 
 HWND find_child(HWND form, wchar_t const* kind, wchar_t const* text) {
-  child_search search = {kind, text, NULL};
+  window_search search = {.kind = kind, .text = text};
   EnumChildWindows(form, on_child, (LPARAM)&search);
   return search.found;
 }
 
-typedef struct {
-  HWND owner;
-  HWND found;
-} dialog_search;
+HWND find_button(HWND form, button which) {
+  static wchar_t const* const captions[][2] = {
+      {L"Apply", L"\u041f\u0440\u0438\u043c\u0435\u043d\u0438\u0442\u044c"},
+      {L"Cancel", L"\u041e\u0442\u043c\u0435\u043d\u0438\u0442\u044c"},
+      {L"Load", L"\u0417\u0430\u0433\u0440\u0443\u0437\u0438\u0442\u044c"}};
+  BOOL const russian = PRIMARYLANGID(GetUserDefaultUILanguage()) == LANG_RUSSIAN;
+  return find_child(form, L"Button", captions[which][russian ? 1 : 0]);
+}
 
 /* The form is told from message boxes by its button. */
 static BOOL CALLBACK on_window(HWND window, LPARAM context) {
-  dialog_search* const search = (dialog_search*)context;
+  window_search* const search = (window_search*)context;
   DWORD process = 0;
   wchar_t kind[64] = L"";
   GetWindowThreadProcessId(window, &process);
@@ -172,31 +154,23 @@ static BOOL CALLBACK on_window(HWND window, LPARAM context) {
       wcscmp(kind, L"#32770") != 0) {
     return TRUE;
   }
-  BOOL const fits = search->owner == NULL
-                        ? find_child(window, L"Button", button_caption(apply_button)) != NULL
-                        : GetWindow(window, GW_OWNER) == search->owner;
-  if (!fits) return TRUE;
-  search->found = window;
-  return FALSE;
+  BOOL const fits = search->owner == NULL ? find_button(window, apply_button) != NULL
+                                          : GetWindow(window, GW_OWNER) == search->owner;
+  if (fits) search->found = window;
+  return !fits;
 }
 
-HWND find_form(void) {
-  dialog_search search = {NULL, NULL};
+HWND find_dialog(HWND owner) {
+  window_search search = {.owner = owner};
   EnumWindows(on_window, (LPARAM)&search);
   return search.found;
 }
 
-HWND find_message(HWND form) {
-  dialog_search search = {form, NULL};
-  EnumWindows(on_window, (LPARAM)&search);
-  return search.found;
-}
+static BOOL is_dialog_open(void* context) { return find_dialog(*(HWND*)context) != NULL; }
 
-static BOOL is_message_open(void* context) { return find_message(*(HWND*)context) != NULL; }
-
-HWND wait_for_message(HWND form) {
-  CHECK(wait_for_it(is_message_open, &form));
-  return find_message(form);
+HWND wait_for_dialog_over(HWND form) {
+  CHECK(wait_for_it(is_dialog_open, &form));
+  return find_dialog(form);
 }
 
 static BOOL is_closed(void* context) { return !IsWindowVisible(*(HWND*)context); }
@@ -204,7 +178,7 @@ static BOOL is_closed(void* context) { return !IsWindowVisible(*(HWND*)context);
 void wait_until_closed(HWND form) { CHECK(wait_for_it(is_closed, &form)); }
 
 void press(HWND form, button which) {
-  HWND const control = find_child(form, L"Button", button_caption(which));
+  HWND const control = find_button(form, which);
   CHECK(control != NULL);
   PostMessageW(control, BM_CLICK, 0, 0);
 }
@@ -219,6 +193,10 @@ void type_text(HWND form, wchar_t const* shown, wchar_t const* typed) {
 
 void script_apply(HWND form) { press(form, apply_button); }
 void script_cancel(HWND form) { press(form, cancel_button); }
+void script_type(HWND form) {
+  type_text(form, L"37.5", L"38.25");
+  press(form, apply_button);
+}
 
 typedef struct {
   script body;
@@ -226,13 +204,13 @@ typedef struct {
 } user;
 
 static BOOL is_open_or_over(void* context) {
-  return find_form() != NULL || ((user*)context)->returned;
+  return find_dialog(NULL) != NULL || ((user*)context)->returned;
 }
 
 static DWORD WINAPI play(void* context) {
   user* const self = context;
   CHECK(wait_for_it(is_open_or_over, self));
-  HWND const form = find_form();
+  HWND const form = find_dialog(NULL);
   CHECK(form != NULL);
   if (form == NULL) return 0;
   self->body(form);
@@ -251,7 +229,7 @@ static void join(HANDLE thread) {
 }
 
 outcome run_form(HWND owner, char const* definition, script body) {
-  execute_function const execute = the_library()->execute;
+  execute_function const execute = find_function();
   user player = {body, 0};
   unsigned char changed = 7;
   HANDLE const thread = CreateThread(NULL, 0, play, &player, 0, NULL);
@@ -267,5 +245,5 @@ outcome run_form(HWND owner, char const* definition, script body) {
 
 void test_check_outcome(outcome result, char const* text, int changed, char const* file, int line) {
   test_check_text(result.text, text, file, line, "the result");
-  test_check_number(result.changed, changed, file, line, "the flag");
+  test_check(result.changed == changed, file, line, "the flag is %d", changed);
 }

@@ -1,18 +1,16 @@
-/* What the host tests share: checks, a host's window, and a second thread that
-   plays the user by window messages. */
+/* What the host tests share: cases, checks, a host's window, and a second thread
+   that plays the user by window messages. */
 #ifndef ZU_HOST_SUPPORT_H
 #define ZU_HOST_SUPPORT_H
-
-/* C reads it, too. */
-/* NOLINTBEGIN(modernize-use-using,modernize-redundant-void-arg,cppcoreguidelines-macro-usage) */
 
 #include <windows.h>
 
 #include "zu_pj_edit/zu_pj_edit.h"
 
-#ifdef __cplusplus
-extern "C" {
-#endif
+/* Begins a case: the program finds it among its exports, the build by this line. */
+#define HOST_CASE(name)                  \
+  __declspec(dllexport) void name(void); \
+  void name(void)
 
 /* ---- checks */
 
@@ -21,32 +19,17 @@ void test_check(int good, char const* file, int line, char const* format, ...);
 int test_failures(void);
 
 #define CHECK(condition) test_check((condition) != 0, __FILE__, __LINE__, "%s", #condition)
-#define CHECK_NUMBER(actual, expected) \
-  test_check_number((long long)(actual), (long long)(expected), __FILE__, __LINE__, #actual)
 #define CHECK_TEXT(actual, expected) \
   test_check_text((actual), (expected), __FILE__, __LINE__, #actual)
-void test_check_number(long long actual, long long expected, char const* file, int line,
-                       char const* what);
 void test_check_text(char const* actual, char const* expected, char const* file, int line,
                      char const* what);
 
 /* ---- the library */
 
-typedef char const* (*execute_function)(zu_pj_edit_window owner, char const* definition,
-                                        unsigned char* changed);
-typedef void* (*execute_w_function)(zu_pj_edit_window owner, void* first, void* second);
-
-typedef struct {
-  HMODULE module;
-  execute_function execute;
-  execute_w_function execute_w;
-} library;
-
-/* Loaded at the first call, from the folder of this program. */
-library* the_library(void);
-/* Another copy of it, by its path from that folder; before the first call. */
-void use_library(wchar_t const* name);
-void library_path(wchar_t* path, size_t size, wchar_t const* name);
+/* Loaded for the first form, from its path from the folder of this program. */
+extern HMODULE library;
+extern wchar_t const* library_name;
+void library_path(wchar_t path[MAX_PATH], wchar_t const* name);
 
 /* ---- a host's window */
 
@@ -77,27 +60,27 @@ typedef struct {
 /* Calls the library; `body` runs on a thread of its own as soon as the form is
    open, and has to see to it that the form closes. */
 outcome run_form(HWND owner, char const* definition, script body);
-#define CHECK_OUTCOME(result, text, changed) \
-  test_check_outcome((result), (text), (changed), __FILE__, __LINE__)
+#define CHECK_FORM(owner, definition, body, text, changed) \
+  test_check_outcome(run_form((owner), (definition), (body)), (text), (changed), __FILE__, __LINE__)
 void test_check_outcome(outcome result, char const* text, int changed, char const* file, int line);
 
-/* The forms of the library's open in this process; null without any. */
-HWND find_form(void);
-/* The message box over the form, null without any. */
-HWND find_message(HWND form);
-HWND wait_for_message(HWND form);
+/* The library's form in this process, or what is open over this window; null
+   without any. */
+HWND find_dialog(HWND owner);
+HWND wait_for_dialog_over(HWND form);
 
 typedef enum { apply_button, cancel_button, load_button } button;
-wchar_t const* button_caption(button which);
 /* A visible child by its class and its text; null when there is none. */
 HWND find_child(HWND form, wchar_t const* kind, wchar_t const* text);
+HWND find_button(HWND form, button which);
 void press(HWND form, button which);
 void type_text(HWND form, wchar_t const* shown, wchar_t const* typed);
 void wait_until_closed(HWND form);
 
-/* The simplest scripts. */
+/* The simplest scripts, and one that types the meridian 38.25 before. */
 void script_apply(HWND form);
 void script_cancel(HWND form);
+void script_type(HWND form);
 
 /* ---- definitions */
 
@@ -110,11 +93,7 @@ void script_cancel(HWND form);
   "+proj=tmerc +lon_0=" lon_0            \
   " +lat_0=55.5 +x_0=12 +y_0=14 +k_0=1 " \
   "+towgs84=1,2,3,0,0,0,0 +ellps=krass +units=m +lon_wrap=45 +no_defs"
-
-#ifdef __cplusplus
-}
-#endif
-
-/* NOLINTEND(modernize-use-using,modernize-redundant-void-arg,cppcoreguidelines-macro-usage) */
+#define MOSCOW MOSCOW_TM("37.5")
+#define MOSCOW_TYPED MOSCOW_TM("38.25")
 
 #endif

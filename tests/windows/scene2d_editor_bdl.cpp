@@ -1,7 +1,6 @@
 // Stands in for the editor module of the host suite.
 #include <windows.h>
 
-#include <cstdint>
 #include <stdexcept>
 
 #include "editor_module.h"
@@ -18,15 +17,10 @@ __declspec(dllexport) editor_record const* editor_module_record() { return &reco
 // NOLINTNEXTLINE(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the suite's name
 __declspec(dllexport) void* zu_proj4_form_execute_w__impl(void* window, void* first, void* second) {
   record = {record.calls + 1, window, first, second};
-  switch (reinterpret_cast<std::uintptr_t>(second)) {
-    case editor_throws_text:
-      throw std::runtime_error(EDITOR_TEXT);
-    case editor_raises_code:
-      RaiseException(EDITOR_CODE, 0, 0, nullptr);
-      [[fallthrough]];
-    default:
-      return reinterpret_cast<void*>(EDITOR_RESULT);
-  }
+  auto const wanted = reinterpret_cast<std::uintptr_t>(second);
+  if (wanted == editor_throws_text) throw std::runtime_error(editor_text);
+  if (wanted == editor_raises_code) RaiseException(editor_code, 0, 0, nullptr);
+  return reinterpret_cast<void*>(editor_result);
 }
 #endif
 }

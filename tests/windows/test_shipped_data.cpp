@@ -19,6 +19,8 @@ constexpr char const* zone_7 =
 constexpr char const* known_zone_7 =
     "+proj=tmerc +lon_0=39 +lat_0=0 +x_0=7500000 +y_0=0 +k_0=1 "
     "+towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 +ellps=krass +units=m +lon_wrap=45 +no_defs";
+fs::path const program = ZU_PJ4;
+fs::path const shipped_database = program.parent_path() / "proj.db";
 
 // The program in a folder of this name, without a database.
 class Tcopy {
@@ -26,19 +28,17 @@ class Tcopy {
   explicit Tcopy(std::string const& name)
       : path_(folder_.file(name)), native_(core_test::shell_path(path_)) {
     fs::create_directory(native_);
-    fs::copy(program_, native_ / program_.filename());
+    fs::copy(program, native_ / program.filename());
   }
 
   fs::path database() const { return native_ / "proj.db"; }
-  static fs::path shipped_database() { return program_.parent_path() / "proj.db"; }
 
   outcome run(std::vector<std::string> arguments, std::string input = "") const {
     return core_test::run(
-        {path_ + "/" + program_.filename().string(), std::move(arguments), std::move(input)});
+        {path_ + "/" + program.filename().string(), std::move(arguments), std::move(input)});
   }
 
  private:
-  inline static fs::path const program_ = ZU_PJ4;
   core_test::Ttemp_folder const folder_;
   std::string path_;
   fs::path native_;
@@ -47,10 +47,10 @@ class Tcopy {
 };
 
 TEST(Shipped_database, is_found_beside_the_program) {
-  for (char const* name : {"plain", "with blanks", "\u041A\u0430\u0440\u0442\u0430 1",
-                           "\u00FC \u03B1 \u4E2D", "\U0001F600"}) {
+  for (char const* name :
+       {"plain", "\u041A\u0430\u0440\u0442\u0430 1", "\u00FC \u03B1 \u4E2D \U0001F600"}) {
     Tcopy const copy(name);
-    fs::copy(Tcopy::shipped_database(), copy.database());
+    fs::copy(shipped_database, copy.database());
     outcome const imported = copy.run({"import", "EPSG:28407"});
     EXPECT_EQ(imported.out, std::string(zone_7) + "\n") << name;
     EXPECT_EQ(imported.err, "") << name;
@@ -63,7 +63,7 @@ TEST(Shipped_database, is_found_beside_the_program) {
 void expect_quiet_failures(Tcopy const& copy, std::string const& what) {
   SCOPED_TRACE(what);
   // Another database is no help.
-  fs::current_path(Tcopy::shipped_database().parent_path());
+  fs::current_path(shipped_database.parent_path());
   std::string const known = copy.run({"to-esri", known_zone_7}).out;
   EXPECT_TRUE(known.starts_with("PROJCS[\"Pulkovo_1942_GK_Zone_7\"")) << known;
   std::vector<outcome> const failed{copy.run({"import", "EPSG:28407"}),
@@ -87,7 +87,7 @@ TEST(Shipped_database, may_be_missing_or_damaged) {
     core_test::put_file(copy.database().string(), content);
     expect_quiet_failures(copy, content);
   }
-  fs::copy(Tcopy::shipped_database(), copy.database(), fs::copy_options::overwrite_existing);
+  fs::copy(shipped_database, copy.database(), fs::copy_options::overwrite_existing);
   fs::resize_file(copy.database(), fs::file_size(copy.database()) / 3);
   expect_quiet_failures(copy, "cut");
   fs::remove(copy.database());
