@@ -35,9 +35,10 @@ stream make_part(std::filesystem::path const& folder, std::string& name) {
   return nullptr;
 }
 
-// Whether nothing but the content changes when another file takes its place.
+// Whether nothing but the content changes when another file takes its place. No
+// name is left of one that another saver has replaced just now.
 bool is_replaceable(std::filesystem::path const& name, struct stat const& status) noexcept {
-  return S_ISREG(status.st_mode) && status.st_nlink == 1 && status.st_uid == geteuid() &&
+  return S_ISREG(status.st_mode) && status.st_nlink <= 1 && status.st_uid == geteuid() &&
          access(name.c_str(), W_OK) == 0 &&
          getxattr(name.c_str(), "system.posix_acl_access", nullptr, 0) <= 0;
 }
