@@ -6,6 +6,7 @@
 #include <wx/evtloop.h>
 #include <wx/filedlg.h>
 #include <wx/msgdlg.h>
+#include <wx/statbox.h>
 #include <wx/stopwatch.h>
 #include <wx/textctrl.h>
 #include <wx/timer.h>
@@ -13,10 +14,8 @@
 
 #include <algorithm>
 #include <exception>
-#include <memory>
 
-#include "vcl/panel.h"
-#include "vcl/selbox.h"
+#include "zu_pj_edit/zu_pj_edit.h"
 
 namespace gui {
 namespace {
@@ -24,45 +23,36 @@ namespace {
 constexpr int patience_ms = 10'000;
 constexpr int whole_script_ms = 60'000;
 
-Tzu_vcl_form* find_open_form() {
-  for (wxWindow* const window : wxTopLevelWindows) {
-    auto* const form = dynamic_cast<Tzu_vcl_form*>(window);
-    if (form != nullptr && form->is_open()) return form;
-  }
-  return nullptr;
-}
+void pump() { wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL); }
 
-// Input arrives when the display server sends it; its last event tells that
-// the program has handled it all.
-class Tevent_counter : public wxEventFilter {
+class Tevent_watch : public wxEventFilter {
  public:
-  explicit Tevent_counter(wxEventType type) : type_(type) { wxEvtHandler::AddFilter(this); }
-  ~Tevent_counter() override { wxEvtHandler::RemoveFilter(this); }
-  Tevent_counter(Tevent_counter const&) = delete;
-  Tevent_counter& operator=(Tevent_counter const&) = delete;
+  explicit Tevent_watch(wxEventType type) : type_(type) { wxEvtHandler::AddFilter(this); }
+  ~Tevent_watch() override { wxEvtHandler::RemoveFilter(this); }
+  Tevent_watch(Tevent_watch const&) = delete;
+  Tevent_watch& operator=(Tevent_watch const&) = delete;
 
   int FilterEvent(wxEvent& event) override {
     if (event.GetEventType() == type_) seen_ = true;
     return Event_Skip;
   }
-  // A form that the first of the input closes gets no more of it.
-  bool wait() const {
-    return wait_until([this] { return seen_ || find_open_form() == nullptr; });
-  }
+  bool is_seen() const { return seen_; }
 
  private:
   wxEventType type_;
   bool seen_ = false;
 };
 
-class Ttimer : public wxTimer {
- public:
-  Ttimer(int delay_ms, std::function<void()> body) : body_(std::move(body)) { StartOnce(delay_ms); }
-  void Notify() override { body_(); }
-
- private:
-  std::function<void()> body_;
-};
+// Input arrives when the display server sends it; its last event tells that
+// the program has handled it all. A form that the first of it closes gets no
+// more.
+void send(std::string const& name, wxEventType last, std::function<void()> const& input) {
+  Tevent_watch const watch(last);
+  input();
+  EXPECT_TRUE(wait_until([&] { return watch.is_seen() || find_open_form() == nullptr; }))
+      << name << " does not arrive";
+  pump();
+}
 
 void point_at(wxWindow& control) {
   EXPECT_TRUE(wait_until([&] { return platform::is_settled(control); }))
@@ -81,26 +71,26 @@ bool overlaps_another(wxWindow const& control) {
 
 }  // namespace
 
-void pump() {
-  std::unique_ptr<wxEventLoopBase> own;
-  if (wxEventLoopBase::GetActive() == nullptr) own = std::make_unique<wxGUIEventLoop>();
-  wxEventLoopActivator const active(own ? own.get() : wxEventLoopBase::GetActive());
-  wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
-}
-
 bool wait_until(std::function<bool()> const& condition) {
-  wxStopWatch const watch;
-  while (watch.Time() < patience_ms) {
+  for (wxStopWatch const watch; watch.Time() < patience_ms; wxMilliSleep(1)) {
     pump();
     if (condition()) return true;
-    wxMilliSleep(1);
   }
   return false;
 }
 
+Tzu_vcl_form* find_open_form() {
+  for (wxWindow* const window : wxTopLevelWindows) {
+    auto* const form = dynamic_cast<Tzu_vcl_form*>(window);
+    if (form != nullptr && form->is_open()) return form;
+  }
+  return nullptr;
+}
+
 void run_in_form(std::function<void()> const& open,
                  std::function<void(Tzu_vcl_form&)> const& script) {
-  Ttimer const run(0, [&] {
+  wxTimer start;
+  start.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
     Tzu_vcl_form* form = nullptr;
     try {
       // A form may also be closed by what happens while it comes up.
@@ -114,17 +104,44 @@ void run_in_form(std::function<void()> const& open,
     }
     if (form != nullptr) form->close_form();
   });
-  Ttimer const watch_dog(whole_script_ms, [] {
+  wxTimer watch_dog;
+  watch_dog.Bind(wxEVT_TIMER, [](wxTimerEvent&) {
     ADD_FAILURE() << "the form does not close";
     if (Tzu_vcl_form* const form = find_open_form()) form->close_form();
   });
+  platform::prepare_display();
+  start.StartOnce(0);
+  watch_dog.StartOnce(whole_script_ms);
   open();
 }
 
-void show_and_run(Tzu_vcl_form& form, std::function<void()> const& script) {
-  platform::prepare_display();
-  run_in_form([&form] { form.show_modal(); }, [&script](Tzu_vcl_form&) { script(); });
+outcome open_dialog(char const* definition, std::function<void(Tform&)> const& script,
+                    void* owner) {
+  unsigned char changed = 7;
+  char const* given = nullptr;
+  run_in_form([&] { given = zu_proj4_form_execute(owner, definition, &changed); },
+              [&](Tzu_vcl_form& form) { script(dynamic_cast<Tform&>(form)); });
+  return {given, given, changed};
 }
+
+Tzu_vcl_dbl_edit& number(Tform& form, proj_number which) {
+  return *form.get_editor()->get_proj()->get_params()->get_edit(which)->get_edit();
+}
+Tzu_vcl_selbox& type(Tform& form) { return *form.get_editor()->get_type()->get_selbox(); }
+Tzu_vcl_selbox& datum(Tform& form) {
+  return *form.get_editor()->get_datum()->get_datum()->get_selbox();
+}
+Tzu_vcl_selbox& ellipse(Tform& form) {
+  return *form.get_editor()->get_datum()->get_ellipse()->get_ellipse()->get_selbox();
+}
+Tzu_vcl_dbl_edit& shift(Tform& form, std::size_t index) {
+  return *form.get_editor()->get_datum()->get_params()->get_edit(index);
+}
+void press_button(Tform& form, Tbar::button_index button) {
+  click(*form.get_buttons()->get_button(button));
+}
+void apply(Tform& form) { press_button(form, Tbar::apply); }
+void cancel(Tform& form) { press_button(form, Tbar::cancel); }
 
 void focus(wxWindow& control) {
   control.SetFocus();
@@ -132,37 +149,27 @@ void focus(wxWindow& control) {
 }
 
 void press(int key, int modifiers) {
-  Tevent_counter const released(wxEVT_KEY_UP);
-  wxUIActionSimulator().Char(key, modifiers);
-  EXPECT_TRUE(released.wait()) << "key " << key << " does not arrive";
-  pump();
+  send("key " + std::to_string(key), wxEVT_KEY_UP,
+       [&] { wxUIActionSimulator().Char(key, modifiers); });
 }
 
-void type_over(wxWindow& control, std::string_view text) {
-  focus(control);
-  if (auto* const edit = dynamic_cast<wxTextCtrl*>(&control)) edit->SelectAll();
+void type_over(wxWindow& edit, std::string_view text) {
+  focus(edit);
+  dynamic_cast<wxTextCtrl&>(edit).SelectAll();
   for (char const character : text) {
-    Tevent_counter const released(wxEVT_KEY_UP);
-    wxUIActionSimulator().Text(std::string(1, character).c_str());
-    EXPECT_TRUE(released.wait()) << "key " << character << " does not arrive";
+    std::string const letter(1, character);
+    send(letter, wxEVT_KEY_UP, [&] { wxUIActionSimulator().Text(letter.c_str()); });
   }
-  pump();
 }
 
 void click(wxWindow& control) {
   point_at(control);
-  Tevent_counter const released(wxEVT_LEFT_UP);
-  wxUIActionSimulator().MouseClick();
-  EXPECT_TRUE(released.wait()) << "the click does not arrive";
-  pump();
+  send("the click", wxEVT_LEFT_UP, [] { wxUIActionSimulator().MouseClick(); });
 }
 
 void turn_wheel(wxWindow& control) {
   point_at(control);
-  Tevent_counter const turned(wxEVT_MOUSEWHEEL);
-  platform::turn_wheel();
-  EXPECT_TRUE(turned.wait()) << "the wheel does not arrive";
-  pump();
+  send("the wheel", wxEVT_MOUSEWHEEL, platform::turn_wheel);
 }
 
 void pick(Tzu_vcl_selbox& list, std::wstring const& caption) {
@@ -180,9 +187,8 @@ std::vector<std::wstring> find_clipped(wxWindow& root) {
     wxSize const size = child->GetSize();
     child->InvalidateBestSize();
     wxSize const best = child->GetBestSize();
-    wxRect const inside(root.GetClientSize());
-    bool const is_cut =
-        dynamic_cast<wxStaticBox*>(&root) == nullptr && !inside.Contains(child->GetRect());
+    bool const is_cut = dynamic_cast<wxStaticBox*>(&root) == nullptr &&
+                        !wxRect(root.GetClientSize()).Contains(child->GetRect());
     if (size.x < best.x || size.y < best.y || is_cut || overlaps_another(*child)) {
       clipped.push_back(wxString::Format(L"%s '%s' %dx%d of %dx%d",
                                          child->GetClassInfo()->GetClassName(), child->GetLabel(),
@@ -193,15 +199,6 @@ std::vector<std::wstring> find_clipped(wxWindow& root) {
     clipped.insert(clipped.end(), inner.begin(), inner.end());
   }
   return clipped;
-}
-
-void save_screenshot(wxWindow& window, std::string const& path) {
-  {
-    Tevent_counter const painted(wxEVT_PAINT);
-    window.Refresh();
-    EXPECT_TRUE(painted.wait()) << "the window does not paint itself";
-  }
-  EXPECT_TRUE(platform::save_picture(window, path)) << path;
 }
 
 Tanswers::~Tanswers() {

@@ -9,33 +9,57 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-#include "vcl/form.h"
-#include "vcl/selbox.h"
+#include "pj_edit/vcl_pj_edit_form.h"
 
 namespace gui {
 
-// Lets the pending events of the toolkit run.
-void pump();
-
-// Pumps until `condition` holds; false when it does not within a time that only
-// a fault can take.
+// Lets the pending events run until `condition` holds; false when it does not
+// within a time that only a fault can take.
 bool wait_until(std::function<bool()> const& condition);
 
-// Shows the form, runs `script` when it is on the screen and has the keyboard,
-// and closes it. A form that does not close in time fails the test.
-void show_and_run(Tzu_vcl_form& form, std::function<void()> const& script);
+// The form that waits for its user, null for none.
+Tzu_vcl_form* find_open_form();
 
-// The same for a form that `open` makes and shows by itself.
+// Runs `script` in the form that `open` shows, when it is on the screen and has
+// the keyboard, and closes it. One that does not close in time fails the test.
 void run_in_form(std::function<void()> const& open,
                  std::function<void(Tzu_vcl_form&)> const& script);
+
+using Tbar = Tzu_vcl_bottom_buttons;
+using Tform = Tzu_vcl_pj_edit_form;
+
+inline constexpr char const* moscow_tm =
+    "+proj=tmerc +lon_0=37.5 +lat_0=55.5 +x_0=12 +y_0=14 +k_0=1 +towgs84=1,2,3,0,0,0,0 "
+    "+ellps=krass +units=m +lon_wrap=45 +no_defs";
+
+struct outcome {
+  char const* given;  // the library's, until the next call
+  std::string text;
+  int changed;
+};
+
+// Opens the dialog through the exported function and runs the script in it.
+outcome open_dialog(char const* definition, std::function<void(Tform&)> const& script,
+                    void* owner = nullptr);
+
+// The dialog's controls.
+Tzu_vcl_dbl_edit& number(Tform& form, proj_number which);
+Tzu_vcl_selbox& type(Tform& form);
+Tzu_vcl_selbox& datum(Tform& form);
+Tzu_vcl_selbox& ellipse(Tform& form);
+Tzu_vcl_dbl_edit& shift(Tform& form, std::size_t index);
+void press_button(Tform& form, Tbar::button_index button);
+void apply(Tform& form);
+void cancel(Tform& form);
 
 // Real input through the display. Each returns when the program has handled it.
 void focus(wxWindow& control);
 void press(int key, int modifiers = wxMOD_NONE);
-// Replaces the text of a focused control, key by key.
-void type_over(wxWindow& control, std::string_view text);
+// Replaces the text of an edit, key by key.
+void type_over(wxWindow& edit, std::string_view text);
 void click(wxWindow& control);
 // One notch towards the user, with the pointer on the control.
 void turn_wheel(wxWindow& control);
@@ -44,9 +68,6 @@ void pick(Tzu_vcl_selbox& list, std::wstring const& caption);
 
 // Shown controls that are smaller than they need, or in another's place.
 std::vector<std::wstring> find_clipped(wxWindow& root);
-
-// `path` is without an extension: the format is the platform's.
-void save_screenshot(wxWindow& window, std::string const& path);
 
 // Answers the message boxes and file dialogs of a scope instead of the user, in
 // the order expected. One too many or too few fails the test.
@@ -81,16 +102,12 @@ class Tanswers : private wxModalDialogHook {
 class Tforeign_window {
  public:
   explicit Tforeign_window(wxRect const& place);
-  ~Tforeign_window();
-  Tforeign_window(Tforeign_window const&) = delete;
-  Tforeign_window& operator=(Tforeign_window const&) = delete;
-
-  void* get_handle() const;
-  void destroy();
+  void* get_handle() const { return handle_; }
+  void destroy() { window_.reset(); }
 
  private:
-  class Timpl;
-  std::unique_ptr<Timpl> impl_;
+  std::shared_ptr<void> window_;
+  void* handle_ = nullptr;
 };
 
 // The window that the window system is told owns `form`, null for none.
@@ -109,8 +126,6 @@ bool has_keyboard(Tzu_vcl_form& form);
 bool is_settled(wxWindow const& control);
 void turn_wheel();
 void pick(Tzu_vcl_selbox& list, int position);
-// Whether it is saved.
-bool save_picture(wxWindow& window, std::string const& path);
 
 }  // namespace platform
 }  // namespace gui

@@ -3,30 +3,12 @@
 #include <windows.h>
 // After the system's header.
 #include <gtest/gtest.h>
-#include <wx/bitmap.h>
-#include <wx/dcclient.h>
-#include <wx/dcmemory.h>
-
-#include <utility>
 
 namespace gui {
 namespace {
 
 bool is_dropped_down(Tzu_vcl_selbox const& list) {
   return SendMessageW(list.GetHandle(), CB_GETDROPPEDSTATE, 0, 0) != 0;
-}
-
-// The class of the windows of a host that has no toolkit.
-wchar_t const* plain_class() {
-  static bool const registered = [] {
-    WNDCLASSW description{};
-    description.lpfnWndProc = DefWindowProcW;
-    description.hInstance = GetModuleHandleW(nullptr);
-    description.lpszClassName = L"plain_host";
-    return RegisterClassW(&description) != 0;
-  }();
-  EXPECT_TRUE(registered);
-  return L"plain_host";
 }
 
 }  // namespace
@@ -70,45 +52,15 @@ void pick(Tzu_vcl_selbox& list, int position) {
   EXPECT_TRUE(wait_until([&] { return !is_dropped_down(list); })) << "the list does not close";
 }
 
-bool save_picture(wxWindow& window, std::string const& path) {
-  wxWindowDC source(&window);
-  wxSize const size = source.GetSize();
-  wxBitmap picture;
-  if (!picture.Create(size)) return false;
-  wxMemoryDC target(picture);
-  if (!target.Blit(wxPoint(), size, &source, wxPoint())) return false;
-  target.SelectObject(wxNullBitmap);
-  return picture.SaveFile(path + ".bmp", wxBITMAP_TYPE_BMP);
-}
-
 }  // namespace platform
 
-// On the form's thread, where hosts have theirs.
-class Tforeign_window::Timpl {
- public:
-  explicit Timpl(wxRect const& place)
-      : window_(CreateWindowExW(0, plain_class(), L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
-                                place.x, place.y, place.width, place.height, nullptr, nullptr,
-                                GetModuleHandleW(nullptr), nullptr)) {}
-  ~Timpl() { destroy(); }
-  Timpl(Timpl const&) = delete;
-  Timpl& operator=(Timpl const&) = delete;
-
-  HWND get_window() const { return window_; }
-  void destroy() {
-    if (!std::exchange(destroyed_, true)) DestroyWindow(window_);
-  }
-
- private:
-  HWND window_;
-  bool destroyed_ = false;
-};
-
-Tforeign_window::Tforeign_window(wxRect const& place) : impl_(std::make_unique<Timpl>(place)) {}
-Tforeign_window::~Tforeign_window() = default;
-
-void* Tforeign_window::get_handle() const { return impl_->get_window(); }
-void Tforeign_window::destroy() { impl_->destroy(); }
+// On the form's thread, where hosts have theirs, and of a class that Windows has.
+Tforeign_window::Tforeign_window(wxRect const& place)
+    : window_(CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, place.x,
+                              place.y, place.width, place.height, nullptr, nullptr,
+                              GetModuleHandleW(nullptr), nullptr),
+              DestroyWindow),
+      handle_(window_.get()) {}
 
 void* get_owner(Tzu_vcl_form const& form) { return GetWindow(form.GetHandle(), GW_OWNER); }
 
