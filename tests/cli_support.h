@@ -21,10 +21,15 @@ constexpr char const* local_system =
     "+proj=tmerc +lon_0=78.05 +lat_0=0 +x_0=4500000 +y_0=-5811057.628 +k_0=1 "
     "+towgs84=24.82,-131.21,-82.66,0,0,0.16,-0.12 +ellps=krass +units=m +lon_wrap=45 +no_defs";
 
+inline void expect_outcome(core_test::outcome const& result, int status, std::string const& out,
+                           std::string const& errors) {
+  EXPECT_EQ(result.status, status);
+  EXPECT_EQ(result.out, out);
+  EXPECT_EQ(result.err, errors);
+}
+
 inline void expect_lines(core_test::outcome const& result, std::string const& lines) {
-  EXPECT_EQ(result.status, 0);
-  EXPECT_EQ(result.out, lines);
-  EXPECT_EQ(result.err, "");
+  expect_outcome(result, 0, lines, "");
 }
 
 // The letters of a page as the shell gives them to a program.

@@ -108,6 +108,10 @@ Tenvironment::~Tenvironment() {
   for (auto const& [name, value] : before_) set_variable(name, value ? value->c_str() : nullptr);
 }
 
+Tc_locale::Tc_locale(char const* name) : set_(std::setlocale(LC_ALL, name) != nullptr) {
+  if (!set_) ADD_FAILURE() << "there is no locale " << name;
+}
+
 std::vector<system_page> system_pages() {
   std::vector<system_page> possible;
   std::ranges::copy_if(pages, std::back_inserter(possible), can_have_system_page,

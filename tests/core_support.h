@@ -80,10 +80,10 @@ class Tsystem_page : public Tenvironment {
   explicit Tsystem_page(system_page const& page);
 };
 
-// Sets the C library's locale as a host may.
+// Sets the C library's locale as a host may. One that is missing is a failure.
 class Tc_locale {
  public:
-  explicit Tc_locale(char const* name) : set_(std::setlocale(LC_ALL, name) != nullptr) {}
+  explicit Tc_locale(char const* name);
   ~Tc_locale() { static_cast<void>(std::setlocale(LC_ALL, "C")); }
   Tc_locale(Tc_locale const&) = delete;
   Tc_locale& operator=(Tc_locale const&) = delete;

@@ -51,8 +51,6 @@ void arm(std::size_t nth, lack how_long, filter counts) noexcept {
 
 bool disarm() noexcept { return first_to_fail.exchange(never) <= taken; }
 
-std::size_t live_blocks() noexcept { return live; }
-
 std::string outcome(std::function<std::string()> const& road) {
   try {
     return road();
@@ -65,7 +63,7 @@ void deny_each(std::function<std::string()> const& road, std::string const& righ
                options const& wanted) {
   for (bool const again : {false, true}) {
     for (lack const how_long : {lack::for_good, lack::once}) {
-      std::size_t const before = live_blocks();
+      std::size_t const before = live.load();
       bool is_denied = true;
       for (std::size_t n = 1; is_denied && !testing::Test::HasFailure(); ++n) {
         SCOPED_TRACE(testing::Message() << "denied " << n << (again ? ", then gone again" : "")
@@ -78,7 +76,7 @@ void deny_each(std::function<std::string()> const& road, std::string const& righ
         wanted.check();
         EXPECT_EQ(again ? outcome(road) : right, right);
       }
-      EXPECT_EQ(again && wanted.gives_back ? live_blocks() : before, before);
+      EXPECT_EQ(again && wanted.gives_back ? live.load() : before, before);
     }
   }
 }

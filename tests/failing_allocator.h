@@ -6,6 +6,8 @@
 #include <functional>
 #include <string>
 
+#include "text/string_adapter.h"
+
 namespace failing_allocator {
 
 // Whether memory is back after the failure, or lacks from then on.
@@ -23,11 +25,19 @@ void arm(std::size_t nth, lack how_long, filter counts = all) noexcept;
 // Ends that; whether the failure came.
 bool disarm() noexcept;
 
-// What has been taken and not been given back, in blocks.
-std::size_t live_blocks() noexcept;
-
 // What the road gives; "no memory" when it throws std::bad_alloc.
 std::string outcome(std::function<std::string()> const& road);
+
+// What a producer feeds into a string adapter; "failed" when it says so and feeds
+// nothing.
+template <class Produce>
+std::string made_by(Produce produce) {
+  std::string text = "failed";
+  Tzu_std_string_adapter target(&text);
+  zu::string_adp const adapter(target);
+  if (produce(adapter.get()) == 0 && text != "failed") text = "failed, and fed";
+  return text;
+}
 
 struct options {
   // Whether what is taken has to be given back; libraries that keep something for

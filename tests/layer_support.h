@@ -1,5 +1,5 @@
-/* What the tests of the C-style layer share: checks, a string adapter made as a C
-   host makes it, and what only the platform and the suite can give. */
+/* What the tests of the C-style layer share: checks, a string adapter, and what only
+   the platform and the suite can give. */
 #ifndef ZU_LAYER_SUPPORT_H
 #define ZU_LAYER_SUPPORT_H
 
@@ -18,15 +18,15 @@ int layer_result(void);
 
 /* Whether both are texts, and the same. */
 int layer_same(char const* left, char const* right);
-int layer_same_wide(wchar_t const* left, wchar_t const* right);
 
 /* The program's adapter, which has received nothing. */
 Izu_string_adp* layer_adapter(void);
-/* What it has received since; null when nothing of that width. */
-char const* layer_received_narrow(void);
-wchar_t const* layer_received_wide(void);
-/* How many texts that were. */
+/* How many texts it has received since, and whether it was one, of that width. */
 int layer_received_count(void);
+int layer_received(char const* text);
+int layer_received_wide(wchar_t const* text);
+/* The narrow text; null when there is none. */
+char const* layer_received_narrow(void);
 
 /* The language: 1 is Russian, 0 English. */
 void layer_set_language(int language);

@@ -61,8 +61,4 @@ struct command {
 // Throws std::runtime_error when the program cannot be started.
 outcome run(command const& wanted);
 
-// Path of a program that another project gives the system; empty where the tests
-// do without.
-std::string system_program(std::string_view name);
-
 }  // namespace core_test

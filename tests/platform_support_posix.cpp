@@ -95,6 +95,4 @@ outcome run(command const& wanted) {
   return result;
 }
 
-std::string system_program(std::string_view name) { return "/usr/bin/" + std::string(name); }
-
 }  // namespace core_test

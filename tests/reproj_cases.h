@@ -29,12 +29,10 @@ struct pair {
   double north = 0;
 };
 
-inline constexpr std::size_t points_per_pair = 20000;
-
 // Eleven pairs.
 std::vector<pair> const& pairs();
 
-// Points of the source system inside the pair's limits, always the same ones.
+// 20,000 points of the source system inside the pair's limits, always the same ones.
 std::vector<libproj::point> points_of(libproj::Tcontext const& context, pair const& which);
 
 // Where PROJ's own operations, put together by hand, bring points.

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -16,6 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using cli_test::expect_lines;
+using cli_test::expect_outcome;
 using core_test::get_file;
 using core_test::put_file;
 using core_test::zone_7_wkt;
@@ -27,51 +27,34 @@ constexpr char const* zone_7 =
 constexpr char const* zone_7_back =
     "+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass "
     "+towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 +units=m +no_defs";
-constexpr char const* epsg_28407 =
-    "+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass +units=m +no_defs";
-constexpr char const* unknown_projection =
-    "PROJ: proj_create: Error 1027 (Invalid value for an argument): Unknown projection\n";
+std::string const epsg_28407 =
+    "+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass +units=m +no_defs\n";
+std::string const nonsense =
+    "cannot convert \"+proj=nonsense\" to ESRI WKT: PROJ: proj_create: Error 1027 (Invalid value "
+    "for an argument): Unknown projection\n";
+std::string const no_crs =
+    "PROJ: proj_create_from_database: crs not found; proj_create: crs not found\n";
 
 std::string line(std::string const& text) { return text + "\n"; }
 
-class Cli_conversions : public cli_test::Cli {
- protected:
-  std::set<std::string> files_in(std::string const& folder) const {
-    std::set<std::string> names;
-    for (auto const& entry : fs::directory_iterator(core_test::shell_path(path(folder)))) {
-      auto const name = entry.path().filename().u8string();
-      names.emplace(name.begin(), name.end());
-    }
-    return names;
-  }
-  static void expect_failure(core_test::outcome const& result, int status, std::string const& out,
-                             std::string const& errors) {
-    EXPECT_EQ(result.status, status);
-    EXPECT_EQ(result.out, out);
-    EXPECT_EQ(result.err, errors);
-  }
-};
+class Cli_conversions : public cli_test::Cli {};
 
 TEST_F(Cli_conversions, LinesStayBesideThoseTheyAreMadeOf) {
-  expect_lines(run({"to-esri", zone_7, zone_7}), line(zone_7_wkt) + line(zone_7_wkt));
-  expect_lines(run({"to-esri", "-"}, line(zone_7) + "\r\n" + zone_7 + "\r\n"),
-               line(zone_7_wkt) + "\n" + line(zone_7_wkt));
-  expect_failure(
-      run({"to-esri", "+proj=nonsense", "-"}, line("two\r") + zone_7), 1, "\n\n" + line(zone_7_wkt),
-      std::string("Error: cannot convert \"+proj=nonsense\" to ESRI WKT: ") + unknown_projection +
-          "Error: cannot convert \"two\" to ESRI WKT: PROJ: proj_create: unrecognized "
-          "format / unknown name\n");
-
-  expect_lines(run({"import", "EPSG:28407", "+init=epsg:28407", zone_7_wkt, "-"},
+  expect_lines(run({"to-esri", zone_7, "-"}, line(zone_7) + "\r\n" + zone_7 + "\r\n"),
+               line(zone_7_wkt) + line(zone_7_wkt) + "\n" + line(zone_7_wkt));
+  expect_outcome(run({"to-esri", "+proj=nonsense", "-"}, line("two\r") + zone_7), 1,
+                 "\n\n" + line(zone_7_wkt),
+                 "Error: " + nonsense +
+                     "Error: cannot convert \"two\" to ESRI WKT: PROJ: proj_create: unrecognized "
+                     "format / unknown name\n");
+  expect_lines(run({"import", "+init=epsg:28407", zone_7_wkt, "-"},
                    line("urn:ogc:def:crs:EPSG::28407") + "WGS84"),
-               line(epsg_28407) + line(epsg_28407) + line(epsg_28407) + line(epsg_28407) +
-                   "+proj=longlat +datum=WGS84 +no_defs\n");
-  expect_failure(
-      run({"import", "EPSG:1", "EPSG:28407", "/etc\n/passwd"}), 1, "\n" + line(epsg_28407) + "\n",
-      "Error: cannot import \"EPSG:1\": PROJ: proj_create_from_database: crs not found; "
-      "proj_create: crs not found\n"
-      "Error: cannot import \"/etc /passwd\": proj_create: unrecognized format / unknown "
-      "name\n");
+               epsg_28407 + epsg_28407 + epsg_28407 + "+proj=longlat +datum=WGS84 +no_defs\n");
+  expect_outcome(run({"import", "EPSG:1", "EPSG:28407", "/etc\n/passwd"}), 1,
+                 "\n" + epsg_28407 + "\n",
+                 "Error: cannot import \"EPSG:1\": " + no_crs +
+                     "Error: cannot import \"/etc /passwd\": proj_create: unrecognized format / "
+                     "unknown name\n");
 }
 
 TEST_F(Cli_conversions, EsriFilesAreLoadedAndSavedByTheirExtension) {
@@ -82,60 +65,51 @@ TEST_F(Cli_conversions, EsriFilesAreLoadedAndSavedByTheirExtension) {
   expect_lines(run({"load", file}), line(zone_7_back));
   expect_lines(run({"from-esri", file}), line(zone_7_back));
   expect_lines(run({"from-esri", "-"}, zone_7_wkt), line(zone_7_back));
-  // What stands in a parameter file may be a code.
-  put_file(path("code.pj4"), "[projection]\npj4=+init=epsg:28407\n");
-  expect_lines(run({"load", path("code.pj4")}), line(epsg_28407));
 
   put_file(path("text.prj"), "some\ntext");
   put_file(path("bad.pj4"), "+init=epsg:1");
-  expect_failure(run({"from-esri", path("text.prj")}), 2, "",
-                 "Error: " + path("text.prj") + ": no ESRI WKT\n");
-  expect_failure(run({"from-esri", "-"}, "GEOGCS[\"x\""), 2, "",
-                 "Error: standard input: no ESRI WKT: missing , or ]\n");
-  expect_failure(run({"load", path("none.prj")}), 2, "",
-                 "Error: " + path("none.prj") + ": no such file\n");
   fs::create_directory(path("folder.prj"));
-  expect_failure(run({"load", path("folder.prj")}), 2, "",
-                 "Error: " + path("folder.prj") + ": cannot be read\n");
-  expect_failure(run({"load", path("bad.pj4")}), 2, "",
-                 "Error: " + path("bad.pj4") +
-                     ": no PROJ.4 definition: PROJ: proj_create_from_database: crs not found; "
-                     "proj_create: crs not found\n");
-  expect_failure(
-      run({"save", "+proj=nonsense", file}), 2, "",
-      std::string("Error: cannot convert \"+proj=nonsense\" to ESRI WKT: ") + unknown_projection);
+  expect_outcome(run({"from-esri", "-"}, "GEOGCS[\"x\""), 2, "",
+                 "Error: standard input: no ESRI WKT: missing , or ]\n");
+  for (auto const& [name, error] :
+       {std::pair<std::string, std::string>{"text.prj", "no ESRI WKT\n"},
+        {"none.prj", "no such file\n"},
+        {"folder.prj", "cannot be read\n"},
+        {"bad.pj4", "no PROJ.4 definition: " + no_crs}})
+    expect_outcome(run({"load", path(name)}), 2, "", "Error: " + path(name) + ": " + error);
+  expect_outcome(run({"save", "+proj=nonsense", file}), 2, "", "Error: " + nonsense);
   EXPECT_EQ(get_file(file), zone_7_wkt) << "a failed save touches the file";
-  expect_failure(run({"save", zone_7, path("none/a.prj")}), 2, "",
+  expect_outcome(run({"save", zone_7, path("none/a.prj")}), 2, "",
                  "Error: cannot write " + path("none/a.prj") + "\n");
 }
 
 TEST_F(Cli_conversions, ConvertsManyFilesAndTellsWhichItCannot) {
   core_test::Tenvironment const environment{{"LC_ALL", "ru_RU.UTF-8"}};
-  std::string const cyrillic = path("\u0437\u043E\u043D\u0430 7.pj4");
+  std::string const letters = "\u0437\u043E\u043D\u0430 7";
   put_file(path("plain"), zone_7);
-  fs::copy_file(path("plain"), core_test::shell_path(cyrillic));
+  fs::copy_file(path("plain"), core_test::shell_path(path(letters + ".pj4")));
   put_file(path("b.pj4"), "[projection]\npj4=+init=epsg:28407\n");
   put_file(path("c.prj"), zone_7_wkt);
   put_file(path("bad.pj4"), "+proj=nonsense");
   put_file(path("text.prj"), "text");
   std::string const out = path("new/out dir/");
-  expect_failure(run({"convert", cyrillic, path("bad.pj4"), path("text.prj"), path("none.pj4"),
-                      path("c.prj"), path("b.pj4"), "--to", "prj", "--out-dir", out}),
-                 1, "",
-                 "Error: " + path("bad.pj4") + ": cannot convert \"+proj=nonsense\" to ESRI WKT: " +
-                     unknown_projection + "Error: " + path("text.prj") + ": no ESRI WKT\n" +
-                     "Error: " + path("none.pj4") + ": no such file\n" +
-                     "Error: 3 of 6 files not converted\n");
-  EXPECT_EQ(files_in("new/out dir"),
-            (std::set<std::string>{"b.prj", "c.prj", "\u0437\u043E\u043D\u0430 7.prj"}));
+  expect_outcome(
+      run({"convert", path(letters + ".pj4"), path("bad.pj4"), path("text.prj"), path("none.pj4"),
+           path("c.prj"), path("b.pj4"), "--to", "prj", "--out-dir", out}),
+      1, "",
+      "Error: " + path("bad.pj4") + ": " + nonsense + "Error: " + path("text.prj") +
+          ": no ESRI WKT\nError: " + path("none.pj4") +
+          ": no such file\nError: 3 of 6 files not converted\n");
+  EXPECT_EQ(std::distance(fs::directory_iterator(out), {}), 3);
   // What came back of ESRI WKT has its keys in another order, which does not count.
   EXPECT_EQ(get_file(out + "c.prj"), zone_7_wkt);
-  fs::rename(core_test::shell_path(out + "\u0437\u043E\u043D\u0430 7.prj"), path("renamed.prj"));
+  EXPECT_TRUE(fs::exists(out + "b.prj"));
+  fs::rename(core_test::shell_path(out + letters + ".prj"), path("renamed.prj"));
   EXPECT_EQ(get_file(path("renamed.prj")), zone_7_wkt);
 
   expect_lines(run({"convert", path("c.prj"), "--to", "pj4"}), "");
   EXPECT_EQ(get_file(path("c.pj4")), "[projection]\n\npj4=" + line(zone_7_back));
-  expect_failure(run({"convert", path("c.prj"), "--to", "prj", "--out-dir", path("plain")}), 2, "",
+  expect_outcome(run({"convert", path("c.prj"), "--to", "prj", "--out-dir", path("plain")}), 2, "",
                  "Error: cannot make the folder " + path("plain") + "\n");
 }
 
@@ -146,60 +120,40 @@ TEST_F(Cli_conversions, ConvertingLosesNoFileOfTheRun) {
   fs::create_directory(path("sub"));
   put_file(path("sub/b.pj4"), "+proj=longlat +ellps=krass");
   std::string const again = path("sub/../b.pj4");
-  expect_failure(
+  auto const overwrites = [](std::string const& one, std::string const& other) {
+    return "Error: " + one + ": would overwrite " + other;
+  };
+  expect_outcome(
       run({"convert", path("a.pj4"), path("sub/../a.prj"), path("b.pj4"), again, "--to", "prj"}), 1,
       "",
-      "Error: " + path("a.pj4") + ": would overwrite " + path("a.prj") +
-          ", which is to be converted, too\n" + "Error: " + path("sub/../a.prj") +
-          ": would overwrite itself\n" + "Error: " + again + ": would overwrite " +
-          path("sub/../b.prj") + ", which was made of " + path("b.pj4") +
-          "\nError: 3 of 4 files not converted\n");
+      overwrites(path("a.pj4"), path("a.prj")) + ", which is to be converted, too\n" +
+          overwrites(path("sub/../a.prj"), "itself\n") + overwrites(again, path("sub/../b.prj")) +
+          ", which was made of " + path("b.pj4") + "\nError: 3 of 4 files not converted\n");
   EXPECT_EQ(get_file(path("a.prj")), "GEOGCS");
   EXPECT_EQ(get_file(path("b.prj")), zone_7_wkt);
-
-  auto const both =
-      run({"convert", path("b.pj4"), path("sub/b.pj4"), "--to", "prj", "--out-dir", path("out/")});
-  expect_failure(both, 1, "",
-                 "Error: " + path("sub/b.pj4") + ": would overwrite " + path("out/b.prj") +
-                     ", which was made of " + path("b.pj4") +
-                     "\nError: 1 of 2 files not converted\n");
+  expect_outcome(
+      run({"convert", path("b.pj4"), path("sub/b.pj4"), "--to", "prj", "--out-dir", path("out/")}),
+      1, "",
+      overwrites(path("sub/b.pj4"), path("out/b.prj")) + ", which was made of " + path("b.pj4") +
+          "\nError: 1 of 2 files not converted\n");
   EXPECT_EQ(get_file(path("out/b.prj")), zone_7_wkt);
 }
 
-TEST_F(Cli_conversions, KnowsSystemsByNameAndByDefinition) {
-  auto const list = run({"known", "--list"});
-  EXPECT_EQ(list.status, 0);
-  auto const lines = zu::str::split(list.out, "\n");
-  EXPECT_EQ(std::ranges::count(list.out, '\n'), 442);
-  auto const are = [&](std::string_view what) {
-    return std::ranges::count_if(
-        lines, [&](auto text) { return text.find(what) != std::string_view::npos; });
-  };
-  EXPECT_EQ(are("\tconfirmed\t+proj="), 381);
-  EXPECT_EQ(are("\tunconfirmed\t"), 61);
-  EXPECT_EQ(are(std::string("73\tPulkovo_1942_GK_Zone_7\tconfirmed\t") + zone_7), 1);
-  // Their placeholders are not for use.
-  for (auto const text : lines)
-    EXPECT_TRUE(text.find("unconfirmed") == std::string_view::npos || text.ends_with("\t")) << text;
-
-  expect_lines(run({"known", "pulkovo_1942_gk_zone_7"}), line(zone_7) + line(zone_7_wkt));
-  expect_lines(run({"known", zone_7_back}), "Pulkovo_1942_GK_Zone_7\n");
-  for (auto const& [asked, error] : std::vector<std::pair<std::string, std::string>>{
-           {"Russia_Cadastre_87_4_N", "nobody has published the numbers of Russia_Cadastre_87_4_N"},
-           {"Pulkovo", "no known system: Pulkovo"},
-           {"+proj=longlat", "no known system: +proj=longlat"},
-           {"", "known takes --list, a definition or a name"}})
-    expect_failure(run({"known", asked}), 2, "", "Error: " + error + "\n");
-}
-
-// The dialog writes seven numbers beside a datum's key, which these two have not.
-TEST_F(Cli_conversions, KnownSystemsButTwoAreKnownAfterTheDialog) {
+// The dialog writes seven numbers beside a datum's key, which two of them have not.
+TEST_F(Cli_conversions, KnowsSystemsByNameAndByDefinitionAlsoAfterTheDialog) {
   auto const lines_of = [](std::string const& text) { return zu::str::split(text, "\n"); };
-  std::string definitions;
   auto const list = run({"known", "--list"}).out;
-  for (auto const row : lines_of(list))
-    if (row.find("\tconfirmed\t") != std::string_view::npos)
-      definitions.append(row.substr(row.rfind('\t') + 1)).append("\n");
+  EXPECT_EQ(std::ranges::count(list, '\n'), 442);
+  EXPECT_NE(list.find(std::string("\n73\tPulkovo_1942_GK_Zone_7\tconfirmed\t") + zone_7),
+            std::string::npos);
+  std::string definitions;
+  for (auto const row : lines_of(list)) {
+    // Placeholders are not for use.
+    if (row.empty() || row.ends_with("\tunconfirmed\t")) continue;
+    EXPECT_NE(row.find("\tconfirmed\t+proj="), std::string_view::npos) << row;
+    definitions.append(row.substr(row.rfind('\t') + 1)).append("\n");
+  }
+  EXPECT_EQ(std::ranges::count(definitions, '\n'), 381);
   auto const direct = run({"to-esri", "-"}, definitions).out;
   auto const edited = run({"to-esri", "-"}, run({"apply", "-"}, definitions).out).out;
   auto const before = lines_of(direct);
@@ -207,12 +161,18 @@ TEST_F(Cli_conversions, KnownSystemsButTwoAreKnownAfterTheDialog) {
   ASSERT_EQ(before.size(), after.size());
   std::vector<std::string> changed;
   for (std::size_t i = 0; i < before.size(); ++i)
-    if (before[i] != after[i]) {
-      changed.emplace_back(before[i].substr(0, before[i].find(',')));
-      changed.emplace_back(after[i].substr(0, after[i].find(',')));
-    }
+    for (auto const text : {before[i], after[i]})
+      if (before[i] != after[i]) changed.emplace_back(text.substr(0, text.find(',')));
   EXPECT_EQ(changed, (std::vector<std::string>{"GEOGCS[\"GCS_WGS_1984\"", "GEOGCS[\"GCS_unknown\"",
                                                "PROJCS[\"Russia_Cadastre_77_1\"", ""}));
+
+  expect_lines(run({"known", "pulkovo_1942_gk_zone_7"}), line(zone_7) + line(zone_7_wkt));
+  expect_lines(run({"known", zone_7_back}), "Pulkovo_1942_GK_Zone_7\n");
+  for (auto const& [asked, error] : std::vector<std::pair<std::string, std::string>>{
+           {"Russia_Cadastre_87_4_N", "nobody has published the numbers of Russia_Cadastre_87_4_N"},
+           {"+proj=longlat", "no known system: +proj=longlat"},
+           {"", "known takes --list, a definition or a name"}})
+    expect_outcome(run({"known", asked}), 2, "", "Error: " + error + "\n");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core_support.h"
@@ -18,70 +19,68 @@ using core_test::put_file;
 using core_test::Tsystem_page;
 using core_test::Ttemp_folder;
 using core_test::zone_7_wkt;
+using contents = std::vector<std::pair<std::string, std::wstring>>;
 
 std::wstring load_simple(std::wstring const& name) {
   return fed_by([&](Izu_string_adp* adapter) { zu_pj4_load_simple_w(name.c_str(), adapter); });
 }
 
-std::wstring load_plain(std::wstring const& name) {
-  return fed_by([&](Izu_string_adp* adapter) {
-    bool const loaded = Tzu_add_file::load_pj4_mgs(name, adapter);
-    if (!loaded) zu_string_adp_feed(adapter, L"failed");
-  });
+std::wstring load_esri(std::wstring const& name) {
+  return fed_by([&](Izu_string_adp* adapter) { zu_pj4_import_esri(name.c_str(), adapter); });
 }
 
 TEST(Definition_file, both_forms_load) {
   Ttemp_folder const folder;
-  struct Tcase {
-    std::string content;
-    wchar_t const* text;
-  };
-  std::vector<Tcase> const cases{
-      {"[projection]\npj4=+proj=utm +zone=37\n", L"+proj=utm +zone=37"},
-      {"; note\r\n[Other]\r\nPJ4=x\r\n[PROJECTION]\r\n Pj4 = +proj=merc \r\n", L"+proj=merc"},
-      {"[projection]\npj4=hand made\n", L"hand made"},
-      {"[projection]\npj4=\n", L""},
-      {"[projection]\nother=1\n", L""},
-      {"[projection]\npj4=+nadgrids=\xD0\x96\n", L"+nadgrids=\u0416"},
-      {"[projection]\npj4=+init=epsg:4326\n", L"+proj=longlat +datum=WGS84 +no_defs"},
-      {"[projection]\npj4=+proj=utm +init= EPSG:28407\t\n",
-       L"+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass +units=m +no_defs"},
-      {"[projection]\npj4=+init=\n", L"unfed"},
-      {" \t\v\f\r\n+proj=merc +k=1 \r\n", L"+proj=merc +k=1"},
-      {"+proj=merc\n[projection]\npj4=+proj=utm\n", L"+proj=merc\n[projection]\npj4=+proj=utm"},
-      {std::string("+proj=merc\0+k=1", 15), L"+proj=merc"},
-      {" +init=epsg:2502\r\n",
-       L"+proj=tmerc +lat_0=0 +lon_0=69 +k=1 +x_0=500000 +y_0=0 +ellps=krass "
-       L"+towgs84=25,-141,-78.5,0,0.35,0.736,0 +units=m +no_defs"},
-      {"+init=nobody:4326", L"unfed"},
-      {"+init=/etc/passwd", L"unfed"}};
-  for (auto const& c : cases) {
-    put_file(folder.file("f.pj4"), c.content);
-    EXPECT_EQ(load_simple(folder.wide(L"f.pj4")), c.text) << c.content;
-  }
-}
-
-TEST(Definition_file, plain_form_begins_with_a_plus) {
-  Ttemp_folder const folder;
-  for (char const* content :
-       {"proj=merc", "[projection]\npj4=+proj=utm\n", "", " \n", "\xEF\xBB\xBF+proj=merc"}) {
+  std::wstring const name = folder.wide(L"f.pj4");
+  for (auto const& [content, text] : contents{
+           {"[projection]\npj4=+proj=utm +zone=37\n", L"+proj=utm +zone=37"},
+           {"; note\r\n[Other]\r\nPJ4=x\r\n[PROJECTION]\r\n Pj4 = +proj=merc \r\n", L"+proj=merc"},
+           {"[projection]\npj4=hand made\n", L"hand made"},
+           {"[projection]\nother=1\n", L""},
+           {"[projection]\npj4=+nadgrids=\xD0\x96\n", L"+nadgrids=\u0416"},
+           {"[projection]\npj4=+proj=utm +init= EPSG:4326\t\n",
+            L"+proj=longlat +datum=WGS84 +no_defs"},
+           {"[projection]\npj4=+init=\n", L"unfed"},
+           {" \t\v\f\r\n+proj=merc +k=1 \r\n", L"+proj=merc +k=1"},
+           {"+proj=merc\n[projection]\npj4=+proj=utm\n",
+            L"+proj=merc\n[projection]\npj4=+proj=utm"},
+           {std::string("+proj=merc\0+k=1", 15), L"+proj=merc"},
+           {" +init=epsg:2502\r\n",
+            L"+proj=tmerc +lat_0=0 +lon_0=69 +k=1 +x_0=500000 +y_0=0 +ellps=krass "
+            L"+towgs84=25,-141,-78.5,0,0.35,0.736,0 +units=m +no_defs"},
+           {"+init=nobody:4326", L"unfed"},
+           {"+init=/etc/passwd", L"unfed"},
+           {"proj=merc", L"unfed"},
+           {"", L"unfed"},
+           {" \n", L"unfed"},
+           {"\xEF\xBB\xBF+proj=merc", L"unfed"}}) {
     put_file(folder.file("f.pj4"), content);
-    EXPECT_EQ(load_plain(folder.wide(L"f.pj4")), L"failed") << content;
+    EXPECT_EQ(load_simple(name), text) << content;
   }
-  EXPECT_EQ(load_plain(folder.wide(L"missing.pj4")), L"failed");
+  put_file(folder.file("f.pj4"), "[projection]\npj4=+proj=utm\n");
+  EXPECT_EQ(fed_by([&](Izu_string_adp* adapter) {
+              EXPECT_FALSE(Tzu_add_file::load_pj4_mgs(name, adapter));
+            }),
+            L"unfed")
+      << "the plain form begins with a plus";
   EXPECT_EQ(load_simple(folder.wide(L"missing.pj4")), L"unfed");
   EXPECT_EQ(load_simple(folder.wide(L"")), L"unfed") << "a folder";
 }
 
-TEST(Definition_file, saves_the_ini_form) {
+constexpr wchar_t const* zone_7_definition =
+    L"+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass "
+    L"+towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 +units=m +no_defs";
+
+TEST(Definition_file, every_form_is_written_and_read) {
   for (auto const& page : core_test::system_pages()) {
+    SCOPED_TRACE(page.encoding);
     Ttemp_folder const folder;
     Tsystem_page const system(page);
     std::wstring const name = folder.wide(page.letters);
     std::string const narrow = folder.file(page.bytes);
     std::wstring const grid = std::wstring(L"+nadgrids=") + page.letters;
     std::string const grid_bytes = std::string("+nadgrids=") + page.bytes;
-    put_file(narrow, "+proj=longer than what comes, and replaced as a whole");
+    put_file(narrow, std::string(5000, 'x'));
     zu_pj4_save_simple_w(name.c_str(), L"+proj=utm +zone=37 +no_defs");
     EXPECT_EQ(get_file(narrow), "[projection]\n\npj4=+proj=utm +zone=37 +no_defs\n");
     EXPECT_EQ(load_simple(name), L"+proj=utm +zone=37 +no_defs");
@@ -94,7 +93,11 @@ TEST(Definition_file, saves_the_ini_form) {
     EXPECT_TRUE(Tzu_add_file::save_pj4_mgs(name, grid));
     EXPECT_EQ(get_file(narrow), grid_bytes);
     EXPECT_EQ(load_simple(name), grid);
-    EXPECT_EQ(folder.count(), 1U) << page.encoding;
+    put_file(narrow, std::string(5000, 'x'));
+    EXPECT_TRUE(zu_pj4_export_esri_prj(zone_7_definition, name.c_str()));
+    EXPECT_EQ(get_file(narrow), zone_7_wkt);
+    EXPECT_EQ(load_esri(name), zone_7_definition);
+    EXPECT_EQ(folder.count(), 1U);
   }
 }
 
@@ -115,50 +118,21 @@ TEST(Definition_file, saves_nothing_under_another_name) {
     EXPECT_EQ(get_file(folder.file(std::string(page.like) + ".pj4")),
               "[projection]\npj4=+proj=utm\n");
   }
-  Ttemp_folder const folder;
-  EXPECT_FALSE(Tzu_add_file::save_pj4_ini(folder.wide(L"no/f.pj4"), L"+proj=merc"));
-}
-
-constexpr wchar_t const* zone_7_definition =
-    L"+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass "
-    L"+towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 +units=m +no_defs";
-
-std::wstring load_esri(std::wstring const& name) {
-  return fed_by([&](Izu_string_adp* adapter) { zu_pj4_import_esri(name.c_str(), adapter); });
-}
-
-TEST(Definition_file, esri_form_is_written_and_read) {
-  for (auto const& page : core_test::system_pages()) {
-    Ttemp_folder const folder;
-    Tsystem_page const system(page);
-    std::wstring const name = folder.wide(std::wstring(page.letters) + L" 1.prj");
-    std::string const narrow = folder.file(std::string(page.bytes) + " 1.prj");
-    put_file(narrow, std::string(5000, 'x'));
-    EXPECT_TRUE(zu_pj4_export_esri_prj(zone_7_definition, name.c_str()));
-    EXPECT_EQ(get_file(narrow), zone_7_wkt);
-    EXPECT_EQ(load_esri(name), zone_7_definition);
-  }
 }
 
 TEST(Definition_file, unusable_esri_files_are_refused_and_failures_write_nothing) {
   Ttemp_folder const folder;
   std::wstring const name = folder.wide(L"f.prj");
   std::string const whole = zone_7_wkt;
-  struct Tcase {
-    std::string content;
-    wchar_t const* text;
-  };
-  std::vector<Tcase> const cases{{"", L"unfed"},
-                                 {" \n", L"unfed"},
-                                 {"+proj=merc", L"unfed"},
-                                 {whole.substr(0, 200), L"unfed"},
-                                 {"\xEF\xBB\xBF" + whole, L"unfed"},
-                                 {std::string("\0", 1) + whole, L"unfed"},
-                                 {whole + std::string("\0junk", 5), zone_7_definition},
-                                 {whole + "\r\n", zone_7_definition}};
-  for (auto const& c : cases) {
-    put_file(folder.file("f.prj"), c.content);
-    EXPECT_EQ(load_esri(name), c.text) << c.content;
+  for (auto const& [content, text] : contents{{"", L"unfed"},
+                                              {"+proj=merc", L"unfed"},
+                                              {whole.substr(0, 200), L"unfed"},
+                                              {"\xEF\xBB\xBF" + whole, L"unfed"},
+                                              {std::string("\0", 1) + whole, L"unfed"},
+                                              {whole + std::string("\0junk", 5), zone_7_definition},
+                                              {whole + "\r\n", zone_7_definition}}) {
+    put_file(folder.file("f.prj"), content);
+    EXPECT_EQ(load_esri(name), text) << content;
   }
   for (wchar_t const* missing : {L"no.prj", L"no/f.prj", L""})
     EXPECT_EQ(load_esri(folder.wide(missing)), L"unfed");
@@ -169,8 +143,10 @@ TEST(Definition_file, unusable_esri_files_are_refused_and_failures_write_nothing
     EXPECT_FALSE(zu_pj4_export_esri_prj(definition, folder.wide(L"new.prj").c_str()));
   }
   EXPECT_EQ(get_file(folder.file("f.prj")), "kept");
-  EXPECT_FALSE(zu_pj4_export_esri_prj(zone_7_definition, folder.wide(L"").c_str())) << "a folder";
-  EXPECT_FALSE(zu_pj4_export_esri_prj(zone_7_definition, folder.wide(L"no/f.prj").c_str()));
+  for (wchar_t const* unwritable : {L"", L"no/f.prj"}) {
+    EXPECT_FALSE(zu_pj4_export_esri_prj(zone_7_definition, folder.wide(unwritable).c_str()));
+    EXPECT_FALSE(Tzu_add_file::save_pj4_ini(folder.wide(unwritable), L"+proj=merc"));
+  }
   EXPECT_EQ(folder.count(), 1U);
 }
 

@@ -19,18 +19,14 @@ TEST(Definition_file_posix, plain_form_has_no_other_names_either) {
   }
 }
 
-// The device takes the open and no byte, as a full disk does.
-TEST(Definition_file_posix, a_full_disk_is_a_failure) {
-  wchar_t const* const definition = L"+proj=longlat +datum=WGS84 +ellps=WGS84";
-  EXPECT_FALSE(zu_pj4_export_esri_prj(definition, L"/dev/full"));
-  EXPECT_FALSE(Tzu_add_file::save_pj4_ini(L"/dev/full", definition));
-  EXPECT_FALSE(Tzu_add_file::save_pj4_mgs(L"/dev/full", definition));
-}
-
-// Whoever runs the test, nobody may write the one and read the other.
-TEST(Definition_file_posix, what_may_not_be_read_or_written_is_a_failure) {
-  EXPECT_FALSE(zu_pj4_export_esri_prj(L"+proj=longlat +datum=WGS84", L"/proc/self/f.prj"));
-  EXPECT_FALSE(Tzu_add_file::save_pj4_ini(L"/proc/self/f.pj4", L"+proj=merc"));
+// The device takes the open and no byte, as a full disk does; whoever runs the test,
+// nobody may write among a process's own files, and read its memory.
+TEST(Definition_file_posix, what_cannot_be_read_or_written_is_a_failure) {
+  for (wchar_t const* name : {L"/dev/full", L"/proc/self/f.prj"}) {
+    EXPECT_FALSE(zu_pj4_export_esri_prj(L"+proj=longlat +datum=WGS84", name));
+    EXPECT_FALSE(Tzu_add_file::save_pj4_ini(name, L"+proj=merc"));
+    EXPECT_FALSE(Tzu_add_file::save_pj4_mgs(name, L"+proj=merc"));
+  }
   EXPECT_EQ(core_test::fed_by([](Izu_string_adp* adapter) {
               zu_pj4_import_esri(L"/proc/self/mem", adapter);
               zu_pj4_load_simple_w(L"/proc/self/mem", adapter);

@@ -12,27 +12,18 @@
 #include "failing_allocator.h"
 #include "reproj/reproj_d2.h"
 #include "reproj/reproj_xy_exec.h"
-#include "text/string_adapter.h"
 #include "zu_pj_edit/zu_pj4_layer.h"
 
 namespace {
 
 using failing_allocator::deny_each;
 using failing_allocator::lack;
+using failing_allocator::made_by;
 
 constexpr wchar_t const* wgs_84 = L"+proj=longlat +datum=WGS84 +no_defs";
 constexpr wchar_t const* zone_7 =
     L"+proj=tmerc +lon_0=39 +x_0=7500000 +towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 "
     L"+ellps=krass +units=m +no_defs";
-
-template <class Produce>
-std::string made_by(Produce produce) {
-  std::string text = "failed";
-  Tzu_std_string_adapter target(&text);
-  zu::string_adp const adapter(target);
-  if (produce(adapter.get()) == 0 && text != "failed") text = "failed, and fed";
-  return text;
-}
 
 std::string import_wkt() {
   std::string const text = core_test::zone_7_wkt;
@@ -71,27 +62,26 @@ struct road {
 class OutOfMemory_posix : public testing::TestWithParam<road> {};
 
 constexpr char const* moscow = "7412094.002925 6176150.953160";
-INSTANTIATE_TEST_SUITE_P(
-    Roads, OutOfMemory_posix,
-    testing::Values(
-        road{"import_wkt", &import_wkt,
-             "+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass "
-             "+towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 +units=m +no_defs"},
-        road{"import_code", &import_code,
-             "+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass +units=m "
-             "+no_defs"},
-        road{
-            "export_by_gdal", &export_by_gdal,
-            "PROJCS[\"unknown\",GEOGCS[\"GCS_unknown\",DATUM[\"D_Unknown_based_on_Krassovsky_1942_"
-            "ellipsoid\",SPHEROID[\"Krassovsky_1942\",6378245.0,298.3]],PRIMEM[\"Paris\",2.33722917"
-            "],UNIT[\"Degree\",0.0174532925199433]],PROJECTION[\"Lambert_Conformal_Conic\"],"
-            "PARAMETER[\"False_Easting\",0.0],PARAMETER[\"False_Northing\",0.0],PARAMETER["
-            "\"Central_Meridian\",10.0],PARAMETER[\"Standard_Parallel_1\",52.0],PARAMETER["
-            "\"Standard_Parallel_2\",52.0],PARAMETER["
-            "\"Latitude_Of_Origin\",52.0],UNIT[\"Meter\",1.0]]"},
-        road{"transform_one", &transform_one, moscow},
-        road{"transform_many", &transform_many, moscow}),
-    [](auto const& each) { return std::string(each.param.name); });
+constexpr char const* zone_7_out =
+    "+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass "
+    "+towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 +units=m +no_defs";
+constexpr char const* code_out =
+    "+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass +units=m +no_defs";
+constexpr char const* conic_out =
+    R"(PROJCS["unknown",GEOGCS["GCS_unknown",DATUM["D_Unknown_based_on_Krassovsky_1942_ellipsoid",)"
+    R"(SPHEROID["Krassovsky_1942",6378245.0,298.3]],PRIMEM["Paris",2.33722917],)"
+    R"(UNIT["Degree",0.0174532925199433]],PROJECTION["Lambert_Conformal_Conic"],)"
+    R"(PARAMETER["False_Easting",0.0],PARAMETER["False_Northing",0.0],)"
+    R"(PARAMETER["Central_Meridian",10.0],PARAMETER["Standard_Parallel_1",52.0],)"
+    R"(PARAMETER["Standard_Parallel_2",52.0],PARAMETER["Latitude_Of_Origin",52.0],)"
+    R"(UNIT["Meter",1.0]])";
+INSTANTIATE_TEST_SUITE_P(Roads, OutOfMemory_posix,
+                         testing::Values(road{"import_wkt", &import_wkt, zone_7_out},
+                                         road{"import_code", &import_code, code_out},
+                                         road{"export_by_gdal", &export_by_gdal, conic_out},
+                                         road{"transform_one", &transform_one, moscow},
+                                         road{"transform_many", &transform_many, moscow}),
+                         [](auto const& each) { return std::string(each.param.name); });
 
 TEST_P(OutOfMemory_posix, denied_to_the_library) {
   deny_each(GetParam().go, GetParam().right,

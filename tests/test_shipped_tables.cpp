@@ -21,15 +21,11 @@ namespace {
 
 using record = std::map<std::string, std::string>;
 
-struct table_closer {
-  void operator()(DBFInfo* table) const { DBFClose(table); }
-};
-
 // All records of a table, by shapelib; fields trimmed.
 std::vector<record> dump(std::string const& table) {
   std::string const path = ZU_PRJ_DEF "/" + table + ".dbf";
   core_test::get_file(path);  // for the record
-  std::unique_ptr<DBFInfo, table_closer> const file(DBFOpen(path.c_str(), "rb"));
+  std::unique_ptr<DBFInfo, decltype(&DBFClose)> const file(DBFOpen(path.c_str(), "rb"), DBFClose);
   if (!file) return {};
   std::vector<record> records(static_cast<std::size_t>(DBFGetRecordCount(file.get())));
   for (int field = 0; field < DBFGetFieldCount(file.get()); ++field) {

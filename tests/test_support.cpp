@@ -5,13 +5,13 @@
 
 #include <algorithm>
 #include <sstream>
+#include <tuple>
 
 #include "basic/env.h"
 #include "basic/file.h"
 #include "basic/file_system.h"
 #include "basic/path.h"
 #include "basic/prp_val.h"
-#include "basic/session.h"
 #include "core_support.h"
 
 namespace {
@@ -25,47 +25,30 @@ using core_test::Ttemp_folder;
 using names = std::vector<std::wstring>;
 
 TEST(Path, parts) {
-  struct Tcase {
-    wchar_t const* path;
-    wchar_t const* folder;
-    wchar_t const* stem;
-    wchar_t const* extension;
-  };
-  std::vector<Tcase> const cases{{L"/a.b/c.txt", L"/a.b/", L"c", L".txt"},
-                                 {L"/a.b/c", L"/a.b/", L"c", L""},
-                                 {L"c.pj4.bak", L"", L"c.pj4", L".bak"},
-                                 {L"/c.", L"/", L"c", L"."},
-                                 {L"", L"", L"", L""},
-                                 {L"/a/", L"/a/", L"", L""}};
-  for (auto const& c : cases) {
-    std::wstring const name = std::wstring(c.stem) + c.extension;
-    EXPECT_EQ(zu::path::folder_of(c.path), c.folder) << c.path;
-    EXPECT_EQ(zu::path::file_name_of(c.path), name) << c.path;
-    EXPECT_EQ(zu::path::stem_of(c.path), c.stem) << c.path;
-    EXPECT_EQ(zu::path::extension_of(c.path), c.extension) << c.path;
-    EXPECT_EQ(recorded(zu::path::replace_extension(c.path, L".prj")),
-              std::wstring(c.folder) + c.stem + L".prj");
+  using texts = std::array<wchar_t const*, 4>;
+  for (auto const& [path, folder, stem, extension] :
+       {texts{L"/a.b/c.txt", L"/a.b/", L"c", L".txt"}, texts{L"/a.b/c", L"/a.b/", L"c", L""},
+        texts{L"c.pj4.bak", L"", L"c.pj4", L".bak"}, texts{L"/c.", L"/", L"c", L"."},
+        texts{L"", L"", L"", L""}, texts{L"/a/", L"/a/", L"", L""}}) {
+    EXPECT_EQ(zu::path::folder_of(path), folder) << path;
+    EXPECT_EQ(zu::path::stem_of(path), stem) << path;
+    EXPECT_EQ(zu::path::extension_of(path), extension) << path;
+    EXPECT_EQ(recorded(zu::path::replace_extension(path, L".prj")),
+              std::wstring(folder) + stem + L".prj");
   }
 }
 
 TEST(Path, joined_and_full_lead_to_the_same_file) {
   Ttemp_folder const folder;
-  ASSERT_TRUE(files::make_folders(folder.wide(L"in")));
-  put_file(folder.file("in/f"), "x");
-  std::wstring const file = folder.wide(L"in/f");
+  put_file(folder.file("f"), "x");
   EXPECT_EQ(zu::path::join(L"", L"f"), L"f");
-  EXPECT_EQ(zu::path::join(L"/a", file), file) << "an absolute name";
-  EXPECT_EQ(zu::path::join(L"a/", L"f"), L"a/f");
+  EXPECT_EQ(zu::path::join(L"/a", folder.wide(L"f")), folder.wide(L"f")) << "an absolute name";
   fs::path const before = fs::current_path();
-  fs::current_path(folder.file("in"));
+  fs::current_path(folder.file(""));
   std::wstring const full = zu::path::make_full(L"f");
-  std::wstring const current = fs::current_path().wstring();
   fs::current_path(before);
-  EXPECT_EQ(full, zu::path::join(current, L"f"));
-  EXPECT_TRUE(fs::equivalent(full, file));
-  EXPECT_TRUE(fs::equivalent(zu::path::join(folder.wide(L"in"), L"f"), file));
-  EXPECT_TRUE(zu::path::is_absolute(full));
-  EXPECT_FALSE(zu::path::is_absolute(L"in/f"));
+  EXPECT_TRUE(fs::equivalent(full, folder.wide(L"f")));
+  EXPECT_TRUE(zu::path::is_absolute(full) && !zu::path::is_absolute(L"in/f"));
   EXPECT_EQ(zu::path::make_full(L""), L"");
   EXPECT_TRUE(zu::path::to_native(std::wstring(L"f\0g", 3)).empty()) << "another file";
 }
@@ -75,10 +58,8 @@ TEST(File_system, attributes_are_what_the_standard_library_says) {
   std::wstring const name = folder.wide(L"f");
   put_file(folder.file("f"), "12345");
   using namespace std::chrono_literals;
-  // Whole seconds, which every file system keeps: before, at and after 1970's
-  // end of 32 bits.
-  for (auto const time : {std::chrono::sys_seconds(1s), std::chrono::sys_seconds(1700000000s),
-                          std::chrono::sys_seconds(4200000000s)}) {
+  // Whole seconds, which every file system keeps: before and after 32 bits end.
+  for (auto const time : {std::chrono::sys_seconds(1s), std::chrono::sys_seconds(4200000000s)}) {
     fs::last_write_time(folder.file("f"), std::chrono::file_clock::from_sys(time));
     auto const found = files::get_attributes(name);
     ASSERT_TRUE(found);
@@ -86,18 +67,14 @@ TEST(File_system, attributes_are_what_the_standard_library_says) {
     EXPECT_EQ(found->size, 5U);
     EXPECT_FALSE(found->is_folder || found->is_read_only || found->is_hidden);
   }
-  auto const is_writable = [&] {
-    return (fs::status(folder.file("f")).permissions() & fs::perms::owner_write) != fs::perms::none;
-  };
-  for (bool const read_only : {true, true, false}) {
+  for (bool const read_only : {true, false}) {
     ASSERT_TRUE(files::set_read_only(name, read_only));
     EXPECT_EQ(files::get_attributes(name)->is_read_only, read_only);
-    EXPECT_EQ(is_writable(), !read_only);
+    auto const writing = fs::status(folder.file("f")).permissions() & fs::perms::owner_write;
+    EXPECT_EQ(writing == fs::perms::none, read_only);
   }
-  EXPECT_TRUE(files::is_folder(folder.wide(L"")));
+  EXPECT_TRUE(files::is_folder(folder.wide(L"")) && !files::is_folder(name));
   EXPECT_EQ(files::get_attributes(folder.wide(L""))->size, 0U);
-  EXPECT_FALSE(files::is_folder(name));
-  EXPECT_FALSE(files::get_attributes(folder.wide(L"missing")));
   EXPECT_FALSE(files::get_attributes(L""));
   EXPECT_FALSE(files::set_read_only(folder.wide(L"missing"), true));
 }
@@ -107,39 +84,30 @@ TEST(File_system, copies_and_moves) {
   std::string const content("a\0\r\n\x1A\xFF", 6);
   put_file(folder.file("from"), content);
   put_file(folder.file("old"), std::string(70000, 'x'));
-  EXPECT_TRUE(files::copy_file(folder.wide(L"from"), folder.wide(L"new")));
   EXPECT_TRUE(files::copy_file(folder.wide(L"from"), folder.wide(L"old")));
   EXPECT_TRUE(files::copy_file(folder.wide(L"old"), folder.wide(L"old"))) << "onto itself";
-  EXPECT_EQ(read_file(folder.file("new")), content);
   EXPECT_EQ(read_file(folder.file("old")), content);
   EXPECT_TRUE(files::set_read_only(folder.wide(L"from"), true));
   EXPECT_TRUE(files::copy_file(folder.wide(L"from"), folder.wide(L"read only")));
-  EXPECT_TRUE(files::get_attributes(folder.wide(L"read only"))->is_read_only);
   EXPECT_TRUE(files::move(folder.wide(L"read only"), folder.wide(L"new")));
+  EXPECT_EQ(read_file(folder.file("new")), content);
   EXPECT_TRUE(files::get_attributes(folder.wide(L"new"))->is_read_only);
   EXPECT_FALSE(zu::file::exists(folder.wide(L"read only")));
 
   fs::create_directory(folder.file("sub"));
   EXPECT_TRUE(files::move(folder.wide(L"sub"), folder.wide(L"dir"))) << "a folder";
   fs::create_directory(folder.file("empty"));
-  struct Tcase {
-    wchar_t const* from;
-    wchar_t const* to;
-  };
   // What fails leaves everything as it was, and nothing half-made.
   auto const count = folder.count();
-  for (auto const& c : std::vector<Tcase>{{L"missing", L"old"},
-                                          {L"old", L"new"},
-                                          {L"missing", L"made"},
-                                          {L"from", L"dir"},
-                                          {L"from", L"no/f"},
-                                          {L"dir", L"empty"},
-                                          {L"dir", L"old"}}) {
-    EXPECT_FALSE(files::copy_file(folder.wide(c.from), folder.wide(c.to))) << c.from << c.to;
-    EXPECT_FALSE(files::move(folder.wide(c.from), folder.wide(c.to))) << c.from << c.to;
+  using names_of = std::pair<wchar_t const*, wchar_t const*>;
+  for (auto const& [from, to] :
+       {names_of(L"missing", L"old"), names_of(L"old", L"new"), names_of(L"missing", L"made"),
+        names_of(L"from", L"dir"), names_of(L"from", L"no/f"), names_of(L"dir", L"empty"),
+        names_of(L"dir", L"old")}) {
+    EXPECT_FALSE(files::copy_file(folder.wide(from), folder.wide(to))) << from << to;
+    EXPECT_FALSE(files::move(folder.wide(from), folder.wide(to))) << from << to;
   }
   EXPECT_FALSE(files::copy_file(folder.wide(L"dir"), folder.wide(L"made"))) << "a folder";
-  EXPECT_FALSE(files::copy_file(folder.wide(L"from"), L""));
   EXPECT_EQ(folder.count(), count);
   EXPECT_EQ(read_file(folder.file("old")), content);
   for (auto const* name : {L"from", L"new"})
@@ -150,16 +118,13 @@ TEST(File_system, makes_and_removes) {
   Ttemp_folder const folder;
   EXPECT_TRUE(files::make_folders(folder.wide(L"a/b/c")));
   EXPECT_TRUE(files::make_folders(folder.wide(L"a/b/c/"))) << "there already";
-  EXPECT_TRUE(fs::is_directory(folder.file("a/b/c")));
   put_file(folder.file("a/f"), "");
-  EXPECT_FALSE(files::make_folders(folder.wide(L"a/f")));
   EXPECT_FALSE(files::make_folders(folder.wide(L"a/f/g")));
   EXPECT_FALSE(files::make_folders(L""));
   EXPECT_FALSE(files::remove_folder(folder.wide(L"a"))) << "not empty";
   EXPECT_FALSE(files::remove_folder(folder.wide(L"a/f")));
   EXPECT_FALSE(files::remove_file(folder.wide(L"a/b")));
   EXPECT_TRUE(files::remove_file(folder.wide(L"a/f")));
-  EXPECT_FALSE(files::remove_file(folder.wide(L"a/f"))) << "is gone";
   EXPECT_TRUE(files::remove_folder(folder.wide(L"a/b/c")));
   EXPECT_EQ(std::distance(fs::recursive_directory_iterator(folder.file("a")), {}), 1);
 }
@@ -169,12 +134,7 @@ TEST(File_system, finds_files_by_pattern) {
   for (char const* name : {"b.pj4", "a.pj4", "a.pj4.bak", "ab.prj", "[a]", ".pj4"})
     put_file(folder.file(name), "");
   fs::create_directory(folder.file("z.pj4"));
-  struct Tcase {
-    wchar_t const* pattern;
-    names found;
-  };
-  std::vector<Tcase> const cases{
-      {L"*", {L".pj4", L"[a]", L"a.pj4", L"a.pj4.bak", L"ab.prj", L"b.pj4"}},
+  std::vector<std::pair<wchar_t const*, names>> const cases{
       {L"*.pj4", {L".pj4", L"a.pj4", L"b.pj4"}},
       {L"?.pj4", {L"a.pj4", L"b.pj4"}},
       {L"*p*4*", {L".pj4", L"a.pj4", L"a.pj4.bak", L"b.pj4"}},
@@ -183,17 +143,10 @@ TEST(File_system, finds_files_by_pattern) {
       {L"[a]", {L"[a]"}},
       {L"*.*.*.*", {}},
       {L"", {}}};
-  for (auto const& c : cases) EXPECT_EQ(files::find(folder.wide(L""), c.pattern), c.found);
+  for (auto const& [pattern, found] : cases)
+    EXPECT_EQ(files::find(folder.wide(L""), pattern), found) << pattern;
   EXPECT_FALSE(files::find(folder.wide(L"missing"), L"*"));
   EXPECT_FALSE(files::find(folder.wide(L"a.pj4"), L"*"));
-
-  for (auto const& page : core_test::system_pages()) {
-    core_test::Tsystem_page const system(page);
-    put_file(folder.file(page.bytes), "");
-    std::wstring const letters = page.letters;
-    EXPECT_EQ(files::find(folder.wide(L""), L"*" + letters.substr(1)), names{letters});
-    EXPECT_TRUE(files::remove_file(folder.wide(letters)));
-  }
 }
 
 TEST(File_system, temporary_files_are_new) {
@@ -201,7 +154,6 @@ TEST(File_system, temporary_files_are_new) {
   auto const first = files::make_temporary_file(folder.wide(L""));
   auto const second = files::make_temporary_file(folder.wide(L""));
   ASSERT_TRUE(first && second);
-  EXPECT_NE(*first, *second);
   EXPECT_EQ(folder.count(), 2U);
   EXPECT_EQ(zu::file::read_whole(*first), "");
   EXPECT_FALSE(files::make_temporary_file(folder.wide(L"missing")));
@@ -210,41 +162,24 @@ TEST(File_system, temporary_files_are_new) {
                              fs::temp_directory_path() / "."));
 }
 
-TEST(Session, file_is_no_terminal) {
-  Ttemp_folder const folder;
-  EXPECT_FALSE(zu::session::is_terminal(zu::file::open(folder.wide(L"f"), "wb").get()));
-}
-
 TEST(Prp_val, says_what_its_text_says) {
-  struct Tcase {
-    char const* text = "";
-    int as_int = 0;
-    double as_dbl = 0;
-    std::optional<bool> as_bool;
-  };
-  std::vector<Tcase> const cases{{" a = 1 ", 1, 1, true},
-                                 {"a=0", 0, 0, false},
-                                 {"a=-7.5e1x", -7, -75, {}},
-                                 {"a=Yes", 42, 42, true},
-                                 {"a=OFF", 42, 42, false},
-                                 {"a=", 42, 42, {}},
-                                 {"a=nonsense", 42, 42, {}},
-                                 {"a", 42, 42, {}},
-                                 {"a=99999999999", 42, 99999999999.0, {}}};
-  for (auto const& c : cases) {
-    auto const property = Tzu_prp_val::parse(c.text);
-    EXPECT_EQ(property.get_name(), "a") << c.text;
-    EXPECT_EQ(property.get_as_int(42), c.as_int) << c.text;
-    EXPECT_EQ(property.get_as_dbl(42), c.as_dbl) << c.text;
+  using row = std::tuple<char const*, int, double, std::optional<bool>>;
+  for (auto const& [text, as_int, as_dbl, as_bool] :
+       {row(" a = 1 ", 1, 1, true), row("a=0", 0, 0, false), row("a=-7.5e1x", -7, -75, {}),
+        row("a=Yes", 42, 42, true), row("a=OFF", 42, 42, false), row("a=", 42, 42, {}),
+        row("a", 42, 42, {}), row("a=99999999999", 42, 99999999999.0, {})}) {
+    auto const property = Tzu_prp_val::parse(text);
+    EXPECT_EQ(property.get_name(), "a") << text;
+    EXPECT_EQ(property.get_as_int(42), as_int) << text;
+    EXPECT_EQ(property.get_as_dbl(42), as_dbl) << text;
     for (bool const other : {false, true})
-      EXPECT_EQ(property.get_as_bool(other), c.as_bool.value_or(other)) << c.text;
+      EXPECT_EQ(property.get_as_bool(other), as_bool.value_or(other)) << text;
   }
 }
 
 TEST(Prp_val, is_written_as_it_is_read) {
   Tzu_prp_val property("a", "b=c");
-  EXPECT_EQ(recorded(property.get_text()), "a=b=c");
-  EXPECT_EQ(Tzu_prp_val::parse("x: y", ':').get_text(), "x=y");
+  EXPECT_EQ(property.get_text(), "a=b=c");
   property.set_name("k");
   property.set_as_dbl(-5811057.628);
   EXPECT_EQ(recorded(property.get_text()), "k=-5811057.628");
@@ -254,69 +189,32 @@ TEST(Prp_val, is_written_as_it_is_read) {
   EXPECT_TRUE(property.get_as_bool());
 }
 
-// Each of 12 parts of a work, told twice, with an error behind the sixth.
-void work(Tzu_env& env) {
-  env.message("starts");
-  for (std::uint64_t done = 0; done <= 12; ++done) {
-    env.wait(done, 12, "convert");
-    env.wait(done, 12, "convert");
-    if (done == 6) env.error("line 6");
-  }
-  env.finished("12 lines");
-  env.debug("ends");
-}
-
+// What a terminal and a file get of it is tested by way of the command-line program.
 TEST(Env, writes_lines) {
   std::ostringstream out;
   Tzu_env_out env(out);
-  work(env);
+  env.message("starts");
+  for (std::uint64_t const done : {0U, 0U, 1U, 1U, 2U}) {
+    env.wait(done, 2, "convert");
+    if (done == 2) env.error("line 6");
+  }
+  env.finished("12 lines");
+  env.debug("ends");
   EXPECT_EQ(recorded(out.str()),
-            "Message: starts\nWait: 0% convert\nWait: 8% convert\nWait: 16% convert\n"
-            "Wait: 25% convert\nWait: 33% convert\nWait: 41% convert\nWait: 50% convert\n"
-            "Error: line 6\nWait: 58% convert\nWait: 66% convert\nWait: 75% convert\n"
-            "Wait: 83% convert\nWait: 91% convert\nWait: 100% convert\n"
-            "Finished: 12 lines\nDebug: ends\n");
+            "Message: starts\nWait: 0% convert\nWait: 50% convert\nWait: 100% convert\n"
+            "Error: line 6\nFinished: 12 lines\nDebug: ends\n");
 }
 
 TEST(Env, does_not_flood) {
   std::ostringstream out;
   Tzu_env_out env(out);
-  for (std::uint64_t done = 0; done < 100000; ++done) env.wait(done, 0, "unknown");
-  env.finished("");
-  EXPECT_EQ(out.str(), "Wait: unknown\nFinished: \n");
-  out.str("");
+  for (std::uint64_t done = 0; done < 1000; ++done) env.wait(done, 0, "unknown");
   constexpr std::uint64_t huge = UINT64_MAX;
   for (std::uint64_t part = 0; part < 1000; ++part) env.wait(huge / 1000 * part, huge, "x");
   env.wait(huge, 1, "x");
   std::string const text = out.str();
-  EXPECT_EQ(std::ranges::count(text, '\n'), 101);
+  EXPECT_EQ(std::ranges::count(text, '\n'), 102);
   EXPECT_TRUE(text.ends_with("Wait: 99% x\nWait: 100% x\n"));
-}
-
-TEST(Env, terminal_shows_a_bar_in_its_line) {
-  std::ostringstream out;
-  {
-    Tzu_env_console env(out, true);
-    env.wait(0, 2, "a");
-    env.wait(1, 2, "a");
-    env.error("e");
-    env.wait(2, 2, "a");
-    env.finished("a");
-    env.finished("b");
-    env.wait(1, 0, "c");
-    env.wait(1, 3, "d");
-  }
-  EXPECT_EQ(recorded(out.str()),
-            "\rWait: [....................]   0% a\rWait: [##########..........]  50% a\n"
-            "Error: e\n\rWait: [####################] 100% a\nFinished: a\nFinished: b\n"
-            "\rWait: [....................]      c\n\rWait: [######..............]  33% d\n");
-}
-
-TEST(Env, nobody_before_the_console_gets_no_progress) {
-  std::ostringstream out;
-  Tzu_env_console env(out, false);
-  work(env);
-  EXPECT_EQ(recorded(out.str()), "Message: starts\nError: line 6\nDebug: ends\n");
 }
 
 }  // namespace

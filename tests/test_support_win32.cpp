@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <cstdlib>
+#include <tuple>
 
 #include "basic/file.h"
 #include "basic/file_system.h"
@@ -20,23 +21,14 @@ TEST(Path_win32, has_drives_and_two_separators) {
   EXPECT_EQ(zu::path::folder_of(LR"(C:\suite.d\bin\suite.exe)"), LR"(C:\suite.d\bin\)");
   EXPECT_EQ(zu::path::folder_of(L"C:suite.exe"), L"C:");
   EXPECT_EQ(zu::path::replace_extension(LR"(C:\a.b\c)", L".prj"), LR"(C:\a.b\c.prj)");
-  struct Tcase {
-    wchar_t const* folder;
-    wchar_t const* name;
-    wchar_t const* joined;
-    bool is_absolute;
-  };
-  std::vector<Tcase> const cases{{LR"(C:\a)", L"f", LR"(C:\a\f)", true},
-                                 {LR"(C:\a\)", L"f", LR"(C:\a\f)", true},
-                                 {LR"(C:\a)", LR"(\f)", LR"(\f)", false},
-                                 {LR"(C:\a)", LR"(D:\f)", LR"(D:\f)", true},
-                                 {L"C:", L"f", L"C:f", false},
-                                 {LR"(C:\a)", LR"(\\host\share\f)", LR"(\\host\share\f)", true},
-                                 {LR"(\\host\share)", L"f", LR"(\\host\share\f)", true},
-                                 {L"", LR"(\f)", LR"(\f)", false}};
-  for (auto const& c : cases) {
-    EXPECT_EQ(zu::path::join(c.folder, c.name), c.joined);
-    EXPECT_EQ(zu::path::is_absolute(c.joined), c.is_absolute) << c.joined;
+  using row = std::tuple<wchar_t const*, wchar_t const*, wchar_t const*, bool>;
+  for (auto const& [folder, name, joined, is_absolute] :
+       {row(LR"(C:\a)", L"f", LR"(C:\a\f)", true), row(LR"(C:\a\)", L"f", LR"(C:\a\f)", true),
+        row(LR"(C:\a)", LR"(\f)", LR"(\f)", false), row(LR"(C:\a)", LR"(D:\f)", LR"(D:\f)", true),
+        row(L"C:", L"f", L"C:f", false), row(LR"(\\host\share)", L"f", LR"(\\host\share\f)", true),
+        row(L"", LR"(\f)", LR"(\f)", false)}) {
+    EXPECT_EQ(zu::path::join(folder, name), joined);
+    EXPECT_EQ(zu::path::is_absolute(joined), is_absolute) << joined;
   }
   EXPECT_EQ(zu::path::make_full(LR"(C:\a\..\b)"), LR"(C:\b)");
 }

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
-#include <vector>
 
 #include "core_support.h"
 #include "text/rc.h"
@@ -14,24 +14,15 @@ namespace {
 using core_test::Tenvironment;
 
 TEST(Code_page_posix, the_systems_page_is_the_users_locales) {
-  struct Tcase {
-    char const* all;
-    char const* ctype;
-    char const* lang;
-    char const* bytes;
-  };
-  std::vector<Tcase> const cases{{"ru_RU.CP1251", "", "", "\xC6"},
-                                 {"", "ru_RU.KOI8-R", "ru_RU.CP1251", "\xF6"},
-                                 {"", "", "xx_YY.CP866@euro", "\x86"},
-                                 {"", "", "ru_RU.UTF-8", "\xD0\x96"},
-                                 {"C", "ru_RU.CP1251", "ru_RU.CP1251", "\xD0\x96"},
-                                 {"xx_YY", "", "", "\xD0\x96"},
-                                 {"", "", "", "\xD0\x96"}};
-  for (auto const& c : cases) {
-    Tenvironment const environment{{"LC_ALL", c.all}, {"LC_CTYPE", c.ctype}, {"LANG", c.lang}};
-    EXPECT_EQ(zu::strconv::to_system(L"\u0416"), c.bytes)
-        << c.all << " " << c.ctype << " " << c.lang;
-    EXPECT_EQ(zu::strconv::from_system(c.bytes), L"\u0416");
+  using texts = std::array<char const*, 4>;
+  for (auto const& [all, ctype, lang, bytes] :
+       {texts{"ru_RU.CP1251", "", "", "\xC6"}, texts{"", "ru_RU.KOI8-R", "ru_RU.CP1251", "\xF6"},
+        texts{"", "", "xx_YY.CP866@euro", "\x86"}, texts{"", "", "ru_RU.UTF-8", "\xD0\x96"},
+        texts{"C", "ru_RU.CP1251", "ru_RU.CP1251", "\xD0\x96"}, texts{"xx_YY", "", "", "\xD0\x96"},
+        texts{"", "", "", "\xD0\x96"}}) {
+    Tenvironment const environment{{"LC_ALL", all}, {"LC_CTYPE", ctype}, {"LANG", lang}};
+    EXPECT_EQ(zu::strconv::to_system(L"\u0416"), bytes) << all << " " << ctype << " " << lang;
+    EXPECT_EQ(zu::strconv::from_system(bytes), L"\u0416");
     EXPECT_EQ(zu::strconv::from_interface("\xC6"), L"\u0416")
         << "interface texts have their own page";
   }
