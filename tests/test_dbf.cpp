@@ -134,11 +134,12 @@ TEST_F(Dbf, stored_field_offsets_are_used_and_zero_ones_filled_in) {
 TEST_F(Dbf, descriptors_end_at_the_terminator_or_the_headers_length) {
   std::string const fields =
       dbf_field("A", 'C', 1) + dbf_field("B", 'C', 1) + dbf_field("C", 'C', 1);
+  std::string const ended = fields + "\r";
   using row = std::tuple<unsigned, unsigned, std::string>;
   for (auto const& [header_length, count, content] :
-       {row(129, 3, fields + "\r"), row(127, 2, fields + "\r"), row(95, 1, fields + "\r"),
-        row(0, 0, fields + "\r"), row(65535, 3, fields), row(65535, 3, fields + ("\r" + fields)),
-        row(129, 0, "\r" + fields), row(129, 0, "")}) {
+       {row(129, 3, ended), row(127, 2, ended), row(95, 1, ended), row(0, 0, ended),
+        row(65535, 3, fields), row(65535, 3, ended + fields), row(129, 0, "\r" + fields),
+        row(129, 0, "")}) {
     ASSERT_EQ(open(dbf_header(0, header_length, 4) + content), 0);
     EXPECT_EQ(table.get_np(), count) << header_length;
   }
