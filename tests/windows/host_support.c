@@ -37,7 +37,8 @@ wchar_t const* library_name = L"zu_pj_edit.dll";
 
 void library_path(wchar_t path[MAX_PATH], wchar_t const* name) {
   DWORD const length = GetModuleFileNameW(NULL, path, MAX_PATH);
-  wchar_t* const program = length == 0 || length >= MAX_PATH ? NULL : wcsrchr(path, L'\\');
+  if (length == 0 || length >= MAX_PATH) ExitProcess(3);
+  wchar_t* const program = wcsrchr(path, L'\\');
   if (program == NULL) ExitProcess(3);
   (void)swprintf(program + 1, MAX_PATH - (size_t)(program + 1 - path), L"%ls", name);
 }
