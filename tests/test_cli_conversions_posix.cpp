@@ -14,7 +14,6 @@
 
 namespace {
 
-using cli_test::Cli;
 using core_test::put_file;
 
 // Texts that would have GDAL or PROJ open a file or a connection, alone, as what
@@ -54,8 +53,10 @@ proj=longlat ellps=krass nadgrids=a.gsb
 +proj=tinshift +file =/etc/passwd
 )";
 
+class Cli_conversions_posix : public cli_test::Cli {};
+
 // What GDAL's own program makes of the files that are written.
-TEST_F(Cli, EsriFilesAreReadByOtherPrograms) {
+TEST_F(Cli_conversions_posix, EsriFilesAreReadByOtherPrograms) {
   for (auto const& [definition, read] : std::initializer_list<std::array<char const*, 2>>{
            {"+proj=tmerc +lon_0=37.5 +lat_0=55.5 +x_0=12 +y_0=14 +k_0=1 +ellps=krass",
             "+proj=tmerc +lat_0=55.5 +lon_0=37.5 +k=1 +x_0=12 +y_0=14 +ellps=krass +units=m "
@@ -71,7 +72,7 @@ TEST_F(Cli, EsriFilesAreReadByOtherPrograms) {
   }
 }
 
-class Cli_reach_posix : public Cli {
+class Cli_reach_posix : public cli_test::Cli {
  protected:
   void SetUp() override {
     // A system without the tracer is one that was not made ready for these tests.
