@@ -1,0 +1,28 @@
+// The floating-point environment of the thread that a host calls on.
+#pragma once
+
+#include <cfenv>
+
+namespace zu {
+
+// Within its scope no floating-point exception traps, results are rounded to the
+// nearest number in full precision, and small numbers are not taken for 0. That is
+// what PROJ, GDAL and the toolkit are written for: they divide by zero on purpose.
+// Hosts may have it otherwise. At the scope's end the thread has again exactly what
+// it had, its status flags included, so that nothing done inside traps later.
+class Tfloat_scope {
+ public:
+  Tfloat_scope() noexcept;
+  ~Tfloat_scope() { restore(); }
+  Tfloat_scope(Tfloat_scope const&) = delete;
+  Tfloat_scope& operator=(Tfloat_scope const&) = delete;
+
+  // Gives back early, for exceptions that end no scope.
+  void restore() const noexcept;
+
+ private:
+  std::fenv_t environment_{};
+  unsigned mxcsr_ = 0;  // where fenv_t has no room for it
+};
+
+}  // namespace zu
