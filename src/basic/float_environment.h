@@ -21,8 +21,11 @@ class Tfloat_scope {
   void restore() const noexcept;
 
  private:
+  // What of the machine's state the library's type lacks, or gives more slowly.
   std::fenv_t environment_{};
-  unsigned mxcsr_ = 0;  // where fenv_t has no room for it
+  unsigned mxcsr_ = 0;
+  unsigned short control_ = 0;
+  unsigned short status_ = 0;
 };
 
 }  // namespace zu
