@@ -28,4 +28,11 @@ class Tfloat_scope {
   unsigned short status_ = 0;
 };
 
+// Makes a call within such a scope.
+template <class Call>
+auto in_float_scope(Call call) {
+  Tfloat_scope const scope;
+  return call();
+}
+
 }  // namespace zu

@@ -6,6 +6,8 @@
 #include <limits>
 #include <vector>
 
+#include "basic/float_environment.h"
+
 struct Tzu_pp2d {
   std::vector<Tzu_vtx_d2> items;
 };
@@ -92,6 +94,7 @@ void zu_matrix3x3_init_single(Tzu_matrix3x3* matrix) {
 }
 
 int zu_matrix3x3_invert(Tzu_matrix3x3* matrix) {
+  zu::Tfloat_scope const scope;
   if (matrix == nullptr) return 0;
   auto const& e = matrix->e;
   // The cofactors, transposed: element i of the inverse times the determinant.
