@@ -3,6 +3,7 @@
 #include <string>
 
 #include "api/final_call.h"
+#include "basic/float_environment.h"
 #include "basic/module.h"
 #include "pj_edit/vcl_pj_edit_form.h"
 #include "vcl/application.h"
@@ -17,6 +18,7 @@ std::string execute_result;
 std::string edit_result;
 // Of the wide call, for exceptions that end no scope.
 void* kept_handle = nullptr;
+zu::Tfloat_scope const* kept_floats = nullptr;
 // NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables)
 
 char const* zu_vcl_pj_edit(char const* definition, unsigned char* changed) {
@@ -33,6 +35,7 @@ char const* zu_vcl_pj_edit(char const* definition, unsigned char* changed) {
 
 char const* zu_proj4_form_execute(zu_pj_edit_window owner, char const* definition,
                                   unsigned char* changed) {
+  zu::Tfloat_scope const floats;
   Tzu_handle_scope const scope(owner);
   *changed = 0;
   // The caller may pass the last result back in.
@@ -43,6 +46,8 @@ char const* zu_proj4_form_execute(zu_pj_edit_window owner, char const* definitio
 }
 
 void* zu_proj4_form_execute_w(zu_pj_edit_window owner, void* first, void* second) {
+  zu::Tfloat_scope const floats;
+  kept_floats = &floats;
   kept_handle = Tzu_application::instance().get_handle();
   Tzu_handle_scope const scope(owner);
   auto* const execute = zu::module::find_loaded_as<zu::wide_function>(
@@ -50,5 +55,6 @@ void* zu_proj4_form_execute_w(zu_pj_edit_window owner, void* first, void* second
   if (execute == nullptr) return nullptr;
   // The window is the application's by now, so the module is given none.
   return zu::final_call(execute, nullptr, first, second,
-                        [] { Tzu_application::instance().set_handle(kept_handle); });
+                        {[] { kept_floats->restore(); },
+                         [] { Tzu_application::instance().set_handle(kept_handle); }});
 }

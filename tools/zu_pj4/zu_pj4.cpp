@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "basic/env.h"
+#include "basic/float_environment.h"
 #include "catalogue/pj_dbf.h"
 #include "catalogue_listing.h"
 #include "conversions.h"
@@ -276,6 +277,8 @@ int run(int argc, char** argv, Tzu_env& env) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // Whoever starts the program may have switched traps on in it.
+  zu::Tfloat_scope const floats;
   Tzu_env_console env;
   try {
     return run(argc, argv, env);
