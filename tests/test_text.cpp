@@ -8,6 +8,7 @@
 #include "basic/code_page.h"
 #include "core_support.h"
 #include "text/fileio.h"
+#include "text/own_texts.h"
 #include "text/rc.h"
 #include "text/strconv.h"
 #include "text/string_adapter.h"
@@ -222,6 +223,14 @@ TEST(Interface_text, table_is_full_in_both_languages_and_ends_where_it_should) {
   for (auto const& [group, index] : {std::pair(12, 0), {-1, 0}, {0, -1}, {1 << 30, 1 << 30}})
     EXPECT_EQ(interface_text(0, group, index), none) << group << ", " << index;
   EXPECT_EQ(interface_text(2, 5, 0), L"Apply") << "1 alone is Russian";
+  for (int which = 0; which < static_cast<int>(zu::own_text::count); ++which) {
+    for (int const lang : {0, 1}) {
+      Tzu_rc::set_lang(lang);
+      auto const text = zu::get_own_text(static_cast<zu::own_text>(which));
+      EXPECT_EQ(std::ranges::all_of(text, is_latin), lang == 0) << which;
+      EXPECT_FALSE(text.empty()) << which;
+    }
+  }
 }
 
 }  // namespace
