@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "vcl/event_guard.h"
+#include "vcl/list_keys.h"
 #include "vcl/toolkit.h"
 
 namespace {
@@ -27,6 +28,7 @@ Tzu_vcl_selbox::Tzu_vcl_selbox(wxWindow* parent)
                parent->FromDIP(wxSize(first_width, first_height))) {
   SetMinSize(wxDefaultSize);
   zu::vcl::platform::prepare_list(*this);
+  zu::vcl::platform::add_list_keys(*this);
   zu::vcl::bind_guarded(*this, wxEVT_CHOICE, [this] { on_self_change(); });
   // Who turns the wheel on the way to elsewhere does not mean to choose.
   zu::vcl::bind_guarded(*this, wxEVT_MOUSEWHEEL,
