@@ -209,7 +209,8 @@ Tanswers::~Tanswers() {
 int Tanswers::Enter(wxDialog* dialog) {
   if (dynamic_cast<Tzu_vcl_form*>(dialog) != nullptr) return wxID_NONE;
   auto* const message = dynamic_cast<wxMessageDialog*>(dialog);
-  if (message != nullptr) messages_.push_back(message->GetMessage().ToStdWstring());
+  if (message != nullptr)
+    messages_.push_back((message->GetTitle() + L": " + message->GetMessage()).ToStdWstring());
   if (expected_.empty()) {
     ADD_FAILURE() << "unexpected dialog: "
                   << (message != nullptr ? message->GetMessage().utf8_str() : "");

@@ -1,7 +1,10 @@
 // Start of the window toolkit inside a host that may know nothing of it.
 #pragma once
 
+#include <string>
+
 class wxDialog;
+class wxKeyEvent;
 class wxTextCtrl;
 class wxWindow;
 
@@ -11,6 +14,9 @@ namespace zu::vcl {
 // or from an earlier call. The host's C locale is what it was afterwards.
 // Throws std::runtime_error when there is no display to start on.
 void start();
+
+// Gives a control the name by which screen readers and messages know it.
+void set_control_name(wxWindow& control, std::wstring const& name);
 
 // What differs by platform.
 namespace platform {
@@ -33,8 +39,14 @@ void prepare_form(wxDialog& form);
 void prepare_list(wxWindow& list);
 void finish_list(wxWindow& list);
 
-// Tells screen readers that `label` names `control`.
+// Tells screen readers that `label` stands for `control`.
 void relate_label(wxWindow& label, wxWindow& control);
+// Tells them the name that the control has for the toolkit.
+void announce_name(wxWindow& control);
+
+// The letter that a key types into an edit, where the toolkit asks about letters
+// too late; zero elsewhere.
+wchar_t letter_of(wxKeyEvent const& event);
 
 // The natural height of a single-line edit that is not hidden.
 int best_edit_height(wxTextCtrl const& edit);

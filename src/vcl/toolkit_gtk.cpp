@@ -1,13 +1,29 @@
 #include <dlfcn.h>
 #include <gtk/gtk.h>
+#include <wx/event.h>
 #include <wx/init.h>
 #include <wx/textctrl.h>
 
 #include <array>
+#include <string>
 
+#include "text/strconv.h"
+#include "vcl/list_button_gtk.h"
 #include "vcl/toolkit.h"
 
 namespace zu::vcl::platform {
+namespace {
+
+// Screen readers meet a list as the button inside it that has the keyboard: its
+// name is the list's, its description what is chosen.
+void describe_choice(GtkComboBox* list, void* /*nothing*/) {
+  char* const chosen = gtk_combo_box_text_get_active_text(GTK_COMBO_BOX_TEXT(list));
+  AtkObject* const button = gtk_widget_get_accessible(find_list_button(GTK_WIDGET(list)));
+  atk_object_set_description(button, chosen == nullptr ? "" : chosen);
+  g_free(chosen);
+}
+
+}  // namespace
 
 void prepare_start() {
   // Of no use, and complained about, once GTK runs for the host.
@@ -40,6 +56,7 @@ void prepare_list(wxWindow& list) {
                                  GTK_STYLE_PROVIDER(style),
                                  GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
   g_object_unref(style);
+  g_signal_connect(list.GetHandle(), "changed", G_CALLBACK(describe_choice), nullptr);
 }
 
 void finish_list(wxWindow& list) {
@@ -51,6 +68,18 @@ void finish_list(wxWindow& list) {
 void relate_label(wxWindow& label, wxWindow& control) {
   GtkWidget* const widget = label.GetHandle();
   if (GTK_IS_LABEL(widget)) gtk_label_set_mnemonic_widget(GTK_LABEL(widget), control.GetHandle());
+}
+
+void announce_name(wxWindow& control) {
+  std::string const name = strconv::to_utf8(control.GetName().ToStdWstring());
+  GtkWidget* const widget = control.GetHandle();
+  for (GtkWidget* const part : {widget, find_list_button(widget)})
+    atk_object_set_name(gtk_widget_get_accessible(part), name.c_str());
+}
+
+wchar_t letter_of(wxKeyEvent const& event) {
+  gunichar const letter = gdk_keyval_to_unicode(event.GetRawKeyCode());
+  return g_unichar_iscntrl(letter) ? 0 : static_cast<wchar_t>(letter);
 }
 
 // The toolkit's own answer changes when the edit first appears, which would

@@ -1,8 +1,11 @@
 #include <windows.h>
 // After the system's header.
+#include <wx/access.h>
 #include <wx/dialog.h>
 #include <wx/init.h>
 #include <wx/textctrl.h>
+
+#include <memory>
 
 #include "vcl/toolkit.h"
 
@@ -15,6 +18,19 @@ HMODULE own_module(DWORD flags) {
                      reinterpret_cast<LPCWSTR>(&own_module), &module);
   return module;
 }
+
+// The system's own answers to screen readers, save the name: for that it takes
+// the label right before a control, which in a table is another one's or none.
+class Tnamed_accessible : public wxAccessible {
+ public:
+  using wxAccessible::wxAccessible;
+
+  wxAccStatus GetName(int part, wxString* name) override {
+    if (part != wxACC_SELF) return wxACC_NOT_IMPLEMENTED;
+    *name = GetWindow()->GetName();
+    return wxACC_OK;
+  }
+};
 
 }  // namespace
 
@@ -38,8 +54,15 @@ void prepare_form(wxDialog& form) {
 void prepare_list(wxWindow& /*list*/) {}
 void finish_list(wxWindow& /*list*/) {}
 
-// A label that stands right before its control is taken for the control's name.
+// The name says it all.
 void relate_label(wxWindow& /*label*/, wxWindow& /*control*/) {}
+
+void announce_name(wxWindow& control) {
+  if (control.GetAccessible() == nullptr)
+    control.SetAccessible(std::make_unique<Tnamed_accessible>(&control).release());
+}
+
+wchar_t letter_of(wxKeyEvent const& /*event*/) { return 0; }
 
 int best_edit_height(wxTextCtrl const& edit) { return edit.GetSizeFromTextSize(1).y; }
 
