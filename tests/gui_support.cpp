@@ -221,6 +221,9 @@ int Tanswers::Enter(wxDialog* dialog) {
   auto* const file = dynamic_cast<wxFileDialog*>(dialog);
   EXPECT_EQ(file != nullptr, !answer.path.empty()) << "a dialog of another kind was expected";
   if (file != nullptr) {
+    messages_.push_back(wxString::Format(L"%s: %s, %d", file->GetMessage(), file->GetDirectory(),
+                                         file->GetFilterIndex())
+                            .ToStdWstring());
     file->SetPath(answer.path);
     EXPECT_TRUE(wait_until([&] { return file->GetPath() == answer.path; })) << "path not taken";
     // The path's extension chooses a filter by itself.
