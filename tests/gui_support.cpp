@@ -228,7 +228,8 @@ Tanswers::~Tanswers() {
 int Tanswers::Enter(wxDialog* dialog) {
   if (dynamic_cast<Tzu_vcl_form*>(dialog) != nullptr) return wxID_NONE;
   auto* const message = dynamic_cast<wxMessageDialog*>(dialog);
-  if (message != nullptr) messages_.push_back(message->GetMessage().ToStdWstring());
+  if (message != nullptr)
+    messages_.push_back((message->GetTitle() + L": " + message->GetMessage()).ToStdWstring());
   if (expected_.empty()) {
     ADD_FAILURE() << "unexpected dialog: "
                   << (message != nullptr ? message->GetMessage().utf8_str() : "");
@@ -239,6 +240,9 @@ int Tanswers::Enter(wxDialog* dialog) {
   auto* const file = dynamic_cast<wxFileDialog*>(dialog);
   EXPECT_EQ(file != nullptr, !answer.path.empty()) << "a dialog of another kind was expected";
   if (file != nullptr) {
+    messages_.push_back(wxString::Format(L"%s: %s, %d", file->GetMessage(), file->GetDirectory(),
+                                         file->GetFilterIndex())
+                            .ToStdWstring());
     file->SetPath(answer.path);
     EXPECT_TRUE(wait_until([&] { return file->GetPath() == answer.path; })) << "path not taken";
     // The path's extension chooses a filter by itself.

@@ -81,7 +81,8 @@ class Tanswers : private wxModalDialogHook {
   void expect_file(std::wstring path, int filter_index, int result = wxID_OK) {
     expected_.push_back({result, std::move(path), filter_index});
   }
-  // Texts of the messages shown since the last call.
+  // Messages shown since the last call, each as "title: text", and file dialogs as
+  // "title: folder, filter index".
   std::vector<std::wstring> take_messages() { return std::exchange(messages_, {}); }
 
  private:

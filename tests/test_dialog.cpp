@@ -163,10 +163,15 @@ TEST_F(dialog, loads_files_of_both_types) {
     });
     EXPECT_EQ(loaded.text, each.applied) << each.content;
   }
+  answers.take_messages();
   auto const loaded_and_cancelled = [&](Tform& form) {
-    load(form, L"plain.pj4", 0, wxID_CANCEL);
+    load(form, L"plain.pj4", 1, wxID_CANCEL);
     EXPECT_EQ(type(form).get_active_caption(), L"Usual projections");
+    load(form, L"region.prj", 1);
     load(form, L"plain.pj4", 0);
+    auto const shown = answers.take_messages();
+    EXPECT_EQ(shown.at(1), shown.at(0)) << "what was cancelled counts for nothing";
+    EXPECT_EQ(shown.at(2), L"Load: " + chosen(L"") + L", 1");
     EXPECT_EQ(type(form).get_active_caption(), L"Zonal projections");
     cancel(form);
   };

@@ -8,9 +8,11 @@
 #include "basic/code_page.h"
 #include "core_support.h"
 #include "text/fileio.h"
+#include "text/own_texts.h"
 #include "text/rc.h"
 #include "text/strconv.h"
 #include "text/string_adapter.h"
+#include "text/type_ahead.h"
 
 namespace {
 
@@ -180,6 +182,39 @@ TEST(String_adapter, last_feed_wins_in_the_systems_page) {
   }
 }
 
+TEST(Type_ahead, finds_captions_and_then_words_by_their_first_letters) {
+  std::vector<std::wstring> const captions{L"_custom",      L"wgs 84",     L"wgs 72",
+                                           L"pz-90 (gost)", L"gost\x2011", L"pulkovo_1942"};
+  for (auto const& [start, typed, found] :
+       std::initializer_list<std::tuple<int, wchar_t const*, std::vector<int>>>{
+           {0, L"wg", {1, 1}},
+           {0, L"www", {1, 2, 1}},          // round
+           {0, L"wgs 7", {1, 1, 1, 1, 2}},  // a blank is a letter, too
+           {1, L"g", {4}},                  // begins one caption, and a word of one before
+           {3, L"cu", {0, 0}},
+           {5, L"19", {5, 5}},
+           {0, L"90 (", {3, 3, 3, 3}},
+           {0, L"ost", {-1, -1, -1}},
+           {-1, L"_", {0}},
+           {0, L"p|p", {3, 5}},  // after a pause
+           {0, L"w|zg", {1, -1, -1}}}) {
+    zu::Tzu_type_ahead keys;
+    zu::Tzu_type_ahead::clock::time_point now;
+    std::optional<std::size_t> current;
+    if (start >= 0) current = start;
+    std::vector<int> got;
+    for (wchar_t const letter : std::wstring_view(typed)) {
+      now += std::chrono::milliseconds(letter == L'|' ? 501 : 500);
+      if (letter == L'|') continue;
+      auto const position = keys.type(letter, now, captions, current);
+      EXPECT_TRUE(keys.is_typing(now + keys.pause) && !keys.is_typing(now + keys.pause * 2));
+      got.push_back(position ? static_cast<int>(*position) : -1);
+      if (position) current = position;
+    }
+    EXPECT_EQ(got, found) << start << zu::strconv::to_utf8(typed);
+  }
+}
+
 // A text of the interface in a language; the host's own is taken over first.
 std::wstring interface_text(int lang, int group, int index) {
   Tzu_rc::get_auto_lang();
@@ -222,6 +257,14 @@ TEST(Interface_text, table_is_full_in_both_languages_and_ends_where_it_should) {
   for (auto const& [group, index] : {std::pair(12, 0), {-1, 0}, {0, -1}, {1 << 30, 1 << 30}})
     EXPECT_EQ(interface_text(0, group, index), none) << group << ", " << index;
   EXPECT_EQ(interface_text(2, 5, 0), L"Apply") << "1 alone is Russian";
+  for (int which = 0; which < static_cast<int>(zu::own_text::count); ++which) {
+    for (int const lang : {0, 1}) {
+      Tzu_rc::set_lang(lang);
+      auto const text = zu::get_own_text(static_cast<zu::own_text>(which));
+      EXPECT_EQ(std::ranges::all_of(text, is_latin), lang == 0) << which;
+      EXPECT_FALSE(text.empty()) << which;
+    }
+  }
 }
 
 }  // namespace

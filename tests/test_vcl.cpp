@@ -42,10 +42,15 @@ TEST(vcl, edit_reads_whole_numbers_only) {
 TEST(vcl, keys_that_type_no_number_are_swallowed) {
   open_dialog(moscow_tm, [](Tform& form) {
     Tzu_vcl_dbl_edit& edit = number(form, proj_number::x_0);
-    for (auto const& [typed, left] : std::initializer_list<std::pair<char const*, wchar_t const*>>{
-             {"1e5", L"15"}, {"+1,5 x", L"15"}, {"-1.2.3", L"-1.2.3"}, {"123", L"123"}}) {
+    for (auto const& [typed, left] :
+         std::initializer_list<std::pair<char const*, wchar_t const*>>{{"1e5", L"15"},
+                                                                       {"+1,5 x", L"15"},
+                                                                       {"-1.2.3", L"-1.2.3"},
+                                                                       {"123", L"123"},
+                                                                       {"e,", L"123"}}) {
       type_over(edit, typed);
       EXPECT_EQ(left, edit.get_text());
+      EXPECT_EQ(std::string_view(typed).ends_with(','), edit.get_tip() != nullptr) << typed;
     }
     press('A', wxMOD_CONTROL);
     press('C', wxMOD_CONTROL);
@@ -65,18 +70,20 @@ TEST(vcl, keys_that_type_no_number_are_swallowed) {
 
 TEST(vcl, refused_numbers_stay_with_a_message_and_the_focus) {
   Tanswers answers;
+  core_test::Tenvironment const user({{"LC_ALL", "de_DE.UTF-8"}});
   outcome const result = open_dialog(moscow_tm, [&](Tform& form) {
+    number(form, proj_number::lat_0).set_max(89.5);
     for (auto const& [which, typed, message] :
          std::initializer_list<std::tuple<proj_number, char const*, wchar_t const*>>{
-             {proj_number::x_0, "--1", L"Wrong number: --1"},
-             {proj_number::lat_0, "91", L"Number must be less than: 90"},
-             {proj_number::lat_0, "-90.5", L"Number must be greater than: -90"},
-             {proj_number::k_0, "0", L"Number must be greater than: 1e-06"},
+             {proj_number::x_0, "--1", L"False Easting: Wrong number: --1"},
+             {proj_number::lat_0, "91", L"Latitude of Origin: Number must be less than: 89,5"},
+             {proj_number::lat_0, "-90.5", L"Latitude of Origin: Number must be greater than: -90"},
+             {proj_number::k_0, "0", L"Scale Factor: Number must be greater than: 1e-06"},
              // Accepted, without a message.
              {proj_number::x_0, "-0.5", L""},
              {proj_number::k_0, "0.9996", L""},
              {proj_number::lat_0, "-90", L""},
-             {proj_number::lat_0, "90", L""}}) {
+             {proj_number::lat_0, "89.5", L""}}) {
       Tzu_vcl_dbl_edit& edit = number(form, which);
       edit.set_value(2);
       bool const is_accepted = *message == 0;
@@ -96,11 +103,12 @@ TEST(vcl, refused_numbers_stay_with_a_message_and_the_focus) {
     answers.expect_message();
     shift(form, 0).set_text(L"");
     EXPECT_FALSE(form.commit_edits());
+    EXPECT_EQ(messages{L"Shift, Axis X: Wrong number: "}, answers.take_messages());
     shift(form, 0).Hide();
     apply(form);
   });
   EXPECT_EQ(result.text,
-            "+proj=tmerc +lon_0=37.5 +lat_0=90 +x_0=-0.5 +y_0=14 +k_0=0.9996 "
+            "+proj=tmerc +lon_0=37.5 +lat_0=89.5 +x_0=-0.5 +y_0=14 +k_0=0.9996 "
             "+towgs84=1,2,3,0,0,0,0 +ellps=krass +units=m +lon_wrap=45 +no_defs");
 }
 
@@ -113,7 +121,7 @@ TEST(vcl, two_refused_edits_do_not_fight_for_the_focus) {
     answers.expect_message();
     type_over(number(form, proj_number::lon_0), "-");
     press(WXK_TAB);
-    EXPECT_EQ(messages{L"Wrong number: -"}, answers.take_messages());
+    EXPECT_EQ(messages{L"Central Meridian: Wrong number: -"}, answers.take_messages());
     EXPECT_EQ(&number(form, proj_number::lon_0), wxWindow::FindFocus());
   });
 }
@@ -178,6 +186,8 @@ TEST(vcl, keys_choose_in_a_list_and_the_wheel_in_one_that_has_the_focus) {
     EXPECT_TRUE(shows(L"Zonal projections"));
     press(WXK_UP);
     EXPECT_TRUE(shows(L"Usual projections"));
+    press('Z');
+    EXPECT_TRUE(shows(L"Zonal projections"));
   });
 }
 

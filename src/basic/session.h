@@ -1,4 +1,4 @@
-// Who runs the program, on which computer, and before what.
+// Who runs the program, on which computer, before what, and how they write numbers.
 #pragma once
 
 #include <cstdio>
@@ -14,5 +14,9 @@ std::wstring computer_name();
 
 // Whether a person sees what goes into the stream: it is a terminal or console.
 bool is_terminal(std::FILE* stream) noexcept;
+
+// What stands before the decimals in the user's numbers. The host's C locale,
+// which may be another, has no part in it.
+std::wstring decimal_separator();
 
 }  // namespace zu::session

@@ -1,13 +1,25 @@
 #include "basic/session.h"
 
+#include <langinfo.h>
+#include <locale.h>  // NOLINT(modernize-deprecated-headers): newlocale is of POSIX
 #include <pwd.h>
 #include <unistd.h>
 
 #include <array>
+#include <memory>
+#include <type_traits>
 
 #include "basic/code_page.h"
 
 namespace zu::session {
+namespace {
+
+struct locale_deleter {
+  void operator()(locale_t handle) const noexcept { freelocale(handle); }
+};
+using locale_ptr = std::unique_ptr<std::remove_pointer_t<locale_t>, locale_deleter>;
+
+}  // namespace
 
 std::wstring user_name() {
   // One thread by contract, the host's.
@@ -24,5 +36,11 @@ std::wstring computer_name() {
 }
 
 bool is_terminal(std::FILE* stream) noexcept { return isatty(fileno(stream)) == 1; }
+
+std::wstring decimal_separator() {
+  locale_ptr const user{newlocale(LC_NUMERIC_MASK, "", nullptr)};
+  if (!user) return L".";
+  return code_page::to_wide(code_page::system, nl_langinfo_l(RADIXCHAR, user.get()));
+}
 
 }  // namespace zu::session

@@ -26,4 +26,12 @@ bool is_terminal(std::FILE* stream) noexcept {
   return GetConsoleMode(reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream))), &mode) != 0;
 }
 
+std::wstring decimal_separator() {
+  // Four characters at most, with the zero behind them.
+  std::array<wchar_t, 4> text{};
+  int const length = GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, LOCALE_SDECIMAL, text.data(),
+                                     static_cast<int>(text.size()));
+  return length == 0 ? L"." : text.data();
+}
+
 }  // namespace zu::session

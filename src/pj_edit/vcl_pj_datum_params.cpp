@@ -1,6 +1,7 @@
 #include "pj_edit/vcl_pj_datum_params.h"
 
 #include "pj_edit/panel_tools.h"
+#include "vcl/toolkit.h"
 
 namespace {
 
@@ -53,13 +54,14 @@ void Tzu_vcl_pj_datum_params::load_rc() {
   zu::set_rc_caption(*shift_, 11);
   zu::set_rc_caption(*rotate_, 12);
   zu::set_rc_caption(*scale_, 13);
-  // A screen reader meets an edit without its table: its name says both.
+  // A screen reader or a message has an edit without its table: its name says both.
   for (std::size_t index = 0; index < count; ++index) {
     std::wstring name = scale_->get_caption();
     if (index < scale_index)
       name = (index < axes_count ? shift_ : rotate_)->get_caption() + L", " +
              axes_[index % axes_count]->get_caption();
     edits_[index]->SetToolTip(name);
+    zu::vcl::set_control_name(*edits_[index], name);
   }
 }
 

@@ -1,6 +1,5 @@
 #include "pj_edit/vcl_pj_edit_form.h"
 
-#include <wx/filedlg.h>
 #include <wx/msgdlg.h>
 
 #include "basic/file.h"
@@ -43,13 +42,18 @@ void Tzu_vcl_pj_edit_form::create() {
   buttons_->on_save = [this] { on_save(); };
   buttons_->set_load_visible(true);
   buttons_->set_save_visible(true);
+  open_ = std::make_unique<Tzu_vcl_file_dialog>(this, wxFD_OPEN);
+  save_ = std::make_unique<Tzu_vcl_file_dialog>(this, wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
 }
 
 void Tzu_vcl_pj_edit_form::load_rc() {
   set_caption(zu::vcl::rc_text(zu::editor_texts, 14));
-  filter_ = zu::vcl::rc_text(zu::editor_texts, 35);
   editor_->load_rc();
   buttons_->load_rc();
+  open_->set_title(buttons_->get_button(Tzu_vcl_bottom_buttons::load)->get_caption());
+  save_->set_title(buttons_->get_button(Tzu_vcl_bottom_buttons::save)->get_caption());
+  for (auto* const files : {open_.get(), save_.get()})
+    files->set_filter(zu::vcl::rc_text(zu::editor_texts, 35));
 }
 
 char const* Tzu_vcl_pj_edit_form::pj_edit(char const* text, unsigned char* changed) {
@@ -80,12 +84,10 @@ void Tzu_vcl_pj_edit_form::on_cancel() {
 
 void Tzu_vcl_pj_edit_form::on_save() {
   if (!commit_edits()) return;
-  wxFileDialog dialog(this, wxEmptyString, wxEmptyString, wxEmptyString, filter_,
-                      wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
-  if (dialog.ShowModal() != wxID_OK) return;
+  if (!save_->execute()) return;
   std::wstring const definition = zu::strconv::from_system(editor_->get_proj4_string());
-  std::wstring const chosen = dialog.GetPath().ToStdWstring();
-  int const type = dialog.GetFilterIndex();
+  std::wstring const& chosen = save_->get_file_name();
+  int const type = save_->get_filter_index();
   if (type != parameters_file && type != esri_file) return;
   std::wstring const name =
       zu::path::replace_extension(chosen, type == parameters_file ? L".pj4" : L".prj");
@@ -97,13 +99,12 @@ void Tzu_vcl_pj_edit_form::on_save() {
 }
 
 void Tzu_vcl_pj_edit_form::on_load() {
-  wxFileDialog dialog(this, wxEmptyString, wxEmptyString, wxEmptyString, filter_, wxFD_OPEN);
-  if (dialog.ShowModal() != wxID_OK) return;
+  if (!open_->execute()) return;
   std::string definition;
-  std::wstring const name = dialog.GetPath().ToStdWstring();
+  std::wstring const& name = open_->get_file_name();
   Tzu_std_string_adapter target(&definition);
   zu::string_adp const adapter(target);
-  int const type = dialog.GetFilterIndex();
+  int const type = open_->get_filter_index();
   if (type == parameters_file) zu_pj4_load_simple_w(name.c_str(), adapter.get());
   if (type == esri_file) zu_pj4_import_esri(name.c_str(), adapter.get());
   editor_->set_proj4_string(definition.c_str());

@@ -1,10 +1,12 @@
 // The modal form round one editor: Apply, Cancel, Load and Save.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "pj_edit/vcl_pj_edit.h"
 #include "vcl/bottom_buttons.h"
+#include "vcl/file_dialog.h"
 #include "vcl/form.h"
 
 class Tzu_vcl_pj_edit_form : public Tzu_vcl_form {
@@ -29,7 +31,8 @@ class Tzu_vcl_pj_edit_form : public Tzu_vcl_form {
   bool applied_ = false;
   Tzu_vcl_pj_edit* editor_ = nullptr;
   Tzu_vcl_bottom_buttons* buttons_ = nullptr;
-  std::wstring filter_;
+  std::unique_ptr<Tzu_vcl_file_dialog> open_;
+  std::unique_ptr<Tzu_vcl_file_dialog> save_;
   std::string source_text_;
   std::string result_text_;
 };

@@ -77,7 +77,7 @@ Tzu_vcl_caption_selbox* Tzu_vcl_pj_proj::add_selector(Tzu_vcl_panel& strip) {
 
 void Tzu_vcl_pj_proj::load_rc() {
   zu::set_rc_caption(*group_, 14);
-  zu::set_rc_caption(*usual_, 34);
+  zu::set_rc_caption(*usual_, 15);
   zu::set_rc_caption(*zonal_, 32);
   zu::set_rc_caption(*zone_, 33);
   params_->load_rc();

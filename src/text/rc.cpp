@@ -32,8 +32,13 @@ void Tzu_rc::get_auto_lang() {
 
 void Tzu_rc::set_lang(int lang) { state().lang = lang; }
 
-char const* Tzu_rc::get_str(int group, int index) {
+bool Tzu_rc::is_russian() {
   get_auto_lang();
+  return state().lang == lang_russian;
+}
+
+char const* Tzu_rc::get_str(int group, int index) {
+  bool const russian = is_russian();
   Tstate& now = state();
   // Longer than any text: a pointer given out before shows the new text.
   now.buffer.reserve(256);
@@ -43,7 +48,7 @@ char const* Tzu_rc::get_str(int group, int index) {
     auto const entries = groups[static_cast<unsigned>(group)];
     if (index >= 0 && static_cast<unsigned>(index) < entries.size()) {
       auto const& entry = entries[static_cast<unsigned>(index)];
-      now.buffer = now.lang == lang_russian ? entry.russian : entry.english;
+      now.buffer = russian ? entry.russian : entry.english;
     }
   }
   return now.buffer.c_str();

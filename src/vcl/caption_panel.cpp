@@ -24,6 +24,7 @@ std::wstring Tzu_vcl_caption_panel::get_caption() const { return label_->get_cap
 
 void Tzu_vcl_caption_panel::set_caption(std::wstring const& caption) {
   label_->set_caption(caption);
+  zu::vcl::set_control_name(*control_, caption);
   lay_out();
 }
 

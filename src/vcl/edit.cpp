@@ -2,13 +2,17 @@
 
 #include <wx/msgdlg.h>
 #include <wx/settings.h>
+#include <wx/utils.h>
 
 #include <utility>
 
 #include "basic/number.h"
+#include "basic/session.h"
+#include "text/own_texts.h"
 #include "text/strconv.h"
 #include "vcl/event_guard.h"
 #include "vcl/form.h"
+#include "vcl/panel.h"
 #include "vcl/toolkit.h"
 
 namespace {
@@ -18,6 +22,14 @@ constexpr int shown_digits = 15;
 
 std::wstring to_text(double number) {
   return zu::strconv::from_utf8(zu::number::format_double(number, shown_digits));
+}
+
+// As the user's other programs write it.
+std::wstring to_user_text(double number) {
+  std::wstring text = to_text(number);
+  auto const point = text.find(L'.');
+  return point == std::wstring::npos ? text
+                                     : text.replace(point, 1, zu::session::decimal_separator());
 }
 
 std::size_t skip_digits(std::string_view text, std::size_t position) {
@@ -73,6 +85,11 @@ Tzu_vcl_dbl_edit::Tzu_vcl_dbl_edit(wxWindow* parent, wchar_t const* widest)
   set_value(0);
   // The toolkit has asked for it already, before there was this class's answer.
   InvalidateBestSize();
+  // Where a letter that comes to the edit replaces what is selected before
+  // wxEVT_CHAR asks, it must not come so far.
+  zu::vcl::bind_guarded(*this, wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
+    if (!refuse_letter(event, zu::vcl::platform::letter_of(event))) event.Skip();
+  });
   zu::vcl::bind_guarded(*this, wxEVT_CHAR, [this](wxKeyEvent& event) { on_edit_key_press(event); });
   zu::vcl::bind_guarded(*this, wxEVT_KILL_FOCUS,
                         [this](wxFocusEvent& event) { on_edit_exit(event); });
@@ -132,16 +149,36 @@ void Tzu_vcl_dbl_edit::on_edit_key_press(wxKeyEvent& event) {
     if (edit_enabled_) txt2dbl();
     return;
   }
+  if (refuse_letter(event, event.GetUnicodeKey())) return;
+  hide_tip();
+  event.Skip();
+}
+
+bool Tzu_vcl_dbl_edit::refuse_letter(wxKeyEvent const& event, wchar_t letter) {
   // Keys that type nothing, and shortcuts, are none of the filter's business.
-  wxChar const typed = event.GetUnicodeKey();
-  bool const is_typed = typed != WXK_NONE && typed != WXK_DELETE && !event.HasModifiers();
-  bool const is_let_through = (typed >= L'0' && typed <= L'9') || typed == WXK_BACK ||
-                              typed == WXK_TAB || typed == L'-' || typed == L'.';
-  if (!is_typed || is_let_through) event.Skip();
+  bool const is_typed = letter != WXK_NONE && letter != WXK_DELETE && !event.HasModifiers();
+  bool const is_let_through = (letter >= L'0' && letter <= L'9') || letter == WXK_BACK ||
+                              letter == WXK_TAB || letter == L'-' || letter == L'.';
+  if (!is_typed || is_let_through) return false;
+  if (letter == L',' && edit_enabled_) {
+    wxBell();
+    show_tip();
+  }
+  return true;
+}
+
+void Tzu_vcl_dbl_edit::show_tip() {
+  if (tip_ == nullptr) tip_ = zu::vcl::make_child<Tzu_vcl_tip>(this);
+  tip_->show(zu::get_own_text(zu::own_text::type_a_point));
+}
+
+void Tzu_vcl_dbl_edit::hide_tip() {
+  if (tip_ != nullptr) tip_->Hide();
 }
 
 void Tzu_vcl_dbl_edit::on_edit_exit(wxFocusEvent& event) {
   event.Skip();
+  hide_tip();
   if (message_open_ || !is_in_use()) return;
   if (accept_text().empty() || refusal_waiting_) return;
   // A message box in the midst of a change of focus upsets the toolkit.
@@ -156,8 +193,8 @@ std::wstring Tzu_vcl_dbl_edit::accept_text() {
   if (text != shown_text_ && !str2dbl(zu::strconv::to_utf8(text), &number)) {
     return L"Wrong number: " + text;
   }
-  if (!test_min(number)) return L"Number must be greater than: " + to_text(min_);
-  if (!test_max(number)) return L"Number must be less than: " + to_text(max_);
+  if (!test_min(number)) return L"Number must be greater than: " + to_user_text(min_);
+  if (!test_max(number)) return L"Number must be less than: " + to_user_text(max_);
   refused_ = false;
   value_ = number;
   shown_text_ = text;
@@ -168,7 +205,7 @@ std::wstring Tzu_vcl_dbl_edit::accept_text() {
 void Tzu_vcl_dbl_edit::show_refusal(std::wstring const& message) {
   auto* const form = wxGetTopLevelParent(this);
   message_open_ = true;
-  wxMessageBox(message, form->GetLabel(), wxOK | wxICON_ERROR, form);
+  wxMessageBox(message, GetName(), wxOK | wxICON_ERROR, form);
   message_open_ = false;
   SetFocus();
 }

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "vcl/tip.h"
+
 class Tzu_vcl_edit : public wxTextCtrl {
  public:
   explicit Tzu_vcl_edit(wxWindow* parent, std::wstring const& text = {}, long style = 0);
@@ -67,6 +69,9 @@ class Tzu_vcl_dbl_edit : public Tzu_vcl_edit {
   // every locale. Returns false and leaves `result` untouched otherwise.
   static bool str2dbl(std::string_view text, double* result);
 
+  // The hint about the last key, if it is on the screen.
+  Tzu_vcl_tip const* get_tip() const { return tip_ != nullptr && tip_->IsShown() ? tip_ : nullptr; }
+
   // Fired after a number is accepted.
   std::function<void()> on_change;
   void call_on_change() const;
@@ -77,6 +82,10 @@ class Tzu_vcl_dbl_edit : public Tzu_vcl_edit {
  private:
   void on_edit_key_press(wxKeyEvent& event);
   void on_edit_exit(wxFocusEvent& event);
+  // Whether the letter is none of a number's.
+  bool refuse_letter(wxKeyEvent const& event, wchar_t letter);
+  void show_tip();
+  void hide_tip();
 
   // Accepts the text and returns empty, or returns the message.
   std::wstring accept_text();
@@ -95,4 +104,5 @@ class Tzu_vcl_dbl_edit : public Tzu_vcl_edit {
   bool refused_ = false;          // the text is one that was not accepted
   bool refusal_waiting_ = false;  // a message is due once the focus has moved
   bool message_open_ = false;
+  Tzu_vcl_tip* tip_ = nullptr;  // made when first needed
 };

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "vcl/event_guard.h"
+#include "vcl/list_keys.h"
 #include "vcl/panel.h"
 #include "vcl/toolkit.h"
 
@@ -35,6 +36,7 @@ Tzu_vcl_selbox::Tzu_vcl_selbox(wxWindow* parent)
   zu::vcl::platform::prepare_list(*this);
   zu::vcl::platform::watch_list(
       *this, [this] { restore_active(); }, [this] { shorten_active(); });
+  zu::vcl::platform::add_list_keys(*this);
   zu::vcl::bind_guarded(*this, wxEVT_CHOICE, [this] { on_self_change(); });
   zu::vcl::bind_guarded(*this, wxEVT_SIZE, [this](wxSizeEvent& event) {
     event.Skip();

@@ -3,6 +3,7 @@
 #include <wx/app.h>
 #include <wx/init.h>
 #include <wx/log.h>
+#include <wx/window.h>
 
 #include <clocale>
 #include <memory>
@@ -54,6 +55,11 @@ void start() {
     throw std::runtime_error("the window toolkit cannot start");
   }
   platform::keep_library_loaded();
+}
+
+void set_control_name(wxWindow& control, std::wstring const& name) {
+  control.SetName(name);
+  platform::announce_name(control);
 }
 
 }  // namespace zu::vcl

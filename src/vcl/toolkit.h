@@ -4,8 +4,10 @@
 #include <wx/gdicmn.h>
 
 #include <functional>
+#include <string>
 
 class wxDialog;
+class wxKeyEvent;
 class wxTextCtrl;
 class wxWindow;
 
@@ -15,6 +17,9 @@ namespace zu::vcl {
 // or from an earlier call. The host's C locale is what it was afterwards.
 // Throws std::runtime_error when there is no display to start on.
 void start();
+
+// Gives a control the name by which screen readers and messages know it.
+void set_control_name(wxWindow& control, std::wstring const& name);
 
 // What differs by platform.
 namespace platform {
@@ -57,8 +62,14 @@ bool lists_shorten_captions();
 // closed again.
 void watch_list(wxWindow& list, std::function<void()> open, std::function<void()> close);
 
-// Tells screen readers that `label` names `control`.
+// Tells screen readers that `label` stands for `control`.
 void relate_label(wxWindow& label, wxWindow& control);
+// Tells them the name that the control has for the toolkit.
+void announce_name(wxWindow& control);
+
+// The letter that a key types into an edit, where the toolkit asks about letters
+// too late; zero elsewhere.
+wchar_t letter_of(wxKeyEvent const& event);
 
 // The natural height of a single-line edit that is not hidden, and the width that
 // it needs for a text of `text_width`.

@@ -1,6 +1,7 @@
 #include <dlfcn.h>
 #include <gtk/gtk.h>
 #include <wx/dialog.h>
+#include <wx/event.h>
 #include <wx/init.h>
 #include <wx/textctrl.h>
 
@@ -9,7 +10,11 @@
 #include <memory>
 #include <utility>
 
+#include <string>
 #include "vcl/panel.h"
+
+#include "text/strconv.h"
+#include "vcl/list_button_gtk.h"
 #include "vcl/toolkit.h"
 
 // Xlib's macros spoil what comes after them.
@@ -31,6 +36,15 @@ gboolean on_map(GtkWidget* /*widget*/, GdkEvent* /*event*/, gpointer context) {
 
 void drop_function(gpointer context, GClosure* /*closure*/) {
   std::unique_ptr<std::function<void()>> const owned(static_cast<std::function<void()>*>(context));
+}
+
+// Screen readers meet a list as the button inside it that has the keyboard: its
+// name is the list's, its description what is chosen.
+void describe_choice(GtkComboBox* list, void* /*nothing*/) {
+  char* const chosen = gtk_combo_box_text_get_active_text(GTK_COMBO_BOX_TEXT(list));
+  AtkObject* const button = gtk_widget_get_accessible(find_list_button(GTK_WIDGET(list)));
+  atk_object_set_description(button, chosen == nullptr ? "" : chosen);
+  g_free(chosen);
 }
 
 }  // namespace
@@ -100,6 +114,7 @@ void prepare_list(wxWindow& list) {
                                  GTK_STYLE_PROVIDER(style),
                                  GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
   g_object_unref(style);
+  g_signal_connect(list.GetHandle(), "changed", G_CALLBACK(describe_choice), nullptr);
 }
 
 void finish_list(wxWindow& list, int /*widest_text*/) {
@@ -115,6 +130,18 @@ void watch_list(wxWindow& /*list*/, std::function<void()> /*open*/,
 void relate_label(wxWindow& label, wxWindow& control) {
   GtkWidget* const widget = label.GetHandle();
   if (GTK_IS_LABEL(widget)) gtk_label_set_mnemonic_widget(GTK_LABEL(widget), control.GetHandle());
+}
+
+void announce_name(wxWindow& control) {
+  std::string const name = strconv::to_utf8(control.GetName().ToStdWstring());
+  GtkWidget* const widget = control.GetHandle();
+  for (GtkWidget* const part : {widget, find_list_button(widget)})
+    atk_object_set_name(gtk_widget_get_accessible(part), name.c_str());
+}
+
+wchar_t letter_of(wxKeyEvent const& event) {
+  gunichar const letter = gdk_keyval_to_unicode(event.GetRawKeyCode());
+  return g_unichar_iscntrl(letter) ? 0 : static_cast<wchar_t>(letter);
 }
 
 // The toolkit's own answers change when the edit first appears, which would

@@ -1,6 +1,7 @@
 #include <windows.h>
 // After the system's header.
 #include <commctrl.h>
+#include <wx/access.h>
 #include <wx/dialog.h>
 #include <wx/init.h>
 #include <wx/textctrl.h>
@@ -10,6 +11,7 @@
 
 #include "vcl/event_guard.h"
 #include "vcl/panel.h"
+
 #include "vcl/toolkit.h"
 
 namespace zu::vcl::platform {
@@ -21,6 +23,19 @@ HMODULE own_module(DWORD flags) {
                      reinterpret_cast<LPCWSTR>(&own_module), &module);
   return module;
 }
+
+// The system's own answers to screen readers, save the name: for that it takes
+// the label right before a control, which in a table is another one's or none.
+class Tnamed_accessible : public wxAccessible {
+ public:
+  using wxAccessible::wxAccessible;
+
+  wxAccStatus GetName(int part, wxString* name) override {
+    if (part != wxACC_SELF) return wxACC_NOT_IMPLEMENTED;
+    *name = GetWindow()->GetName();
+    return wxACC_OK;
+  }
+};
 
 }  // namespace
 
@@ -98,8 +113,15 @@ void watch_list(wxWindow& list, std::function<void()> open, std::function<void()
                     reinterpret_cast<DWORD_PTR>(watch.release()));
 }
 
-// A label that stands right before its control is taken for the control's name.
+// The name says it all.
 void relate_label(wxWindow& /*label*/, wxWindow& /*control*/) {}
+
+void announce_name(wxWindow& control) {
+  if (control.GetAccessible() == nullptr)
+    control.SetAccessible(std::make_unique<Tnamed_accessible>(&control).release());
+}
+
+wchar_t letter_of(wxKeyEvent const& /*event*/) { return 0; }
 
 int best_edit_height(wxTextCtrl const& edit) { return edit.GetSizeFromTextSize(1).y; }
 int edit_width(wxTextCtrl const& edit, int text_width) {
