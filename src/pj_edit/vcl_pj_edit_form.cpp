@@ -12,6 +12,8 @@
 
 namespace {
 
+using Tfile_dialog = zu::vcl::Tmodal<wxFileDialog>;
+
 // Position of a file type in the filter of both file dialogs.
 enum file_type { parameters_file = 0, esri_file = 1 };
 
@@ -80,7 +82,7 @@ void Tzu_vcl_pj_edit_form::on_cancel() {
 
 void Tzu_vcl_pj_edit_form::on_save() {
   if (!commit_edits()) return;
-  wxFileDialog dialog(this, wxEmptyString, wxEmptyString, wxEmptyString, filter_,
+  Tfile_dialog dialog(this, wxEmptyString, wxEmptyString, wxEmptyString, filter_,
                       wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
   if (dialog.ShowModal() != wxID_OK) return;
   std::wstring const definition = zu::strconv::from_system(editor_->get_proj4_string());
@@ -97,7 +99,7 @@ void Tzu_vcl_pj_edit_form::on_save() {
 }
 
 void Tzu_vcl_pj_edit_form::on_load() {
-  wxFileDialog dialog(this, wxEmptyString, wxEmptyString, wxEmptyString, filter_, wxFD_OPEN);
+  Tfile_dialog dialog(this, wxEmptyString, wxEmptyString, wxEmptyString, filter_, wxFD_OPEN);
   if (dialog.ShowModal() != wxID_OK) return;
   std::string definition;
   std::wstring const name = dialog.GetPath().ToStdWstring();
