@@ -30,6 +30,11 @@ void Tzu_rc::get_auto_lang() {
   now.auto_lang_flag = true;
 }
 
+bool Tzu_rc::is_russian() {
+  get_auto_lang();
+  return state().lang == lang_russian;
+}
+
 void Tzu_rc::set_lang(int lang) { state().lang = lang; }
 
 char const* Tzu_rc::get_str(int group, int index) {

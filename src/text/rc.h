@@ -18,6 +18,9 @@ class Tzu_rc {
   // setting is Russian, anything else English.
   static void get_auto_lang();
 
+  // The current language, taken over from the host where that is still to be done.
+  static bool is_russian();
+
   // Sets the language: 1 is Russian, anything else English. A value set before
   // the first get_auto_lang or get_str is overwritten by the host's there.
   static void set_lang(int lang);

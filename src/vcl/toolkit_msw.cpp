@@ -19,6 +19,7 @@ HMODULE own_module(DWORD flags) {
 }  // namespace
 
 void prepare_start() {}
+void check_running() {}
 
 // The window classes belong to this module: the host may have a toolkit of the
 // same make, with classes of the same names.
