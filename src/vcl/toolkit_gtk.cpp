@@ -51,8 +51,6 @@ void check_running() {
 void prepare_start() {
   check_version();
   check_thread();
-  // Of no use, and complained about, once GTK runs for the host.
-  if (gdk_display_get_default() == nullptr) gtk_disable_setlocale();
 }
 
 bool start_toolkit() {
