@@ -1,5 +1,6 @@
 #include "zu_pj_edit/zu_pj_edit.h"
 
+#include <cstdio>
 #include <string>
 
 #include "api/final_call.h"
@@ -41,7 +42,11 @@ char const* zu_proj4_form_execute(zu_pj_edit_window owner, char const* definitio
   // The caller may pass the last result back in.
   std::string const input = definition == nullptr ? "" : definition;
   execute_result = input;
-  execute_result = zu_vcl_pj_edit(input.c_str(), changed);
+  try {
+    execute_result = zu_vcl_pj_edit(input.c_str(), changed);
+  } catch (zu::vcl::Tstart_error const& error) {
+    (void)std::fprintf(stderr, "zu_pj_edit: no dialog: %s\n", error.what());
+  }
   return execute_result.c_str();
 }
 

@@ -11,7 +11,6 @@
 
 #include "vcl/event_guard.h"
 #include "vcl/panel.h"
-
 #include "vcl/toolkit.h"
 
 namespace zu::vcl::platform {
@@ -40,6 +39,7 @@ class Tnamed_accessible : public wxAccessible {
 }  // namespace
 
 void prepare_start() {}
+void check_running() {}
 
 // The window classes belong to this module: the host may have a toolkit of the
 // same make, with classes of the same names.

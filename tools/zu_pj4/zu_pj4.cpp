@@ -19,6 +19,8 @@
 #include "terminal.h"
 #include "text/rc.h"
 #include "transformations.h"
+#include "vcl/look_scope.h"
+#include "vcl/toolkit.h"
 #include "zu_pj_edit/version.h"
 #include "zu_pj_edit/zu_pj_edit.h"
 
@@ -67,6 +69,9 @@ void apply(std::vector<std::string> const& definitions) {
 }
 
 int edit(std::string const& definition) {
+  // Without a display the dialog's call would be the same as a cancelled one.
+  zu::vcl::Tzu_look_scope const look;
+  zu::vcl::start();
   unsigned char changed = 0;
   std::string const input = terminal::to_library(transformations::definition_of(definition));
   std::cout << terminal::from_library(zu_proj4_form_execute(nullptr, input.c_str(), &changed))
