@@ -108,8 +108,9 @@ void Tzu_vcl_form::centre() {
   wxRect const around = owner_->get_place().value_or(screen_at({0, 0}));
   wxSize const size = GetClientSize() + zu::vcl::platform::frame_size(*this);
   wxPoint const middle = centre_of(around);
-  Move(keep_on_screen({middle.x - size.x / 2, middle.y - size.y / 2, size.x, size.y},
-                      screen_at(middle)));
+  zu::vcl::platform::move_to(
+      *this, keep_on_screen({middle.x - size.x / 2, middle.y - size.y / 2, size.x, size.y},
+                            screen_at(middle)));
 }
 
 bool Tzu_vcl_form::Show(bool show) {

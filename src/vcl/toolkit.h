@@ -58,6 +58,9 @@ int control_height(wxWindow const& window);
 // frame, unless the form is gone by then; never where no frame comes that late.
 void call_when_framed(wxDialog& form, std::function<void()> settle);
 
+// Moves the form, frame and all, also where the toolkit believes it to be there.
+void move_to(wxDialog& form, wxPoint const& place);
+
 // What the frame adds to the form's inside; nothing while it is not known.
 wxSize frame_size(wxDialog const& form);
 

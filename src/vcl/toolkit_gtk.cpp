@@ -124,6 +124,12 @@ void call_when_framed(wxDialog& form, std::function<void()> settle) {
                         drop_function, G_CONNECT_AFTER);
 }
 
+// A window manager may have put the form elsewhere and not yet said so.
+void move_to(wxDialog& form, wxPoint const& place) {
+  form.Move(place);
+  gtk_window_move(GTK_WINDOW(form.GetHandle()), place.x, place.y);
+}
+
 wxSize frame_size(wxDialog const& form) {
   GdkWindow* const window = gtk_widget_get_window(form.GetHandle());
   if (window == nullptr || !GDK_IS_X11_WINDOW(window)) return form.GetSize() - form.GetClientSize();

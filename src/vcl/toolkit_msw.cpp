@@ -59,6 +59,7 @@ int control_height(wxWindow const& window) { return window.FromDIP(design_contro
 
 // The frame is there from the start.
 void call_when_framed(wxDialog& /*form*/, std::function<void()> /*settle*/) {}
+void move_to(wxDialog& form, wxPoint const& place) { form.Move(place); }
 wxSize frame_size(wxDialog const& form) { return form.GetSize() - form.GetClientSize(); }
 
 void prepare_scroll_box(wxWindow& /*box*/) {}
