@@ -6,6 +6,7 @@
 #include <wx/evtloop.h>
 #include <wx/filedlg.h>
 #include <wx/msgdlg.h>
+#include <wx/scrolwin.h>
 #include <wx/statbox.h>
 #include <wx/stopwatch.h>
 #include <wx/textctrl.h>
@@ -24,7 +25,9 @@ namespace {
 constexpr int patience_ms = 10'000;
 constexpr int whole_script_ms = 60'000;
 
-void pump() { wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL); }
+void pump() {
+  if (auto* const loop = wxEventLoopBase::GetActive()) loop->YieldFor(wxEVT_CATEGORY_ALL);
+}
 
 // What hosts of the Pascal family are, for a scope that a call of the library fills: it
 // must leave them so, on every way out.
@@ -199,22 +202,27 @@ void pick(Tzu_vcl_selbox& list, std::wstring const& caption) {
   pump();
 }
 
-std::vector<std::wstring> find_clipped(wxWindow& root) {
+std::vector<std::wstring> find_clipped(wxWindow& root, int* slack) {
   std::vector<std::wstring> clipped;
   for (wxWindow* const child : root.GetChildren()) {
     if (!child->IsShown() || child->IsTopLevel()) continue;
     wxSize const size = child->GetSize();
     child->InvalidateBestSize();
     wxSize const best = child->GetBestSize();
-    bool const is_cut = dynamic_cast<wxStaticBox*>(&root) == nullptr &&
-                        !wxRect(root.GetClientSize()).Contains(child->GetRect());
+    // What scrolls may be as large as it likes.
+    auto* const box = dynamic_cast<wxScrolledWindow*>(&root);
+    wxRect const room(box == nullptr ? wxPoint() : box->CalcScrolledPosition(wxPoint()),
+                      box == nullptr ? root.GetClientSize() : root.GetVirtualSize());
+    bool const is_cut =
+        dynamic_cast<wxStaticBox*>(&root) == nullptr && !room.Contains(child->GetRect());
+    if (slack != nullptr) *slack = std::min({*slack, size.x - best.x, size.y - best.y});
     if (size.x < best.x || size.y < best.y || is_cut || overlaps_another(*child)) {
       clipped.push_back(wxString::Format(L"%s '%s' %dx%d of %dx%d",
                                          child->GetClassInfo()->GetClassName(), child->GetLabel(),
                                          size.x, size.y, best.x, best.y)
                             .ToStdWstring());
     }
-    auto const inner = find_clipped(*child);
+    auto const inner = find_clipped(*child, slack);
     clipped.insert(clipped.end(), inner.begin(), inner.end());
   }
   return clipped;

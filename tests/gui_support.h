@@ -66,8 +66,9 @@ void turn_wheel(wxWindow& control);
 // Picks an item of a list.
 void pick(Tzu_vcl_selbox& list, std::wstring const& caption);
 
-// Shown controls that are smaller than they need, or in another's place.
-std::vector<std::wstring> find_clipped(wxWindow& root);
+// Shown controls that are smaller than they need, outside of what holds them, or
+// in another's place; `slack` gets the pixels that the tightest one has to spare.
+std::vector<std::wstring> find_clipped(wxWindow& root, int* slack = nullptr);
 
 // Answers the message boxes and file dialogs of a scope instead of the user, in
 // the order expected. One too many or too few fails the test.
@@ -104,6 +105,7 @@ class Tforeign_window {
  public:
   explicit Tforeign_window(wxRect const& place);
   void* get_handle() const { return handle_; }
+  wxRect get_frame() const;
   void destroy() { window_.reset(); }
 
  private:
@@ -111,6 +113,11 @@ class Tforeign_window {
   void* handle_ = nullptr;
 };
 
+// How far the form's centre is from the owner's, frames and all; nothing where the
+// display's programs cannot know.
+wxPoint offset_of(Tzu_vcl_form const& form, Tforeign_window const& owner);
+// Whether the keys go to the owner, where anybody sees to that.
+bool has_focus(Tforeign_window const& owner);
 // The window that the window system is told owns `form`, null for none.
 void* get_owner(Tzu_vcl_form const& form);
 // Whether a form stays when its owner goes.

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <string_view>
 
 #include "gui_support.h"
 
@@ -26,6 +27,14 @@ struct server_window {
   bool is_there;
 };
 
+bool is_x11() { return GDK_IS_X11_DISPLAY(gdk_display_get_default()); }
+
+// Whether a window manager gives windows the keyboard.
+bool is_managed() {
+  std::string_view const none = "unknown";
+  return !is_x11() || gdk_x11_screen_get_window_manager_name(gdk_screen_get_default()) != none;
+}
+
 void* handle_of(Window window) {
   return reinterpret_cast<void*>(static_cast<std::uintptr_t>(window));
 }
@@ -36,7 +45,8 @@ namespace platform {
 
 // As long as the focus goes with the pointer, a window gets it twice.
 void prepare_display() {
-  XSetInputFocus(gdk_x11_get_default_xdisplay(), None, RevertToNone, CurrentTime);
+  if (!is_managed())
+    XSetInputFocus(gdk_x11_get_default_xdisplay(), None, RevertToNone, CurrentTime);
 }
 
 // What the toolkit knows of a window runs ahead of the display server and lags
@@ -44,12 +54,15 @@ void prepare_display() {
 // gives a new window the keyboard.
 bool has_keyboard(Tzu_vcl_form& form) {
   GtkWidget* const widget = form.GetHandle();
+  if (!is_x11()) return gtk_widget_get_mapped(widget) != 0;
   server_window const window(widget);
   if (!window.is_there || window.attributes.map_state != IsViewable) return false;
   Window focused = None;
   int revert = 0;
   XGetInputFocus(window.display, &focused, &revert);
   if (focused == window.id) return gtk_window_is_active(GTK_WINDOW(widget)) != 0;
+  // A manager gives it to a hidden part of the window.
+  if (is_managed()) return gtk_window_is_active(GTK_WINDOW(widget)) != 0;
   XSetInputFocus(window.display, window.id, RevertToNone, CurrentTime);
   return false;
 }
@@ -99,6 +112,46 @@ Tforeign_window::Tforeign_window(wxRect const& place) {
   XMapWindow(display, window);
   XSync(display, False);
   handle_ = handle_of(window);
+}
+
+namespace {
+
+// The outermost window round this one, which is the manager's where there is one.
+wxRect find_frame(Display* display, Window window) {
+  Window root = None;
+  Window parent = window;
+  for (Window next = window; next != None;) {
+    parent = next;
+    Window* children = nullptr;
+    unsigned count = 0;
+    if (XQueryTree(display, parent, &root, &next, &children, &count) == 0) return {};
+    if (children != nullptr) XFree(children);
+    if (next == root) break;
+  }
+  XWindowAttributes attributes{};
+  XGetWindowAttributes(display, parent, &attributes);
+  return {attributes.x, attributes.y, attributes.width, attributes.height};
+}
+
+}  // namespace
+
+wxRect Tforeign_window::get_frame() const {
+  return find_frame(gdk_x11_get_default_xdisplay(), reinterpret_cast<std::uintptr_t>(handle_));
+}
+
+wxPoint offset_of(Tzu_vcl_form const& form, Tforeign_window const& owner) {
+  if (!is_x11()) return {};
+  server_window const window(form.GetHandle());
+  wxRect const frame = find_frame(window.display, window.id);
+  return frame.GetPosition() - frame.CentreIn(owner.get_frame()).GetPosition();
+}
+
+bool has_focus(Tforeign_window const& owner) {
+  if (!is_x11() || !is_managed()) return true;
+  Window focused = None;
+  int revert = 0;
+  XGetInputFocus(gdk_x11_get_default_xdisplay(), &focused, &revert);
+  return handle_of(focused) == owner.get_handle();
 }
 
 void* get_owner(Tzu_vcl_form const& form) {

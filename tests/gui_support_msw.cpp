@@ -62,6 +62,25 @@ Tforeign_window::Tforeign_window(wxRect const& place)
               DestroyWindow),
       handle_(window_.get()) {}
 
+namespace {
+
+wxRect frame_of_window(HWND window) {
+  RECT place{};
+  GetWindowRect(window, &place);
+  return {place.left, place.top, place.right - place.left, place.bottom - place.top};
+}
+
+}  // namespace
+
+wxRect Tforeign_window::get_frame() const { return frame_of_window(static_cast<HWND>(handle_)); }
+
+wxPoint offset_of(Tzu_vcl_form const& form, Tforeign_window const& owner) {
+  wxRect const frame = frame_of_window(form.GetHandle());
+  return frame.GetPosition() - frame.CentreIn(owner.get_frame()).GetPosition();
+}
+
+bool has_focus(Tforeign_window const& owner) { return GetForegroundWindow() == owner.get_handle(); }
+
 void* get_owner(Tzu_vcl_form const& form) { return GetWindow(form.GetHandle(), GW_OWNER); }
 
 bool is_form_to_outlive_owner() { return false; }

@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <climits>
 #include <clocale>
+#include <cstdlib>
 #include <filesystem>
+#include <iostream>
 #include <string>
 #include <vector>
 
@@ -202,19 +205,36 @@ TEST_F(dialog, saves_files_of_both_types) {
   EXPECT_EQ(core_test::get_file(folder.file("saved.prj")), moscow_region().wkt);
 }
 
-TEST_F(dialog, speaks_both_languages_and_clips_nothing) {
+// What it prints is for people: type, language, the pixels that the tightest control
+// has to spare, and how far the form's centre is from its owner's.
+TEST_F(dialog, speaks_both_languages_and_fits_its_window) {
   for (bool const russian : {false, true}) {
     Tzu_rc::set_lang(russian ? 1 : 0);
     for (char const* const definition :
          {"", pulkovo_zone_7, moscow_tm,
           "+proj=lcc +lat_1=52 +lat_2=64 +lat_0=0 +lon_0=45 +ellps=clrk66 +towgs84=1,2,3"}) {
-      open_dialog(definition, [&](Tform& form) {
-        EXPECT_EQ(form.get_caption(), russian ? L"Проекция" : L"Projection");
-        EXPECT_EQ(form.get_buttons()->get_button(Tbar::apply)->get_caption(),
-                  russian ? L"Применить" : L"Apply");
-        EXPECT_EQ(find_clipped(form), std::vector<std::wstring>()) << definition;
-        cancel(form);
-      });
+      Tforeign_window const owner({150, 120, 1000, 720});
+      EXPECT_TRUE(wait_until([&] { return has_focus(owner); })) << "the owner gets no focus";
+      open_dialog(
+          definition,
+          [&](Tform& form) {
+            EXPECT_EQ(form.get_caption(), russian ? L"Проекция" : L"Projection");
+            EXPECT_EQ(form.get_buttons()->get_button(Tbar::apply)->get_caption(),
+                      russian ? L"Применить" : L"Apply");
+            int slack = 0;
+            wxPoint off;
+            EXPECT_TRUE(wait_until([&] {
+              slack = INT_MAX;
+              off = offset_of(form, owner);
+              return find_clipped(form, &slack).empty() && std::abs(off.x) + std::abs(off.y) <= 2;
+            })) << definition;
+            EXPECT_EQ(find_clipped(form), std::vector<std::wstring>());
+            std::cout << "fit: " << wxString(type(form).get_active_caption()).utf8_str()
+                      << (russian ? " ru" : " en") << ": " << slack << " to spare, " << off.x << ','
+                      << off.y << " off\n";
+          },
+          owner.get_handle());
+      EXPECT_TRUE(wait_until([&] { return has_focus(owner); })) << "the owner lost the focus";
     }
   }
 }

@@ -85,10 +85,9 @@ std::optional<wxRect> set_owner(wxTopLevelWindow& form, void* owner) {
   if (window == nullptr || gdk_window_is_destroyed(window.get()) != FALSE) return std::nullopt;
 
   GtkWidget* const widget = form.GetHandle();
-  wxRect place;
-  gdk_window_get_origin(window.get(), &place.x, &place.y);
-  place.width = gdk_window_get_width(window.get());
-  place.height = gdk_window_get_height(window.get());
+  GdkRectangle frame{};
+  gdk_window_get_frame_extents(window.get(), &frame);
+  wxRect const place(frame.x, frame.y, frame.width, frame.height);
 
   GtkWindow* const own = find_own_window(window.get());
   if (own == GTK_WINDOW(widget)) return std::nullopt;
