@@ -53,9 +53,12 @@ TEST(Float_traps_posix, the_program_is_masked_as_a_whole) {
            {"transform", "--from", "EPSG:4326", "--to", "+proj=merc +R=6371000"}}) {
     core_test::command const wanted{ZU_PJ4, words, "37.5 55.5\n0 90\n1e300 nan\n"};
     auto const masked = core_test::run(wanted);
+    // The address sanitizer wants to be loaded first.
+    core_test::set_variable("ASAN_OPTIONS", "verify_asan_link_order=0");
     core_test::set_variable("LD_PRELOAD", ZU_FLOAT_TRAPS);
     auto const trapping = core_test::run(wanted);
-    core_test::set_variable("LD_PRELOAD", nullptr);
+    for (char const* const name : {"LD_PRELOAD", "ASAN_OPTIONS"})
+      core_test::set_variable(name, nullptr);
     EXPECT_EQ(trapping.out, masked.out) << words.front();
     EXPECT_EQ(trapping.status, masked.status) << words.front() << trapping.err;
     EXPECT_FALSE(masked.out.empty()) << words.front() << masked.err;
