@@ -11,9 +11,11 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/pj_dbf.h"
 #include "core_support.h"
 #include "gui_support.h"
 #include "interchange/known_systems.h"
+#include "text/own_texts.h"
 #include "text/rc.h"
 #include "vcl/application.h"
 #include "vcl/toolkit.h"
@@ -89,6 +91,31 @@ TEST_F(dialog, does_not_divide_by_what_is_not_given) {
   EXPECT_EQ(open_dialog("+proj=stere +lat_0=90 +lat_ts=70 +a=6378137 +b=6356752", apply).text,
             "+proj=stere +lon_0=0 +lat_0=90 +x_0=0 +y_0=0 +lat_ts=70 +k_0=1 +datum=WGS84 "
             "+towgs84=0,0,0,0,0,0,0 +ellps=WGS84 +units=m +lon_wrap=45 +no_defs");
+}
+
+TEST_F(dialog, says_where_a_missing_catalogue_was_looked_for) {
+  auto const note = [](Tform& form) {
+    std::wstring shown;
+    for (wxWindow* const child : form.get_editor()->GetChildren())
+      if (dynamic_cast<wxStaticText*>(child) != nullptr && child->IsShownOnScreen())
+        shown += child->GetLabel().ToStdWstring();
+    return shown;
+  };
+  std::wstring const missing = folder.wide(L"prj_def");
+  Tzu_pj_dbf::set_catalogue_folder(folder.file("prj_def"));
+  for (int const lang : {1, 0}) {
+    Tzu_rc::set_lang(lang);
+    outcome const result = open_dialog("", [&](Tform& form) {
+      EXPECT_EQ(note(form),
+                std::wstring(zu::get_own_text(zu::own_text::no_catalogue)) + L"\n" + missing);
+      EXPECT_TRUE(find_clipped(form).empty());
+      apply(form);
+    });
+    EXPECT_EQ(result.text, "");
+    EXPECT_EQ(result.changed, 1);
+  }
+  Tzu_pj_dbf::set_catalogue_folder("");
+  open_dialog("", [&](Tform& form) { EXPECT_EQ(note(form), L""); });
 }
 
 TEST_F(dialog, shows_what_the_selectors_say) {

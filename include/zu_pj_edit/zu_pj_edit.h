@@ -5,7 +5,9 @@
    The contract
    - Thread: both functions run on the thread that owns the host's windows. The
      first call starts the form toolkit there; the host's own message loop is
-     never run, and its windows and timers go on while the dialog is open.
+     never run. While the dialog is open, the system's messages (Windows) or
+     GLib's main loop (elsewhere) serve the host's windows and timers; a host
+     whose loop stands on neither has to hang its own into GLib's.
    - Re-entrancy: none. One call at a time in a process; a second call while a
      dialog is open is not supported.
    - Text: zero-terminated 8-bit text in the system's ANSI code page. Off
@@ -22,11 +24,17 @@
      not kept.
    - Units inside a definition are PROJ's: degrees, metres, and for towgs84
      metres, arc-seconds and parts per million (position-vector signs).
-   - Errors: none are reported. Exceptions of the form toolkit pass through to
-     the caller after the owner window has been restored; a host in a language
-     without C++ exceptions ends there, as it would with any other library.
-   - Catalogue: the folder "prj_def" beside the host's main program. Without it
-     the dialog opens with geographic systems only. */
+   - Errors: where no dialog can come up, the call gives its input back, 0, and
+     one line on standard error: there is no display, it has no keyboard, another
+     thread runs the main loop or made the first call, or the process has loaded
+     GTK 2 or 4. Other exceptions of the form toolkit (memory runs out) pass
+     through to the caller after the owner window has been restored; a host in a
+     language without C++ exceptions ends there.
+   - Catalogue: the folder "prj_def" beside the host's main program. Only where
+     there is no such folder, the one beside the library counts, and then the one
+     that was installed with it. Without any the dialog opens with geographic
+     systems only and says where it has looked.
+   What hosts of each kind have to do is told in docs/hosts.md. */
 #ifndef ZU_PJ_EDIT_H
 #define ZU_PJ_EDIT_H
 

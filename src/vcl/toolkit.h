@@ -78,6 +78,9 @@ bool lists_shorten_captions();
 // closed again.
 void watch_list(wxWindow& list, std::function<void()> open, std::function<void()> close);
 
+// Gives the keyboard to the first control of a form that has just appeared.
+void focus_first(wxWindow& list);
+
 // Tells screen readers that `label` stands for `control`.
 void relate_label(wxWindow& label, wxWindow& control);
 // Tells them the name that the control has for the toolkit.

@@ -167,6 +167,11 @@ bool lists_shorten_captions() { return true; }
 void watch_list(wxWindow& /*list*/, std::function<void()> /*open*/,
                 std::function<void()> /*close*/) {}
 
+// Left to itself, GTK takes what lies first, which under some window managers is not
+// laid out yet. The toolkit would go on taking the list for what has the keyboard:
+// it does not know the part of a list that gets it.
+void focus_first(wxWindow& list) { gtk_widget_child_focus(list.GetHandle(), GTK_DIR_TAB_FORWARD); }
+
 void relate_label(wxWindow& label, wxWindow& control) {
   GtkWidget* const widget = label.GetHandle();
   if (GTK_IS_LABEL(widget)) gtk_label_set_mnemonic_widget(GTK_LABEL(widget), control.GetHandle());

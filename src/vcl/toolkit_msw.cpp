@@ -114,6 +114,9 @@ void watch_list(wxWindow& list, std::function<void()> open, std::function<void()
                     reinterpret_cast<DWORD_PTR>(watch.release()));
 }
 
+// The system gives it the keyboard by itself.
+void focus_first(wxWindow& /*list*/) {}
+
 // The name says it all.
 void relate_label(wxWindow& /*label*/, wxWindow& /*control*/) {}
 
