@@ -1,5 +1,5 @@
 # What "cmake --install" lays down: the library, its headers and package files,
-# the command-line program and the catalogue beside it. Nothing in it holds the
+# the command-line program and the catalogue. Nothing in it holds the
 # prefix, so the installed tree can be moved.
 option(ZU_INSTALL "Make the install rules" ${PROJECT_IS_TOP_LEVEL})
 if(NOT ZU_INSTALL)
@@ -23,9 +23,14 @@ if(ZU_BUILD_PROGRAMS)
   configure_file("${PROJECT_SOURCE_DIR}/man/zu_pj4.1.in" "${PROJECT_BINARY_DIR}/man/zu_pj4.1" @ONLY)
   install(FILES "${PROJECT_BINARY_DIR}/man/zu_pj4.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
 endif()
-# Programs look for the catalogue beside themselves.
-install(DIRECTORY "${PROJECT_BINARY_DIR}/bin/prj_def" DESTINATION "${CMAKE_INSTALL_BINDIR}")
-# And for PROJ's database, where PROJ is a part of them.
+# Windows libraries look for the catalogue beside themselves, and for PROJ's
+# database, which is a part of them there.
+if(WIN32)
+  set(zu_catalogue_destination "${CMAKE_INSTALL_BINDIR}")
+else()
+  set(zu_catalogue_destination "${CMAKE_INSTALL_DATADIR}/zu_pj_edit")
+endif()
+install(DIRECTORY "${PROJECT_BINARY_DIR}/bin/prj_def" DESTINATION "${zu_catalogue_destination}")
 if(WIN32)
   install(FILES "${ZU_PROJ_DB}" DESTINATION "${CMAKE_INSTALL_BINDIR}")
 endif()

@@ -66,12 +66,27 @@ TEST(Host_module, answers_instead_of_the_stand_ins) {
   }
   EXPECT_STREQ(zu_options_get_main_module_path(), L"/opt/suite/bin/suite");
   EXPECT_EQ(recorded(Tzu_pj_dbf::get_dll_path()), "/opt/suite/bin/");
-  EXPECT_EQ(recorded(Tzu_pj_dbf::get_zone_db_path()), "/opt/suite/bin/prj_def/pj_proj2.dbf");
-  // A host that knows no path: the tables of the working folder.
-  for (wchar_t const* path : {L"", L"suite", static_cast<wchar_t const*>(nullptr)}) {
+}
+
+TEST(Host_module, tells_whose_catalogue_counts) {
+  namespace fs = std::filesystem;
+  Tloaded_module const module(ZU_TEST_MODULE);
+  Ttemp_folder const folder;
+  std::wstring const host = folder.wide(L"suite");
+  auto const own = fs::path(zu::module::own_path()).replace_filename("prj_def");
+  // None beside the host's program: that of this library.
+  for (wchar_t const* path : {host.c_str(), L"", L"suite", static_cast<wchar_t const*>(nullptr)}) {
     state_of(module).main_module_path = path;
-    EXPECT_EQ(recorded(Tzu_pj_dbf::get_ellipse_db_path()), "prj_def/pj_ellps.dbf");
+    EXPECT_EQ(fs::path(Tzu_pj_dbf::get_zone_db_path()), own / "pj_proj2.dbf");
   }
+  state_of(module).main_module_path = host.c_str();
+  fs::create_directory(folder.file("prj_def"));
+  EXPECT_EQ(Tzu_pj_dbf::get_zone_db_path(), folder.file("prj_def/pj_proj2.dbf"));
+  EXPECT_TRUE(Tzu_pj_dbf::get_missing_folders().empty());
+  Tzu_pj_dbf::set_catalogue_folder(folder.file("other"));
+  EXPECT_EQ(Tzu_pj_dbf::get_zone_db_path(), folder.file("other/pj_proj2.dbf"));
+  EXPECT_EQ(Tzu_pj_dbf::get_missing_folders(), std::vector{folder.wide(L"other")});
+  Tzu_pj_dbf::set_catalogue_folder("");
 }
 
 TEST(Host_module, adapters_are_made_fed_and_destroyed_there) {

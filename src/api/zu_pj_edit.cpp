@@ -1,8 +1,10 @@
 #include "zu_pj_edit/zu_pj_edit.h"
 
+#include <cstdio>
 #include <string>
 
 #include "api/final_call.h"
+#include "basic/float_environment.h"
 #include "basic/module.h"
 #include "pj_edit/vcl_pj_edit_form.h"
 #include "vcl/application.h"
@@ -17,6 +19,7 @@ std::string execute_result;
 std::string edit_result;
 // Of the wide call, for exceptions that end no scope.
 void* kept_handle = nullptr;
+zu::Tfloat_scope const* kept_floats = nullptr;
 // NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables)
 
 char const* zu_vcl_pj_edit(char const* definition, unsigned char* changed) {
@@ -33,22 +36,31 @@ char const* zu_vcl_pj_edit(char const* definition, unsigned char* changed) {
 
 char const* zu_proj4_form_execute(zu_pj_edit_window owner, char const* definition,
                                   unsigned char* changed) {
+  zu::Tfloat_scope const floats;
   Tzu_handle_scope const scope(owner);
   *changed = 0;
   // The caller may pass the last result back in.
   std::string const input = definition == nullptr ? "" : definition;
   execute_result = input;
-  execute_result = zu_vcl_pj_edit(input.c_str(), changed);
+  try {
+    execute_result = zu_vcl_pj_edit(input.c_str(), changed);
+  } catch (zu::vcl::Tstart_error const& error) {
+    (void)std::fprintf(stderr, "zu_pj_edit: no dialog: %s\n", error.what());
+  }
   return execute_result.c_str();
 }
 
 void* zu_proj4_form_execute_w(zu_pj_edit_window owner, void* first, void* second) {
+  zu::Tfloat_scope const floats;
+  kept_floats = &floats;
   kept_handle = Tzu_application::instance().get_handle();
   Tzu_handle_scope const scope(owner);
   auto* const execute = zu::module::find_loaded_as<zu::wide_function>(
       "zuk_scene2d_editor_bdl", "zu_proj4_form_execute_w__impl");
   if (execute == nullptr) return nullptr;
   // The window is the application's by now, so the module is given none.
-  return zu::final_call(execute, nullptr, first, second,
-                        [] { Tzu_application::instance().set_handle(kept_handle); });
+  return zu::final_call(execute, nullptr, first, second, [] {
+    Tzu_application::instance().set_handle(kept_handle);
+    kept_floats->restore();
+  });
 }

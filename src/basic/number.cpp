@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 
 namespace zu::number {
 namespace {
@@ -73,7 +74,8 @@ constexpr std::array<double, 10> short_powers{1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1
 // that nothing but a near tie is left open.
 bool append_short(std::string& text, double value, int digits) {
   double const size = std::abs(value);
-  if (!(size < 1e15) || digits >= static_cast<int>(short_powers.size())) return false;
+  // Unlike the operators these functions may be asked about a NaN.
+  if (!std::isless(size, 1e15) || digits >= static_cast<int>(short_powers.size())) return false;
   double const power = short_powers[static_cast<std::size_t>(digits)];
   double whole = std::trunc(size);
   double const scaled = (size - whole) * power;
@@ -146,7 +148,7 @@ std::string format_double(double value, int digits) {
   // The shortest text that reads back as the value is also the one with that
   // many digits, as long as a double holds them all, and it is found faster.
   double const size = std::abs(value);
-  if (digits <= 15 && size >= 1e-4 && size < 1e12) {
+  if (digits <= 15 && std::isgreaterequal(size, 1e-4) && std::isless(size, 1e12)) {
     bool const whole = value == std::trunc(value);
     char* const end = whole ? std::to_chars(first, last, static_cast<std::int64_t>(value)).ptr
                             : std::to_chars(first, last, value, std::chars_format::fixed).ptr;
@@ -168,5 +170,13 @@ void append_fixed(std::string& text, double value, int digits) {
 }
 
 std::string format_int(int value) { return std::to_string(value); }
+
+double distance(double left, double right) noexcept {
+  constexpr double largest = std::numeric_limits<double>::max();
+  if (!std::isfinite(left) || !std::isfinite(right)) return largest;
+  // The difference of two large numbers may be no number.
+  double const half = std::abs(left / 2 - right / 2);
+  return half < largest / 2 ? half * 2 : largest;
+}
 
 }  // namespace zu::number

@@ -34,4 +34,8 @@ void append_fixed(std::string& text, double value, int digits);
 // Formats as "%d".
 std::string format_int(int value);
 
+// How far apart two numbers are. The largest double stands for all that is farther,
+// and for what no number is.
+double distance(double left, double right) noexcept;
+
 }  // namespace zu::number

@@ -1,11 +1,12 @@
 // A thread that runs one function and is joined. std::thread takes memory for
 // every start and throws where the system has no thread to give; this one does
-// neither. It reckons as its starter does: with that one's floating-point
-// environment, of which Windows gives a new thread its own.
+// neither. Its function runs in a Tfloat_scope, as what a host calls does, whatever
+// floating-point environment the system gives a new thread.
 #pragma once
 
-#include <cfenv>
 #include <cstdint>
+
+#include "basic/float_environment.h"
 
 namespace zu {
 
@@ -24,14 +25,13 @@ class Tthread {
 
   // What the started thread does.
   void run() const noexcept {
-    std::fesetenv(&environment_);
+    Tfloat_scope const scope;
     function_(context_);
   }
 
  private:
   void (*function_)(void*) = nullptr;
   void* context_ = nullptr;
-  std::fenv_t environment_{};
   std::uintptr_t handle_ = 0;
   bool is_started_ = false;
 };

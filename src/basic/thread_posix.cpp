@@ -17,7 +17,6 @@ void* run_thread(void* thread) {
 bool Tthread::start(void (*function)(void*), void* context) noexcept {
   function_ = function;
   context_ = context;
-  std::fegetenv(&environment_);
   pthread_t thread{};
   is_started_ = pthread_create(&thread, nullptr, &run_thread, this) == 0;
   handle_ = std::bit_cast<std::uintptr_t>(thread);

@@ -16,7 +16,6 @@ unsigned __stdcall run_thread(void* thread) {
 bool Tthread::start(void (*function)(void*), void* context) noexcept {
   function_ = function;
   context_ = context;
-  std::fegetenv(&environment_);
   handle_ = _beginthreadex(nullptr, 0, &run_thread, this, 0, nullptr);
   is_started_ = handle_ != 0;
   return is_started_;

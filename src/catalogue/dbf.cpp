@@ -301,7 +301,8 @@ int Tzu_file_dbf_exe::get_int(std::uint32_t index) {
   switch (get_prp_type(index)) {
     case 'B': {
       double const value = std::trunc(binary_value<double>(index));
-      bool const fits = value >= INT32_MIN && value <= INT32_MAX;  // false for NaN too
+      // False for a NaN, about which the operators must not be asked.
+      bool const fits = std::isgreaterequal(value, INT32_MIN) && std::islessequal(value, INT32_MAX);
       return fits ? static_cast<int>(value) : 0;
     }
     case 'I':

@@ -1,10 +1,13 @@
 #include "catalogue/pj_dbf.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <utility>
 #include <vector>
 
+#include "basic/file_system.h"
+#include "basic/module.h"
 #include "basic/number.h"
 #include "basic/path.h"
 #include "basic/str.h"
@@ -19,10 +22,34 @@ std::string& catalogue_folder() {
   return folder;
 }
 
+std::wstring main_module_folder() {
+  wchar_t const* const module = zu_options_get_main_module_path();
+  return module == nullptr ? std::wstring() : std::wstring(zu::path::folder_of(module));
+}
+
+// The folder that a folder with its final separator is in; empty for a root.
+std::wstring_view parent_of(std::wstring_view folder) {
+  if (!folder.empty()) folder.remove_suffix(1);
+  return zu::path::folder_of(folder);
+}
+
+// Beside the host's program; beside this library; where it was installed with this
+// library, whose folder is the prefix's "lib" or a folder in it.
+std::vector<std::wstring> possible_folders() {
+  std::wstring const program = main_module_folder();
+  std::wstring const own(zu::path::folder_of(zu::module::own_path()));
+  std::vector<std::wstring> folders{program + L"prj_def"};
+  if (own.empty()) return folders;
+  if (own != program) folders.push_back(own + L"prj_def");
+  for (auto prefix = parent_of(own); !prefix.empty(); prefix = parent_of(prefix)) {
+    folders.push_back(zu::path::join(prefix, ZU_DATA_FOLDER L"/prj_def"));
+    if (parent_of(parent_of(own)) == prefix) break;
+  }
+  return folders;
+}
+
 std::string table_path(std::string_view name) {
-  std::string const& folder = catalogue_folder();
-  std::string path = folder.empty() ? Tzu_pj_dbf::get_dll_path() + "prj_def/" : folder + "/";
-  return path.append(name);
+  return (Tzu_pj_dbf::get_catalogue_folder() + "/").append(name);
 }
 
 // The record under the cursor of a table, by position of the wanted columns.
@@ -187,14 +214,24 @@ void read_proj(Trow const& row, Tzu_pj_proj_def& record) {
 
 }  // namespace
 
-std::string Tzu_pj_dbf::get_dll_path() {
-  wchar_t const* const module = zu_options_get_main_module_path();
-  if (module == nullptr) return {};
-  return zu::strconv::to_system(zu::path::folder_of(module));
-}
+std::string Tzu_pj_dbf::get_dll_path() { return zu::strconv::to_system(main_module_folder()); }
 
 void Tzu_pj_dbf::set_catalogue_folder(std::string folder) {
   catalogue_folder() = std::move(folder);
+}
+
+std::string Tzu_pj_dbf::get_catalogue_folder() {
+  if (!catalogue_folder().empty()) return catalogue_folder();
+  auto const folders = possible_folders();
+  auto const found = std::ranges::find_if(folders, zu::file_system::is_folder);
+  return zu::strconv::to_system(found == folders.end() ? folders.front() : *found);
+}
+
+std::vector<std::wstring> Tzu_pj_dbf::get_missing_folders() {
+  auto folders = possible_folders();
+  if (!catalogue_folder().empty()) folders = {zu::strconv::from_system(catalogue_folder())};
+  if (std::ranges::any_of(folders, zu::file_system::is_folder)) folders.clear();
+  return folders;
 }
 
 std::string Tzu_pj_dbf::get_proj_db_path() { return table_path("pj_proj1.dbf"); }

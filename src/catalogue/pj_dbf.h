@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "catalogue/pj_defs.h"
 
@@ -17,9 +18,14 @@ class Tzu_pj_dbf {
   // ANSI code page; empty when the host tells none.
   static std::string get_dll_path();
   // Names another folder that holds the four tables themselves; an empty text
-  // goes back to "prj_def" beside the host's main module. Takes effect on what
-  // is loaded after it.
+  // goes back to the usual ones. Takes effect on what is loaded after it.
   static void set_catalogue_folder(std::string folder);
+  // The folder of the tables: "prj_def" beside the host's main module. Only where
+  // there is no such folder, the one beside this library, and then the one that is
+  // installed with it; where there is none of them, the first again.
+  static std::string get_catalogue_folder();
+  // What was looked for in vain; empty when the folder of the tables is there.
+  static std::vector<std::wstring> get_missing_folders();
 
   static std::string get_proj_db_path();
   static std::string get_zone_db_path();

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "basic/number.h"
 #include "basic/str.h"
 
+using zu::number::distance;
 using zu::str::equal_no_case;
 using zu::str::trim_stricmp_equal;
 
@@ -14,6 +16,27 @@ std::string_view proj_number_key(proj_number number) noexcept {
   return keys[static_cast<std::size_t>(number)];
 }
 
+namespace {
+
+// What a definition gives and what a record has may be the two different forms.
+constexpr double form_tolerance = 1e-6;
+
+bool has_semi_minor(Tzu_pj_ellipse_def const& record, double a, double b) {
+  if (record.get_def_semi_minor()) return record.get_semi_minor() == b;
+  // A sphere has no inverse flattening.
+  return record.get_def_inv_flattening() && a != b &&
+         distance(a / (a - b), record.get_inv_flattening()) <= form_tolerance;
+}
+
+bool has_flattening(Tzu_pj_ellipse_def const& record, double a, double rf) {
+  if (record.get_def_inv_flattening()) return record.get_inv_flattening() == rf;
+  // Less than 1, and so 0, is that of no ellipsoid.
+  return record.get_def_semi_minor() && std::abs(rf) >= 1 &&
+         distance((1 - 1 / rf) * a, record.get_semi_minor()) <= form_tolerance;
+}
+
+}  // namespace
+
 Tzu_pj_ellipse_def const* Tzu_pj_ellipse_defs::find_by_name(std::string_view prj4_name) const {
   return find(
       [prj4_name](auto const& record) { return equal_no_case(record.get_prj4_name(), prj4_name); });
@@ -22,22 +45,9 @@ Tzu_pj_ellipse_def const* Tzu_pj_ellipse_defs::find_by_name(std::string_view prj
 Tzu_pj_ellipse_def const* Tzu_pj_ellipse_defs::find_by_params(bool has_a, double a, bool has_b,
                                                               double b, bool has_rf,
                                                               double rf) const {
-  if (!has_a) return nullptr;
-  constexpr double tolerance = 1e-6;
-  double const rf_of_b = a / (a - b);
-  double const b_of_rf = (1 - 1 / rf) * a;
   return find([=](Tzu_pj_ellipse_def const& record) {
-    if (record.get_semi_major() != a) return false;
-    if (has_b) {
-      if (record.get_def_semi_minor()
-              ? record.get_semi_minor() == b
-              : record.get_def_inv_flattening() &&
-                    std::abs(rf_of_b - record.get_inv_flattening()) <= tolerance)
-        return true;
-    }
-    if (!has_rf) return false;
-    if (record.get_def_inv_flattening()) return record.get_inv_flattening() == rf;
-    return record.get_def_semi_minor() && std::abs(b_of_rf - record.get_semi_minor()) <= tolerance;
+    return has_a && record.get_semi_major() == a &&
+           ((has_b && has_semi_minor(record, a, b)) || (has_rf && has_flattening(record, a, rf)));
   });
 }
 
@@ -58,7 +68,7 @@ Tzu_pj_datum_def const* Tzu_pj_datum_defs::find_by_params(
   return find([=](Tzu_pj_datum_def const& record) {
     return record.get_ellipse_index() == ellipse_index &&
            std::ranges::equal(record.get_towgs84(), towgs84,
-                              [](double x, double y) { return std::abs(x - y) < 1e-6; });
+                              [](double x, double y) { return distance(x, y) < 1e-6; });
   });
 }
 
@@ -97,7 +107,7 @@ Tzu_pj_proj_def const* Tzu_pj_proj_defs::find_by_name_lat_south(std::string_view
     if (record.get_south().get_def_default() && record.get_south().get_default() != south)
       return false;
     if (record.get_lat_0().get_def_default() &&
-        !(std::abs(lat_0 - record.get_lat_0().get_default()) < 0.0001))
+        distance(lat_0, record.get_lat_0().get_default()) >= 0.0001)
       return false;
     return !lacks(has_lat_1, record.get_lat_1()) && !lacks(has_lat_2, record.get_lat_2()) &&
            !lacks(has_lat_ts, record.get_lat_ts()) &&

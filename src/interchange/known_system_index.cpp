@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <memory>
 #include <utility>
 #include <vector>
+
+#include "basic/number.h"
 
 namespace zu {
 namespace {
@@ -34,7 +35,7 @@ struct key {
   double meridian() const noexcept { return values.front(); }
   bool agrees(key const& other) const noexcept {
     for (std::size_t i = 0; i < values.size(); ++i)
-      if (std::abs(values[i] - other.values[i]) > tolerance) return false;
+      if (number::distance(values[i], other.values[i]) > tolerance) return false;
     return true;
   }
 };

@@ -1,9 +1,9 @@
 #include "interchange/proj4_conv.h"
 
 #include <algorithm>
-#include <cmath>
 #include <exception>
 
+#include "basic/number.h"
 #include "basic/str.h"
 #include "interchange/foreign_messages.h"
 #include "interchange/import_guard.h"
@@ -86,7 +86,7 @@ constexpr std::array<std::string_view, 3> gsk_2011_names{"D_RUSSIA_2011", "D_GSK
 
 bool is_near(double left, double right) noexcept {
   constexpr double tolerance = 1e-6;
-  return std::abs(left - right) <= tolerance;
+  return number::distance(left, right) <= tolerance;
 }
 
 // Runs an operation with the foreign libraries' messages kept, and turns what it

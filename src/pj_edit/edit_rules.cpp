@@ -92,7 +92,7 @@ bool same_number(double left, double right) {
 }
 
 bool same_meridian(double left, double right) {
-  return std::abs(std::remainder(left - right, 360.0)) < 1e-6;
+  return std::abs(std::remainder(number::distance(left, right), 360.0)) < 1e-6;
 }
 
 // A fixed value must be given and be the same; a central meridian may be

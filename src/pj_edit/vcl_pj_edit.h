@@ -36,4 +36,6 @@ class Tzu_vcl_pj_edit : public Tzu_vcl_panel {
   Tzu_vcl_caption_selbox* type_ = nullptr;
   Tzu_vcl_pj_proj* proj_ = nullptr;
   Tzu_vcl_pj_datum* datum_ = nullptr;
+  // In the place of the panels where there is no catalogue.
+  wxStaticText* note_ = nullptr;
 };

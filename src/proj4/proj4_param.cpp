@@ -1,14 +1,13 @@
 #include "proj4/proj4_param.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "basic/number.h"
 #include "basic/str.h"
 
 namespace {
 
-bool near(double left, double right) noexcept { return std::abs(left - right) < 1e-6; }
+bool near(double left, double right) noexcept { return zu::number::distance(left, right) < 1e-6; }
 
 // Two parameters of one kind are equal when both are undefined, or both are
 // defined with values that the kind's rule finds equal.

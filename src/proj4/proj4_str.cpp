@@ -70,7 +70,7 @@ void Tzu_proj4_str::set_all_undefined() noexcept {
 bool Tzu_proj4_str::is_sphere() const noexcept {
   if (ellps_.get_def() && equal_no_case(ellps_.get_str(), "sphere")) return true;
   if (!a_.get_def()) return false;
-  return (b_.get_def() && std::abs(a_.get_dbl() - b_.get_dbl()) < 1e-6) ||
+  return (b_.get_def() && zu::number::distance(a_.get_dbl(), b_.get_dbl()) < 1e-6) ||
          (rf_.get_def() && std::abs(rf_.get_dbl()) < 1e-6);
 }
 

@@ -4,7 +4,9 @@
 #include <cmath>
 #include <memory>
 #include <span>
+#include <type_traits>
 
+#include "basic/float_environment.h"
 #include "basic/str.h"
 #include "proj4/proj4_str.h"
 #include "proj4/short_text.h"
@@ -21,12 +23,22 @@ constexpr int done = 1;
 
 constexpr int flag(bool value) noexcept { return value ? 1 : 0; }
 
-// Does to a set what only a null handle can keep from being done.
+// Does what can fail only where it says so. Sets and parameters are reached through
+// this alone, so that it is the place for the scope.
+template <class Operation, class... Objects>
+int result_of(Operation operation, Objects&... objects) {
+  zu::Tfloat_scope const scope;
+  if constexpr (std::is_void_v<std::invoke_result_t<Operation, Objects&...>>) {
+    operation(objects...);
+    return done;
+  } else {
+    return flag(operation(objects...));
+  }
+}
+
 template <class Operation>
 int act(zu_pj4_params* params, Operation operation) {
-  if (params == nullptr) return failed;
-  operation(params->set);
-  return done;
+  return params == nullptr ? failed : result_of(operation, params->set);
 }
 
 // Null for a name that no parameter, or none of the kind, has.
@@ -38,6 +50,19 @@ Param* find(zu_pj4_params* params, char const* name) {
   return nullptr;
 }
 
+template <class Param = Tzu_proj4_param, class Operation>
+int act_on(zu_pj4_params* params, char const* name, Operation operation) {
+  auto* const param = find<Param>(params, name);
+  return param == nullptr ? failed : result_of(operation, *param);
+}
+
+// Hands a value out; there must be a place for it.
+template <class Param, class Value, class Get>
+int get_from(zu_pj4_params* params, char const* name, Value* value, Get get) {
+  if (value == nullptr) return failed;
+  return act_on<Param>(params, name, [=](Param& param) { *value = get(param); });
+}
+
 void feed_text(Tzu_proj4_str& set, Izu_string_adp* adapter) {
   zu_string_adp_feed(adapter, zu::strconv::from_interface(set.get_text()).c_str());
 }
@@ -46,20 +71,24 @@ void feed_text(Tzu_proj4_str& set, Izu_string_adp* adapter) {
 
 int zu_pj4_get_text(char const* definition, Izu_string_adp* adapter) {
   if (definition == nullptr || adapter == nullptr) return failed;
-  Tzu_proj4_str set;
-  set.set(definition);
-  set.decompose();
-  feed_text(set, adapter);
-  return done;
+  return result_of([=] {
+    Tzu_proj4_str set;
+    set.set(definition);
+    set.decompose();
+    feed_text(set, adapter);
+  });
 }
 
 int zu_pj4_get_short_text(char const* definition, Izu_string_adp* adapter) {
-  return flag(Tzu_short_text_helper::get_short_text(definition, adapter));
+  return result_of([=] { return Tzu_short_text_helper::get_short_text(definition, adapter); });
 }
 
-zu_pj4_params* zu_pj4_params_create() { return std::make_unique<zu_pj4_params>().release(); }
+zu_pj4_params* zu_pj4_params_create() {
+  return zu::in_float_scope([] { return std::make_unique<zu_pj4_params>().release(); });
+}
 
 void zu_pj4_params_destroy(zu_pj4_params* params) {
+  zu::Tfloat_scope const scope;
   std::unique_ptr<zu_pj4_params> const owned(params);
 }
 
@@ -97,23 +126,24 @@ int zu_pj4_params_set_is_lon_wrap(zu_pj4_params* params, int value) {
 }
 
 int zu_pj4_params_is_valid(zu_pj4_params* params) {
-  return flag(params != nullptr && params->set.is_valid());
+  return act(params, [](auto const& set) { return set.is_valid(); });
 }
 
 int zu_pj4_params_is_sphere(zu_pj4_params* params) {
-  return flag(params != nullptr && params->set.is_sphere());
+  return act(params, [](auto const& set) { return set.is_sphere(); });
 }
 
 int zu_pj4_params_equal(zu_pj4_params* params, zu_pj4_params* other) {
-  return flag(params != nullptr && other != nullptr && params->set.equal(other->set));
+  if (other == nullptr) return failed;
+  return act(params, [other](auto const& set) { return set.equal(other->set); });
 }
 
 int zu_pj4_params_get_is_long_lat(zu_pj4_params* params) {
-  return flag(params != nullptr && params->set.get_is_long_lat());
+  return act(params, [](auto const& set) { return set.get_is_long_lat(); });
 }
 
 int zu_pj4_params_get_is_lon_wrap(zu_pj4_params* params) {
-  return flag(params != nullptr && params->set.get_is_lon_wrap());
+  return act(params, [](auto const& set) { return set.get_is_lon_wrap(); });
 }
 
 int zu_pj4_params_get_text(zu_pj4_params* params, Izu_string_adp* adapter) {
@@ -129,81 +159,64 @@ char const* zu_pj4_params_get_name(zu_pj4_params* params, unsigned index) {
 }
 
 int zu_pj4_params_get_def(zu_pj4_params* params, char const* name) {
-  auto const* const param = find(params, name);
-  return flag(param != nullptr && param->get_def());
+  return act_on(params, name, [](auto const& param) { return param.get_def(); });
 }
 
 int zu_pj4_params_set_def(zu_pj4_params* params, char const* name, int def) {
-  auto* const param = find(params, name);
-  if (param == nullptr) return failed;
-  param->set_def(def != 0);
-  return done;
+  return act_on(params, name, [def](auto& param) { param.set_def(def != 0); });
 }
 
 char const* zu_pj4_params_get_out_str(zu_pj4_params* params, char const* name) {
-  auto* const param = find(params, name);
-  return param == nullptr ? nullptr : param->get_out_str();
+  char const* text = nullptr;
+  act_on(params, name, [&text](auto& param) { text = param.get_out_str(); });
+  return text;
 }
 
 int zu_pj4_params_val_from_str(zu_pj4_params* params, char const* name, char const* text) {
-  auto* const param = find(params, name);
-  return flag(param != nullptr && text != nullptr && param->val_from_str(text));
+  if (text == nullptr) return failed;
+  return act_on(params, name, [text](auto& param) { return param.val_from_str(text); });
 }
 
 int zu_pj4_params_get_str(zu_pj4_params* params, char const* name, char const** value) {
-  auto const* const param = find<Tzu_proj4_param_str>(params, name);
-  if (param == nullptr || value == nullptr) return failed;
-  *value = param->get_str();
-  return done;
+  return get_from<Tzu_proj4_param_str>(params, name, value,
+                                       [](auto const& param) { return param.get_str(); });
 }
 
 int zu_pj4_params_set_str(zu_pj4_params* params, char const* name, char const* value) {
-  auto* const param = find<Tzu_proj4_param_str>(params, name);
-  if (param == nullptr || value == nullptr) return failed;
-  param->set_str(value);
-  return done;
+  if (value == nullptr) return failed;
+  return act_on<Tzu_proj4_param_str>(params, name, [value](auto& param) { param.set_str(value); });
 }
 
 int zu_pj4_params_get_dbl(zu_pj4_params* params, char const* name, double* value) {
-  auto const* const param = find<Tzu_proj4_param_dbl>(params, name);
-  if (param == nullptr || value == nullptr) return failed;
-  *value = param->get_dbl();
-  return done;
+  return get_from<Tzu_proj4_param_dbl>(params, name, value,
+                                       [](auto const& param) { return param.get_dbl(); });
 }
 
 int zu_pj4_params_set_dbl(zu_pj4_params* params, char const* name, double value) {
-  auto* const param = find<Tzu_proj4_param_dbl>(params, name);
-  if (param == nullptr || !std::isfinite(value)) return failed;
-  param->set_dbl(value);
-  return done;
+  return act_on<Tzu_proj4_param_dbl>(params, name, [value](auto& param) {
+    bool const is_number = std::isfinite(value);
+    if (is_number) param.set_dbl(value);
+    return is_number;
+  });
 }
 
 int zu_pj4_params_get_int(zu_pj4_params* params, char const* name, int* value) {
-  auto const* const param = find<Tzu_proj4_param_int>(params, name);
-  if (param == nullptr || value == nullptr) return failed;
-  *value = param->get_int();
-  return done;
+  return get_from<Tzu_proj4_param_int>(params, name, value,
+                                       [](auto const& param) { return param.get_int(); });
 }
 
 int zu_pj4_params_set_int(zu_pj4_params* params, char const* name, int value) {
-  auto* const param = find<Tzu_proj4_param_int>(params, name);
-  if (param == nullptr) return failed;
-  param->set_int(value);
-  return done;
+  return act_on<Tzu_proj4_param_int>(params, name, [value](auto& param) { param.set_int(value); });
 }
 
 int zu_pj4_params_get_bool(zu_pj4_params* params, char const* name, int* value) {
-  auto const* const param = find<Tzu_proj4_param_bool>(params, name);
-  if (param == nullptr || value == nullptr) return failed;
-  *value = flag(param->get_bool());
-  return done;
+  return get_from<Tzu_proj4_param_bool>(params, name, value,
+                                        [](auto const& param) { return flag(param.get_bool()); });
 }
 
 int zu_pj4_params_set_bool(zu_pj4_params* params, char const* name, int value) {
-  auto* const param = find<Tzu_proj4_param_bool>(params, name);
-  if (param == nullptr) return failed;
-  param->set_bool(value != 0);
-  return done;
+  return act_on<Tzu_proj4_param_bool>(params, name,
+                                      [value](auto& param) { param.set_bool(value != 0); });
 }
 
 int zu_pj4_params_get_towgs84(zu_pj4_params* params, double* values) {
@@ -213,10 +226,13 @@ int zu_pj4_params_get_towgs84(zu_pj4_params* params, double* values) {
 }
 
 int zu_pj4_params_set_towgs84(zu_pj4_params* params, double const* values) {
-  if (params == nullptr || values == nullptr) return failed;
-  std::span<double const, Tzu_proj4_param_towgs84::count> const given(
-      values, Tzu_proj4_param_towgs84::count);
-  if (!std::ranges::all_of(given, [](double value) { return std::isfinite(value); })) return failed;
-  for (unsigned i = 0; i < given.size(); ++i) params->set.get_towgs84().set_dbl(i, given[i]);
-  return done;
+  if (values == nullptr) return failed;
+  return act(params, [values](auto& set) {
+    std::span<double const, Tzu_proj4_param_towgs84::count> const given(
+        values, Tzu_proj4_param_towgs84::count);
+    if (!std::ranges::all_of(given, [](double value) { return std::isfinite(value); }))
+      return false;
+    for (unsigned i = 0; i < given.size(); ++i) set.get_towgs84().set_dbl(i, given[i]);
+    return true;
+  });
 }

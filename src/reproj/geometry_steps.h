@@ -76,6 +76,11 @@ bool apply_to_set(Set* set, Tzu_xy_array& buffer, Transform transform) {
   return done;
 }
 
+inline bool is_finite(Tzu_box_d2 const& box) {
+  return std::isfinite(box.min_x) && std::isfinite(box.min_y) && std::isfinite(box.max_x) &&
+         std::isfinite(box.max_y);
+}
+
 // Puts (columns + 1) x (rows + 1) points over the box, row by row.
 inline void fill_grid(Tzu_box_d2 const& box, std::size_t intervals, Tzu_xy_array& buffer) {
   double const step_x = (box.max_x - box.min_x) / static_cast<double>(intervals);
@@ -113,7 +118,7 @@ template <class Transform>
 bool apply_to_box_approx(Tzu_box_d2* box, Tzu_xy_array& buffer, Transform transform) {
   constexpr std::size_t intervals = 6;
   constexpr double margin = 0.001;
-  if (box == nullptr) return false;
+  if (box == nullptr || !is_finite(*box)) return false;
   fill_grid(*box, intervals, buffer);
   static_cast<void>(transform(buffer));
   Tzu_box_d2 extent{};
@@ -128,7 +133,7 @@ bool apply_to_box_approx(Tzu_box_d2* box, Tzu_xy_array& buffer, Transform transf
 // By the four corners, all of which must be transformed.
 template <class Transform>
 bool apply_to_box(Tzu_box_d2* box, Tzu_xy_array& buffer, Transform transform) {
-  if (box == nullptr) return false;
+  if (box == nullptr || !is_finite(*box)) return false;
   fill_grid(*box, 1, buffer);
   return transform(buffer) && find_extent(buffer, *box);
 }

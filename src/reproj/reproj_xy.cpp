@@ -1,5 +1,6 @@
 #include "reproj/reproj_xy.h"
 
+#include <cmath>
 #include <string_view>
 
 #include "proj4/proj4_str.h"
@@ -119,6 +120,8 @@ void Tzu_reproj_xy::apply_affine_xy(Tzu_matrix3x3 const& matrix, std::size_t cou
   for (std::size_t i = 0; i < count; ++i) {
     double const old_x = x[i];
     double const old_y = y[i];
+    // A point that could not be transformed stays so.
+    if (!std::isfinite(old_x) || !std::isfinite(old_y)) continue;
     x[i] = e[0] * old_x + e[1] * old_y + e[2];
     y[i] = e[3] * old_x + e[4] * old_y + e[5];
   }

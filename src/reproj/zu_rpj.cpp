@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "basic/float_environment.h"
 #include "reproj/reproj_d2.h"
 
 struct zu_rpj_d2 {
@@ -14,18 +15,33 @@ struct zu_rpj_fb_d2 {
 
 namespace {
 
+// These are all the ways into the chains. Each runs in a scope of its own.
+
+template <class Handle>
+Handle* create() {
+  return zu::in_float_scope([] { return std::make_unique<Handle>().release(); });
+}
+
+template <class Handle>
+void destroy(Handle* handle) {
+  zu::Tfloat_scope const scope;
+  std::unique_ptr<Handle> const owned(handle);
+}
+
 // What a call on a handle gives; that on null fails.
 template <class Handle, class Call>
 int call_on(Handle* handle, Call call) {
+  zu::Tfloat_scope const scope;
   return handle != nullptr && call(handle->reproj) ? 1 : 0;
 }
 
 // Sets something of a handle's chain, which cannot fail.
 template <class Handle, class Set>
 int set_on(Handle* handle, Set set) {
-  if (handle == nullptr) return 0;
-  set(handle->reproj.get_reproj());
-  return 1;
+  return call_on(handle, [set](auto& reproj) {
+    set(reproj.get_reproj());
+    return true;
+  });
 }
 
 // Null leaves the matrix there as it is.
@@ -49,14 +65,16 @@ int init_crs_on(Handle* handle, wchar_t const* source, wchar_t const* target) {
 
 template <class Handle>
 int clear_buffer_of(Handle* handle) {
-  if (handle == nullptr) return 0;
-  handle->reproj.clear_buffer();
-  return 1;
+  return call_on(handle, [](auto& reproj) {
+    reproj.clear_buffer();
+    return true;
+  });
 }
 
 }  // namespace
-zu_rpj_d2* zu_rpj_d2_create() { return std::make_unique<zu_rpj_d2>().release(); }
-void zu_rpj_d2_destroy(zu_rpj_d2* reproj) { std::unique_ptr<zu_rpj_d2> const owned(reproj); }
+
+zu_rpj_d2* zu_rpj_d2_create() { return create<zu_rpj_d2>(); }
+void zu_rpj_d2_destroy(zu_rpj_d2* reproj) { destroy(reproj); }
 
 int zu_rpj_d2_init_ex(zu_rpj_d2* reproj, char const* source, char const* target) {
   return init_ex_on(reproj, source, target);
@@ -108,10 +126,8 @@ int zu_rpj_d2_apply_box_approx_ex(zu_rpj_d2* reproj, Tzu_box_d2* box) {
 
 int zu_rpj_d2_clear_buffer(zu_rpj_d2* reproj) { return clear_buffer_of(reproj); }
 
-zu_rpj_fb_d2* zu_rpj_fb_d2_create() { return std::make_unique<zu_rpj_fb_d2>().release(); }
-void zu_rpj_fb_d2_destroy(zu_rpj_fb_d2* reproj) {
-  std::unique_ptr<zu_rpj_fb_d2> const owned(reproj);
-}
+zu_rpj_fb_d2* zu_rpj_fb_d2_create() { return create<zu_rpj_fb_d2>(); }
+void zu_rpj_fb_d2_destroy(zu_rpj_fb_d2* reproj) { destroy(reproj); }
 
 int zu_rpj_fb_d2_init_ex(zu_rpj_fb_d2* reproj, char const* source, char const* target) {
   return init_ex_on(reproj, source, target);

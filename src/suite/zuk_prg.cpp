@@ -1,10 +1,13 @@
 #include "suite/zuk_prg.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <exception>
 #include <limits>
 #include <vector>
+
+#include "basic/float_environment.h"
 
 struct Tzu_pp2d {
   std::vector<Tzu_vtx_d2> items;
@@ -92,8 +95,10 @@ void zu_matrix3x3_init_single(Tzu_matrix3x3* matrix) {
 }
 
 int zu_matrix3x3_invert(Tzu_matrix3x3* matrix) {
+  zu::Tfloat_scope const scope;
   if (matrix == nullptr) return 0;
   auto const& e = matrix->e;
+  if (!std::ranges::all_of(e, [](double element) { return std::isfinite(element); })) return 0;
   // The cofactors, transposed: element i of the inverse times the determinant.
   std::array<double, 9> const adjugate{
       e[4] * e[8] - e[5] * e[7], e[2] * e[7] - e[1] * e[8], e[1] * e[5] - e[2] * e[4],
@@ -103,7 +108,7 @@ int zu_matrix3x3_invert(Tzu_matrix3x3* matrix) {
   double const terms = std::abs(e[0]) * (std::abs(e[4] * e[8]) + std::abs(e[5] * e[7])) +
                        std::abs(e[1]) * (std::abs(e[5] * e[6]) + std::abs(e[3] * e[8])) +
                        std::abs(e[2]) * (std::abs(e[3] * e[7]) + std::abs(e[4] * e[6]));
-  // Written so that a NaN is refused, too.
+  // Written so that a NaN of terms that are too large is refused, too.
   if (!(std::abs(determinant) > 8 * std::numeric_limits<double>::epsilon() * terms)) return 0;
   Tzu_matrix3x3 inverse{};
   for (std::size_t i = 0; i < adjugate.size(); ++i) {

@@ -1,15 +1,14 @@
-// Texts that only this library shows. The suite shares the table of Tzu_rc,
-// which is fixed, so they stand beside it.
+// Interface texts of this library alone, beside those that it shares with the
+// suite. They are wide, in the current language of those.
 #pragma once
-
-#include <string>
 
 namespace zu {
 
-// In the order of the table in own_texts.cpp.
-enum class own_text { type_a_point, count };
+enum class own_text {
+  no_catalogue,  // stands above the folders that were looked for
+  type_a_point,  // to who types a decimal comma
+};
 
-// In the interface language, as Tzu_rc has it.
-std::wstring get_own_text(own_text which);
+wchar_t const* get_own_text(own_text which);
 
 }  // namespace zu

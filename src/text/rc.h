@@ -18,7 +18,7 @@ class Tzu_rc {
   // setting is Russian, anything else English.
   static void get_auto_lang();
 
-  // Whether the current language, the host's or the one set, is Russian.
+  // The current language, taken over from the host where that is still to be done.
   static bool is_russian();
 
   // Sets the language: 1 is Russian, anything else English. A value set before

@@ -1,11 +1,12 @@
 #include "vcl/file_dialog.h"
 
 #include "basic/path.h"
+#include "vcl/modal.h"
 
 // Opening a form does not wait for windows that few users ask for.
 bool Tzu_vcl_file_dialog::execute() {
   std::wstring const folder(zu::path::folder_of(file_name_));
-  wxFileDialog dialog(form_, title_, folder, wxEmptyString, filter_, style_);
+  zu::vcl::Tmodal<wxFileDialog> dialog(form_, title_, folder, wxEmptyString, filter_, style_);
   dialog.SetFilterIndex(filter_index_);
   if (dialog.ShowModal() != wxID_OK) return false;
   file_name_ = dialog.GetPath().ToStdWstring();

@@ -55,8 +55,8 @@ bool commit_all(wxWindow& window) {
 }  // namespace
 
 Tzu_vcl_form::Tzu_vcl_form()
-    : wxDialog(nullptr, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
-               wxCAPTION | wxDIALOG_NO_PARENT) {
+    : Tmodal(nullptr, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+             wxCAPTION | wxDIALOG_NO_PARENT) {
   SetEscapeId(wxID_NONE);
   zu::vcl::platform::prepare_form(*this);
   SetSize(FromDIP(wxSize(least_width, least_height)));

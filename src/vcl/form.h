@@ -1,11 +1,11 @@
 // The base of modal forms.
 #pragma once
 
-#include <wx/dialog.h>
-
 #include <exception>
 #include <memory>
 #include <string>
+
+#include "vcl/modal.h"
 
 namespace zu::vcl {
 class Tzu_owner_window;
@@ -13,7 +13,7 @@ class Tzu_owner_window;
 
 // An empty form with a title bar and nothing on it: no close box, no keys that
 // close it. Subclasses fill it in create().
-class Tzu_vcl_form : public wxDialog {
+class Tzu_vcl_form : public zu::vcl::Tmodal<wxDialog> {
  public:
   static constexpr int least_width = 600;
   static constexpr int least_height = 360;

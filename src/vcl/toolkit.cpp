@@ -7,7 +7,6 @@
 
 #include <clocale>
 #include <memory>
-#include <stdexcept>
 #include <string>
 
 namespace zu::vcl {
@@ -40,7 +39,7 @@ class Tzu_locale_scope {
 }  // namespace
 
 void start() {
-  if (wxApp::GetInstance() != nullptr) return;
+  if (wxApp::GetInstance() != nullptr) return platform::check_running();
 
   Tzu_locale_scope const locale;
   platform::prepare_start();
@@ -48,13 +47,14 @@ void start() {
   // The caller gets the failure; it need not be on the terminal as well.
   wxLogNull const quiet;
   if (!platform::start_toolkit()) {
-    throw std::runtime_error("the window toolkit cannot start: no display");
+    throw Tstart_error("no display can be opened");
   }
   if (!wxTheApp->CallOnInit()) {
     wxEntryCleanup();
-    throw std::runtime_error("the window toolkit cannot start");
+    throw Tstart_error("the window toolkit does not start");
   }
   platform::keep_library_loaded();
+  platform::check_running();
 }
 
 void set_control_name(wxWindow& control, std::wstring const& name) {

@@ -1,6 +1,7 @@
 // Start of the window toolkit inside a host that may know nothing of it.
 #pragma once
 
+#include <stdexcept>
 #include <string>
 
 class wxDialog;
@@ -10,9 +11,16 @@ class wxWindow;
 
 namespace zu::vcl {
 
+// The toolkit cannot work in this process, on this thread or on this display; the
+// text says why.
+class Tstart_error : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
 // Starts the toolkit unless it already runs in this process, be it the host's
 // or from an earlier call. The host's C locale is what it was afterwards.
-// Throws std::runtime_error when there is no display to start on.
+// Throws Tstart_error.
 void start();
 
 // Gives a control the name by which screen readers and messages know it.
@@ -21,8 +29,13 @@ void set_control_name(wxWindow& control, std::wstring const& name);
 // What differs by platform.
 namespace platform {
 
-// Called before the toolkit starts.
+// Called before the toolkit starts. Throws Tstart_error where the start would end
+// the process.
 void prepare_start();
+
+// Called at every start, when the toolkit runs. Throws Tstart_error where forms
+// would hang or end the process.
+void check_running();
 
 // The toolkit's own start, on behalf of the library's module.
 bool start_toolkit();

@@ -3,6 +3,7 @@
 #include <wx/event.h>
 #include <wx/init.h>
 #include <wx/textctrl.h>
+#include <wx/thread.h>
 
 #include <array>
 #include <string>
@@ -23,9 +24,45 @@ void describe_choice(GtkComboBox* list, void* /*nothing*/) {
   g_free(chosen);
 }
 
+bool is_loaded(char const* module) {
+  void* const handle = dlopen(module, RTLD_LAZY | RTLD_NOLOAD);
+  if (handle == nullptr) return false;
+  dlclose(handle);
+  return true;
+}
+
+// The versions have names of functions and types in common. No function of GTK's
+// may be called to find out: it might be the other version's.
+void check_version() {
+  for (char const* const module : {"libgtk-x11-2.0.so.0", "libgtk-4.so.1"}) {
+    if (is_loaded(module)) {
+      throw Tstart_error(std::string("the process has loaded another GTK than 3: ") + module);
+    }
+  }
+}
+
+// A loop on another thread's would wait forever.
+void check_thread() {
+  if (g_main_context_acquire(nullptr) == FALSE) {
+    throw Tstart_error("the main loop runs on another thread than the call");
+  }
+  g_main_context_release(nullptr);
+}
+
 }  // namespace
 
+void check_running() {
+  check_thread();
+  if (!wxThread::IsMain()) throw Tstart_error("the toolkit was started on another thread");
+  GdkSeat* const seat = gdk_display_get_default_seat(gdk_display_get_default());
+  if (seat == nullptr || gdk_seat_get_keyboard(seat) == nullptr) {
+    throw Tstart_error("the display has no keyboard");
+  }
+}
+
 void prepare_start() {
+  check_version();
+  check_thread();
   // Of no use, and complained about, once GTK runs for the host.
   if (gdk_display_get_default() == nullptr) gtk_disable_setlocale();
 }

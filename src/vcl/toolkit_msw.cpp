@@ -35,6 +35,7 @@ class Tnamed_accessible : public wxAccessible {
 }  // namespace
 
 void prepare_start() {}
+void check_running() {}
 
 // The window classes belong to this module: the host may have a toolkit of the
 // same make, with classes of the same names.

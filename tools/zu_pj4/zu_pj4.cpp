@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "basic/env.h"
+#include "basic/float_environment.h"
 #include "catalogue/pj_dbf.h"
 #include "catalogue_listing.h"
 #include "conversions.h"
@@ -18,6 +19,8 @@
 #include "terminal.h"
 #include "text/rc.h"
 #include "transformations.h"
+#include "vcl/look_scope.h"
+#include "vcl/toolkit.h"
 #include "zu_pj_edit/version.h"
 #include "zu_pj_edit/zu_pj_edit.h"
 
@@ -66,6 +69,9 @@ void apply(std::vector<std::string> const& definitions) {
 }
 
 int edit(std::string const& definition) {
+  // Without a display the dialog's call would be the same as a cancelled one.
+  zu::vcl::Tzu_look_scope const look;
+  zu::vcl::start();
   unsigned char changed = 0;
   std::string const input = terminal::to_library(transformations::definition_of(definition));
   std::cout << terminal::from_library(zu_proj4_form_execute(nullptr, input.c_str(), &changed))
@@ -276,6 +282,8 @@ int run(int argc, char** argv, Tzu_env& env) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // Whoever starts the program may have switched traps on in it.
+  zu::Tfloat_scope const floats;
   Tzu_env_console env;
   try {
     return run(argc, argv, env);

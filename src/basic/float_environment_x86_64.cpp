@@ -1,0 +1,49 @@
+#include <immintrin.h>
+
+#include "basic/float_environment.h"
+
+// The instructions themselves: MinGW's fesetenv leaves MXCSR as it is, and that of
+// the GNU library takes as long as transforming a point. Both units count, for the
+// x87 one reckons in libraries of the C run time.
+// NOLINTBEGIN(hicpp-no-assembler)
+
+namespace zu {
+namespace {
+
+constexpr unsigned default_mxcsr = 0x1F80;
+constexpr unsigned short default_control = 0x037F;
+constexpr unsigned short status_flags = 0x007F;
+
+unsigned short get_status() noexcept {
+  unsigned short status = 0;
+  asm volatile("fnstsw %0" : "=a"(status));
+  return status;
+}
+
+// Traps on what is pending.
+void set_control(unsigned short const& control) noexcept {
+  asm volatile("fldcw %0" : : "m"(control));
+}
+
+}  // namespace
+
+Tfloat_scope::Tfloat_scope() noexcept : mxcsr_(_mm_getcsr()), status_(get_status()) {
+  asm volatile("fnstcw %0" : "=m"(control_));
+  // Flags can be put back with all the rest alone.
+  if ((status_ & status_flags) != 0) asm volatile("fnstenv %0\n\tfnclex" : "=m"(environment_));
+  set_control(default_control);
+  _mm_setcsr(default_mxcsr);
+}
+
+void Tfloat_scope::restore() const noexcept {
+  if ((get_status() & status_flags) != 0) asm volatile("fnclex");
+  if ((status_ & status_flags) == 0)
+    set_control(control_);
+  else
+    asm volatile("fldenv %0" : : "m"(environment_));
+  _mm_setcsr(mxcsr_);
+}
+
+}  // namespace zu
+
+// NOLINTEND(hicpp-no-assembler)

@@ -1,0 +1,422 @@
+// Hosts that trap floating-point exceptions, round their own way or take small numbers
+// for 0: nothing of the library's traps in them, and they get back what they had.
+// The tests that are linked with float_traps_on.cpp show that our own arithmetic does
+// not even need the scope.
+
+#include "test_float_traps.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <limits>
+#include <regex>
+#include <set>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "basic/float_environment.h"
+#include "basic/number.h"
+#include "basic/thread.h"
+#include "core_support.h"
+#include "float_state.h"
+#include "interchange/known_systems.h"
+#include "layer_support.h"
+#include "pj_edit/edit_rules.h"
+#include "reproj/reproj_d2.h"
+#include "text/strconv.h"
+
+namespace {
+
+using core_test::Tfloat_state;
+using core_test::trapping;
+
+constexpr Tfloat_state as_c_has_it{};
+constexpr unsigned flags = 0x3F;
+
+// Traps and no flags; rounding up, in 24 bits; small numbers 0; flags raised; flags of
+// which the next x87 instruction would trap; the exceptions besides, too.
+constexpr std::array<Tfloat_state, 6> hosts{{trapping,
+                                             {0x5900, 0x0872},
+                                             {0x9940, 0x0C7F},
+                                             {0x1FBF, 0x037F, 0x3F},
+                                             {0x1900, 0x0372, 0x04},
+                                             {0x0000, 0x0340}}};
+
+// NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables): what handlers see
+int traps = 0;
+bool saw_scope = false;
+// NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables)
+
+bool watch(core_test::float_event event, unsigned mxcsr) {
+  if (event == core_test::float_event::trap) ++traps;
+  saw_scope = saw_scope || (mxcsr & ~flags) == as_c_has_it.mxcsr;
+  return !saw_scope;
+}
+
+// Steps through a call until it is seen in a scope.
+template <class Call>
+bool enters_scope(Call const& call) {
+  saw_scope = false;
+  // Past the red zone.
+  // NOLINTBEGIN(hicpp-no-assembler)
+  asm volatile(
+      "lea -128(%%rsp), %%rsp\n\tpushfq\n\torl $0x100, (%%rsp)\n\tpopfq\n\tlea 128(%%rsp), %%rsp" ::
+          : "memory", "cc");
+  call();
+  asm volatile(
+      "lea -128(%%rsp), %%rsp\n\tpushfq\n\tandl $~0x100, (%%rsp)\n\tpopfq\n\tlea 128(%%rsp), "
+      "%%rsp" ::
+          : "memory", "cc");
+  // NOLINTEND(hicpp-no-assembler)
+  return saw_scope;
+}
+
+// By both units.
+void divide_by_zero() {
+  volatile double zero = 0;
+  volatile double quotient = 1 / zero;
+  volatile long double wide_zero = 0;
+  volatile long double wide_quotient = 1 / wide_zero;
+  static_cast<void>(quotient);
+  static_cast<void>(wide_quotient);
+}
+
+// What a host has after a call; the test itself goes on as C has it.
+template <class Call>
+Tfloat_state after(Tfloat_state const& host, Call const& call) {
+  host.set();
+  call();
+  Tfloat_state const left = Tfloat_state::get();
+  as_c_has_it.set();
+  return left;
+}
+
+class Float_traps : public testing::Test {
+ protected:
+  static void SetUpTestSuite() { core_test::watch_floats(&watch); }
+  void SetUp() override { traps = 0; }
+  void TearDown() override { EXPECT_EQ(traps, 0); }
+};
+
+TEST_F(Float_traps, the_scope_is_as_c_has_it_and_gives_back_what_was_there) {
+  for (Tfloat_state const& host : hosts) {
+    Tfloat_state inside;
+    Tfloat_state of_thread;
+    EXPECT_EQ(
+        after(host,
+              [&] {
+                zu::Tfloat_scope const scope;
+                inside = Tfloat_state::get();
+                divide_by_zero();
+                zu::in_float_scope(&divide_by_zero);
+                zu::Tthread thread;
+                thread.start(
+                    [](void* state) { *static_cast<Tfloat_state*>(state) = Tfloat_state::get(); },
+                    &of_thread);
+              }),
+        host);
+    EXPECT_EQ(inside, as_c_has_it);
+    EXPECT_EQ(of_thread, as_c_has_it);
+    EXPECT_EQ(after(host,
+                    [] {
+                      try {
+                        zu::Tfloat_scope const scope;
+                        // As a callback may leave it.
+                        trapping.set();
+                        throw std::runtime_error("thrown inside");
+                      } catch (std::runtime_error const&) {
+                      }
+                    }),
+              host);
+  }
+  // The host still traps what it does itself.
+  after(trapping, [] {
+    zu::in_float_scope(&divide_by_zero);
+    divide_by_zero();
+  });
+  EXPECT_GE(std::exchange(traps, 0), 1);
+}
+
+// ---------------------------------------------------------------------------
+// The C-style layer.
+
+struct Tcall {
+  std::string name;
+  std::function<void()> make;
+  bool computes = true;
+};
+
+std::string name_in(std::string const& text) {
+  std::smatch found;
+  std::regex_search(text, found, std::regex("zu_[a-z0-9_]+"));
+  return found.str();
+}
+
+// A call, by the name of the function in it; what only moves values or text computes
+// nothing that could trap.
+#define COMPUTES(...)                                              \
+  Tcall {                                                          \
+    name_in(#__VA_ARGS__), [&] { static_cast<void>(__VA_ARGS__); } \
+  }
+#define MOVES(...)                                                        \
+  Tcall {                                                                 \
+    name_in(#__VA_ARGS__), [&] { static_cast<void>(__VA_ARGS__); }, false \
+  }
+
+std::set<std::string> declared_functions() {
+  std::set<std::string> names;
+  std::regex const function("\\b(zu_[a-z0-9_]+)\\(");
+  for (char const* const header : {"zu_pj4_layer.h", "string_adp.h", "geometry.h"}) {
+    std::ifstream file(std::filesystem::path(ZU_INCLUDE) / "zu_pj_edit" / header);
+    std::string const text{std::istreambuf_iterator<char>(file), {}};
+    for (std::sregex_iterator at(text.begin(), text.end(), function), end; at != end; ++at)
+      names.insert((*at)[1]);
+  }
+  return names;
+}
+
+constexpr char const* sphere = "+proj=longlat +R=6371000";
+constexpr char const* polar = "+proj=stere +lat_0=90 +lat_ts=70 +a=6378137 +b=6356752";
+constexpr wchar_t const* wide_sphere = L"+proj=longlat +R=6371000";
+constexpr wchar_t const* wide_polar = L"+proj=stere +lat_0=90 +lat_ts=70 +a=6378137 +b=6356752";
+
+TEST_F(Float_traps, every_function_of_the_layer_computes_in_a_scope) {
+  constexpr std::size_t many = 20000;
+  constexpr double infinity = std::numeric_limits<double>::infinity();
+  std::wstring const pj4 = layer_file(L"a.pj4");
+  std::wstring const prj = layer_file(L"a.prj");
+  std::vector<double> x(many, 0);
+  std::vector<double> y(many, 90);
+  std::array<double, 7> numbers{1e308, -1e308};
+  std::set<std::string> called;
+  for (Tfloat_state const& host : hosts) {
+    zu_pj4_params* params = nullptr;
+    zu_rpj_d2* one_way = nullptr;
+    zu_rpj_fb_d2* both_ways = nullptr;
+    Izu_string_adp* adapter = nullptr;
+    Tzu_pp2d* pv = nullptr;
+    Tzu_op2d* ov = nullptr;
+    Tzu_pvtx_d3* pv3d = nullptr;
+    Tzu_ovtx_d3* ov3d = nullptr;
+    Tzu_vtx_d2 vertex{};
+    Tzu_vtx_d3 vertex3d{};
+    Tzu_box_d2 box{};
+    Tzu_matrix3x3 matrix{};
+    double number = 0;
+    int integer = 0;
+    char const* text = nullptr;
+    auto const ignore = [](auto const* /*text*/, void* /*context*/) {};
+    std::vector<Tcall> const calls{
+        MOVES(adapter = zu_string_adp_create(ignore, ignore, nullptr)),
+        MOVES(zu_string_adp_feed_c(adapter, sphere)),
+        MOVES(zu_string_adp_feed(adapter, wide_sphere)),
+        COMPUTES(zu_pj4_save_simple_w(pj4.c_str(), wide_polar)),
+        COMPUTES(zu_pj4_load_simple_w(pj4.c_str(), adapter)),
+        COMPUTES(zu_pj4_export_esri(wide_sphere, adapter)),
+        COMPUTES(zu_pj4_export_esri_prj(wide_polar, prj.c_str())),
+        COMPUTES(zu_pj4_import_esri(prj.c_str(), adapter)),
+        COMPUTES(zu_pj4_import_esri_prj(L"GEOGCS[\"a\",DATUM[\"b\",SPHEROID[\"c\",6371000,0]]]",
+                                        adapter)),
+        COMPUTES(zu_pj4_import_crs(L"EPSG:3575", adapter)),
+        COMPUTES(zu_pj4_get_text(sphere, adapter)),
+        COMPUTES(zu_pj4_get_short_text(polar, adapter)),
+        COMPUTES(params = zu_pj4_params_create()),
+        COMPUTES(zu_pj4_params_set(params, polar)),
+        MOVES(zu_pj4_params_get(params)),
+        COMPUTES(zu_pj4_params_decompose(params)),
+        COMPUTES(zu_pj4_params_compose(params)),
+        COMPUTES(zu_pj4_params_compose_for_proj4(params)),
+        COMPUTES(zu_pj4_params_set_is_lon_wrap(params, 0)),
+        COMPUTES(zu_pj4_params_is_valid(params)),
+        COMPUTES(zu_pj4_params_is_sphere(params)),
+        COMPUTES(zu_pj4_params_equal(params, params)),
+        COMPUTES(zu_pj4_params_get_is_long_lat(params)),
+        COMPUTES(zu_pj4_params_get_is_lon_wrap(params)),
+        COMPUTES(zu_pj4_params_get_text(params, adapter)),
+        MOVES(zu_pj4_params_get_count()),
+        MOVES(zu_pj4_params_get_name(params, 0)),
+        COMPUTES(zu_pj4_params_get_def(params, "rf")),
+        COMPUTES(zu_pj4_params_set_def(params, "rf", 1)),
+        COMPUTES(zu_pj4_params_get_out_str(params, "rf")),
+        COMPUTES(zu_pj4_params_val_from_str(params, "rf", "1e999")),
+        COMPUTES(zu_pj4_params_get_str(params, "proj", &text)),
+        COMPUTES(zu_pj4_params_set_str(params, "proj", "merc")),
+        COMPUTES(zu_pj4_params_get_dbl(params, "rf", &number)),
+        COMPUTES(zu_pj4_params_set_dbl(params, "rf", infinity)),
+        COMPUTES(zu_pj4_params_get_int(params, "zone", &integer)),
+        COMPUTES(zu_pj4_params_set_int(params, "zone", 7)),
+        COMPUTES(zu_pj4_params_get_bool(params, "south", &integer)),
+        COMPUTES(zu_pj4_params_set_bool(params, "south", 1)),
+        COMPUTES(zu_pj4_params_set_towgs84(params, numbers.data())),
+        COMPUTES(zu_pj4_params_get_towgs84(params, numbers.data())),
+        COMPUTES(zu_pj4_params_set_is_long_lat(params)),
+        COMPUTES(zu_pj4_params_set_all_undefined(params)),
+        COMPUTES(zu_pj4_params_destroy(params)),
+        MOVES(zu_string_adp_destroy(adapter)),
+
+        MOVES(zu_vtx_d2_init_xy(&vertex, infinity, infinity)),
+        MOVES(zu_vtx_d3_init_xyz(&vertex3d, infinity, infinity, infinity)),
+        MOVES(zu_box_d2_init_xy(&box, 0, 80, 10, 90)),
+        MOVES(zu_matrix3x3_init_single(&matrix)),
+        COMPUTES(zu_matrix3x3_invert(&matrix)),
+        MOVES(pv = zu_pv_d2_create(2)),
+        MOVES(zu_pv_d2_get_size(pv)),
+        MOVES(zu_pv_d2_set_size(pv, 3)),
+        MOVES(zu_pv_d2_set_vtx(pv, 0, &vertex)),
+        MOVES(zu_pv_d2_get_vtx(pv, 0, &vertex)),
+        MOVES(ov = zu_ov_d2_create(1)),
+        MOVES(zu_ov_d2_get_size(ov)),
+        MOVES(zu_pv_d2_set_size(zu_ov_d2_get_pv_ptr(ov, 0), 5000)),
+        MOVES(zu_ov_d2_get_pv_ptr(ov, 0)),
+        MOVES(pv3d = zu_pv_d3_create(2)),
+        MOVES(zu_pv_d3_get_size(pv3d)),
+        MOVES(zu_pv_d3_set_size(pv3d, 3)),
+        MOVES(zu_pv_d3_set_vtx(pv3d, 0, &vertex3d)),
+        MOVES(zu_pv_d3_get_vtx(pv3d, 0, &vertex3d)),
+        MOVES(ov3d = zu_ov_d3_create(1)),
+        MOVES(zu_ov_d3_get_size(ov3d)),
+        MOVES(zu_ov_d3_get_pv_ptr(ov3d, 0)),
+
+        COMPUTES(one_way = zu_rpj_d2_create()),
+        COMPUTES(zu_rpj_d2_init_crs(one_way, wide_sphere, wide_polar)),
+        COMPUTES(zu_rpj_d2_init_ex(one_way, sphere, "+proj=merc +R=6371000")),
+        COMPUTES(zu_rpj_d2_set_use_reproj(one_way, 1)),
+        COMPUTES(zu_rpj_d2_set_affine_before(one_way, &matrix)),
+        COMPUTES(zu_rpj_d2_set_use_affine_before(one_way, 1)),
+        COMPUTES(zu_rpj_d2_set_affine_after(one_way, &matrix)),
+        COMPUTES(zu_rpj_d2_set_use_affine_after(one_way, 1)),
+        COMPUTES(zu_rpj_d2_apply_vtx(one_way, &vertex)),
+        COMPUTES(zu_rpj_d2_apply_pv(one_way, pv)),
+        COMPUTES(zu_rpj_d2_apply_ov(one_way, ov)),
+        COMPUTES(zu_rpj_d2_apply_vtx3d(one_way, &vertex3d)),
+        COMPUTES(zu_rpj_d2_apply_pv3d(one_way, pv3d)),
+        COMPUTES(zu_rpj_d2_apply_ov3d(one_way, ov3d)),
+        COMPUTES(zu_rpj_d2_apply_box_approx(one_way, &box)),
+        COMPUTES(zu_rpj_d2_apply_box_approx_ex(one_way, &box)),
+        COMPUTES(zu_rpj_d2_clear_buffer(one_way)),
+        COMPUTES(zu_rpj_d2_destroy(one_way)),
+
+        COMPUTES(both_ways = zu_rpj_fb_d2_create()),
+        COMPUTES(zu_rpj_fb_d2_init_crs(both_ways, wide_sphere, wide_polar)),
+        COMPUTES(zu_rpj_fb_d2_init_ex(both_ways, sphere, "+proj=merc +R=6371000")),
+        COMPUTES(zu_rpj_fb_d2_apply_xy(both_ways, many, x.data(), y.data(), 1)),
+        COMPUTES(zu_rpj_fb_d2_set_use_reproj(both_ways, 1)),
+        COMPUTES(zu_rpj_fb_d2_set_affine_before(both_ways, &matrix)),
+        COMPUTES(zu_rpj_fb_d2_set_use_affine_before(both_ways, 1)),
+        COMPUTES(zu_rpj_fb_d2_set_affine_after(both_ways, &matrix)),
+        COMPUTES(zu_rpj_fb_d2_set_use_affine_after(both_ways, 1)),
+        COMPUTES(zu_rpj_fb_d2_apply_vtx(both_ways, &vertex, 0)),
+        COMPUTES(zu_rpj_fb_d2_apply_pv(both_ways, pv, 0)),
+        COMPUTES(zu_rpj_fb_d2_apply_ov(both_ways, ov, 0)),
+        COMPUTES(zu_rpj_fb_d2_apply_vtx3d(both_ways, &vertex3d, 0)),
+        COMPUTES(zu_rpj_fb_d2_apply_pv3d(both_ways, pv3d, 0)),
+        COMPUTES(zu_rpj_fb_d2_apply_ov3d(both_ways, ov3d, 0)),
+        COMPUTES(zu_rpj_fb_d2_apply_box(both_ways, &box, 0)),
+        COMPUTES(zu_rpj_fb_d2_apply_box_approx(both_ways, &box, 0)),
+        COMPUTES(zu_rpj_fb_d2_clear_buffer(both_ways)),
+        COMPUTES(zu_rpj_fb_d2_destroy(both_ways)),
+        MOVES(zu_pv_d2_destroy(pv)),
+        MOVES(zu_ov_d2_destroy(ov)),
+        MOVES(zu_pv_d3_destroy(pv3d)),
+        MOVES(zu_ov_d3_destroy(ov3d)),
+    };
+    for (Tcall const& each : calls) {
+      bool const is_stepped = each.computes && called.insert(each.name).second;
+      bool entered = false;
+      EXPECT_EQ(after(host,
+                      [&] {
+                        if (is_stepped)
+                          entered = enters_scope(each.make);
+                        else
+                          each.make();
+                      }),
+                host)
+          << each.name;
+      EXPECT_EQ(entered, is_stepped) << each.name;
+      called.insert(each.name);
+    }
+  }
+  EXPECT_EQ(called, declared_functions());
+}
+
+// ---------------------------------------------------------------------------
+// What is in the catalogue, and what nobody should give.
+
+std::vector<std::string> definitions() {
+  std::vector<std::string> all{sphere, polar};
+  for (auto const& row : zu::known_systems) all.emplace_back(row.proj4);
+  for (char const* const given :
+       {"+a=6378245 +b=0", "+a=0 +b=0", "+a=6378137 +b=6378137", "+a=6378245 +rf=0",
+        "+a=6378245 +rf=1e-320", "+a=1e308 +b=-1e308", "+a=6378245 +b=1e999", "+a=nan +b=inf",
+        "+lon_0=1e308 +x_0=-1e308", "+lon_0=-1e308 +lat_0=1e308", "+lon_0=1e-400 +k_0=0x1p2000",
+        "+towgs84=1e308,-1e308,nan,inf,1e999,0,0", "+zone=1e30 +k_0=1e-310"})
+    for (char const* const projection : {"tmerc", "stere", "utm"})
+      all.push_back(std::string("+proj=") + projection + " " + given);
+  return all;
+}
+
+// The rules have no scope of their own here, the conversions do.
+TEST_F(Float_traps, nothing_traps_whatever_the_definition_and_results_are_the_same) {
+  zu::Tzu_pj_editor editor(zu::catalogue_lists::shipped());
+  zu_rpj_fb_d2* const reproj = zu_rpj_fb_d2_create();
+  std::string fed;
+  Izu_string_adp* const adapter = zu_string_adp_create(
+      [](char const* text, void* context) { static_cast<std::string*>(context)->append(text); },
+      [](wchar_t const* text, void* context) {
+        static_cast<std::string*>(context)->append(zu::strconv::to_utf8(text));
+      },
+      &fed);
+  for (std::string const& definition : definitions()) {
+    auto const use = [&] {
+      editor.set_proj4_string(definition.c_str());
+      fed = editor.get_proj4_string();
+      zu_pj4_export_esri(zu::strconv::from_utf8(definition).c_str(), adapter);
+      zu_pj4_import_esri_prj(
+          zu::strconv::from_utf8(fed.substr(std::min(fed.find('['), fed.size()))).c_str(), adapter);
+      double x = 37;
+      double y = 55;
+      int const done = zu_rpj_fb_d2_init_ex(reproj, sphere, definition.c_str());
+      zu_rpj_fb_d2_apply_xy(reproj, 1, &x, &y, 1);
+      for (double const number : {0.0 + done, x, y}) fed += zu::number::format_double(number) + ' ';
+    };
+    after(trapping, use);
+    EXPECT_EQ(std::exchange(traps, 0), 0) << definition;
+    std::string const trapped = std::exchange(fed, {});
+    use();
+    EXPECT_EQ(trapped, fed) << definition;
+  }
+  zu_string_adp_destroy(adapter);
+  zu_rpj_fb_d2_destroy(reproj);
+}
+
+// Chains without the PROJ step are ours alone.
+TEST_F(Float_traps, numbers_that_are_none_are_left_alone) {
+  constexpr double infinity = std::numeric_limits<double>::infinity();
+  constexpr double not_a_number = std::numeric_limits<double>::quiet_NaN();
+  Tzu_reproj_fb_d2 chain;
+  chain.get_reproj().set_use_reproj(false);
+  chain.get_reproj().set_affine_after({{0, 1, 0, 1, 0, 0, 0, 0, 1}});
+  chain.get_reproj().set_use_affine_after(true);
+  for (double const odd : {infinity, -infinity, not_a_number, 1e308}) {
+    after(trapping, [&] {
+      Tzu_vtx_d2 vertex{odd, 1};
+      Tzu_box_d2 box{0, 0, odd, 1};
+      chain.apply_vtx(&vertex, true);
+      chain.apply_box(&box, false);
+      chain.apply_box_approx(&box, true);
+      std::string text = zu::number::format_double(odd);
+      zu::number::append_fixed(text, odd, 3);
+      zu::number::distance(odd, -odd);
+    });
+    EXPECT_EQ(std::exchange(traps, 0), 0) << odd;
+  }
+}
+
+}  // namespace

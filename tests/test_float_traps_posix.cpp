@@ -1,0 +1,65 @@
+#include <gtest/gtest.h>
+#include <signal.h>  // NOLINT(hicpp-deprecated-headers,modernize-deprecated-headers): POSIX's own
+#include <ucontext.h>
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "core_support.h"
+#include "test_float_traps.h"
+
+namespace {
+
+constexpr greg_t step_flag = 0x100;
+
+core_test::float_watcher& watcher() {
+  static core_test::float_watcher kept = nullptr;
+  return kept;
+}
+
+void on_signal(int signal, siginfo_t* /*info*/, void* context) {
+  mcontext_t& machine = static_cast<ucontext_t*>(context)->uc_mcontext;
+  if (signal == SIGTRAP) {
+    if (!watcher()(core_test::float_event::step, machine.fpregs->mxcsr))
+      std::span(machine.gregs)[REG_EFL] &= ~step_flag;
+    return;
+  }
+  watcher()(core_test::float_event::trap, machine.fpregs->mxcsr);
+  machine.fpregs->mxcsr |= 0x1F80U;
+  machine.fpregs->cwd |= 0x3FU;
+}
+
+}  // namespace
+
+void core_test::watch_floats(float_watcher wanted) {
+  watcher() = wanted;
+  struct sigaction action {};
+  action.sa_sigaction = &on_signal;
+  action.sa_flags = SA_SIGINFO;
+  for (int const signal : {SIGFPE, SIGTRAP}) sigaction(signal, &action, nullptr);
+}
+
+namespace {
+
+// Whoever starts the program may have switched traps on in it.
+TEST(Float_traps_posix, the_program_is_masked_as_a_whole) {
+  for (std::vector<std::string> const& words : std::vector<std::vector<std::string>>{
+           {"apply", "+proj=longlat +R=6371000"},
+           {"normalize", "+proj=stere +lat_0=90 +lat_ts=70 +a=6378137 +b=6356752"},
+           {"import", "EPSG:28407"},
+           {"describe", "EPSG:3575"},
+           {"catalogue", "ellipsoids"},
+           {"transform", "--from", "EPSG:4326", "--to", "+proj=merc +R=6371000"}}) {
+    core_test::command const wanted{ZU_PJ4, words, "37.5 55.5\n0 90\n1e300 nan\n"};
+    auto const masked = core_test::run(wanted);
+    core_test::set_variable("LD_PRELOAD", ZU_FLOAT_TRAPS);
+    auto const trapping = core_test::run(wanted);
+    core_test::set_variable("LD_PRELOAD", nullptr);
+    EXPECT_EQ(trapping.out, masked.out) << words.front();
+    EXPECT_EQ(trapping.status, masked.status) << words.front() << trapping.err;
+    EXPECT_FALSE(masked.out.empty()) << words.front() << masked.err;
+  }
+}
+
+}  // namespace
