@@ -7,7 +7,7 @@ program host_pas;
 {$mode objfpc}{$H+}
 
 uses
-  Math, SysUtils, dynlibs;
+  SysUtils, dynlibs;
 
 type
   { The C bool-like flag is one byte. }
@@ -35,10 +35,6 @@ var
   changed: Byte;
   definition: AnsiString;
 begin
-  { Pascal's run time stops a program at a floating-point exception; C and C++
-    code, the form toolkit's included, expects none to be raised. }
-  SetExceptionMask([exInvalidOp, exDenormalized, exZeroDivide, exOverflow, exUnderflow, exPrecision]);
-
   library_path := ExtractFilePath(ParamStr(0)) + 'libzu_pj_edit.' + SharedSuffix;
   library_handle := LoadLibrary(library_path);
   if library_handle = NilHandle then

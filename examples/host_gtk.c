@@ -1,60 +1,30 @@
 /* A host of the dialog in plain C and GTK 3: an edit line with a definition, a
    button that opens the dialog on it, and what the dialog gave back.
 
-   usage: zu_demo_host [--run-once] [--controls FILE] [DEFINITION]
+   usage: zu_demo_host [--times N] [--library FILE] [--run-once] [--controls FILE]
+                       [DEFINITION]
 
-   --run-once       press "Edit..." by itself and end with the dialog
+   --times N        press "Edit..." N times by itself and end
+   --library FILE   the library; by default the one beside the program
+   --run-once       as --times 1
    --controls FILE  keep in FILE what the open dialog shows, and where */
-#include <dlfcn.h>
 #include <gdk/gdk.h>
 #include <gtk/gtk.h>
 #include <stdio.h>
-#include <string.h>
 #ifdef GDK_WINDOWING_X11
 #include <gdk/gdkx.h>
 #endif
 
+#include "host_common.h"
 #include "host_controls_gtk.h"
-#include "zu_pj_edit/zu_pj_edit.h"
-
-typedef char const* (*execute_function)(zu_pj_edit_window owner, char const* definition,
-                                        unsigned char* changed);
 
 typedef struct {
-  execute_function execute;
-  gboolean run_once;
+  host_state state;
   GtkWidget* window;
   GtkWidget* definition;
   GtkWidget* result;
   GtkWidget* changed;
 } host;
-
-/* The library lies beside this program. */
-static execute_function load_library(void) {
-  char* const program = g_file_read_link("/proc/self/exe", NULL);
-  char* const folder = g_path_get_dirname(program != NULL ? program : ".");
-  char* const path = g_build_filename(folder, "libzu_pj_edit.so", NULL);
-  void* const library = dlopen(path, RTLD_NOW | RTLD_LOCAL);
-  g_free(path);
-  g_free(folder);
-  g_free(program);
-  if (library == NULL) {
-    (void)fprintf(stderr, "zu_demo_host: cannot load the library: %s\n", dlerror());
-    return NULL;
-  }
-  void* const address = dlsym(library, "zu_proj4_form_execute");
-  if (address == NULL) {
-    (void)fprintf(stderr, "zu_demo_host: not the expected library: %s\n", dlerror());
-    dlclose(library);
-    return NULL;
-  }
-  /* C has no cast from an object's address to a function's. */
-  execute_function function = NULL;
-  memcpy(&function, &address, sizeof function);
-  /* The library stays loaded as long as the program runs. */
-  /* cppcheck-suppress resourceLeak */
-  return function;
-}
 
 /* Null where the display is not X11: the dialog then has no owner. */
 static zu_pj_edit_window window_id(GtkWidget* window) {
@@ -67,17 +37,12 @@ static zu_pj_edit_window window_id(GtkWidget* window) {
 }
 
 static void edit(host* self) {
-  /* A copy: the line may change while the dialog is open. */
-  char* const before = g_strdup(gtk_entry_get_text(GTK_ENTRY(self->definition)));
-  unsigned char changed = 0;
-  char const* const after = self->execute(window_id(self->window), before, &changed);
-
-  gtk_label_set_text(GTK_LABEL(self->result), after);
-  gtk_label_set_text(GTK_LABEL(self->changed), changed ? "1 (Apply)" : "0 (not applied)");
-  (void)printf("before: %s\nafter: %s\nchanged: %d\n", before, after, changed);
-  (void)fflush(stdout);
-  if (changed) gtk_entry_set_text(GTK_ENTRY(self->definition), after);
-  g_free(before);
+  host_set_definition(&self->state, gtk_entry_get_text(GTK_ENTRY(self->definition)));
+  host_edit(&self->state, window_id(self->window));
+  gtk_label_set_text(GTK_LABEL(self->result), self->state.definition);
+  gtk_label_set_text(GTK_LABEL(self->changed),
+                     self->state.changed ? "1 (Apply)" : "0 (not applied)");
+  if (self->state.changed) gtk_entry_set_text(GTK_ENTRY(self->definition), self->state.definition);
 }
 
 static void on_edit(GtkButton* button, gpointer context) {
@@ -85,10 +50,14 @@ static void on_edit(GtkButton* button, gpointer context) {
   edit(context);
 }
 
-static gboolean on_run_once(gpointer context) {
+static gboolean on_work(gpointer context) {
   host* const self = context;
   edit(self);
-  gtk_widget_destroy(self->window);
+  if (self->state.times > 0) {
+    g_timeout_add(host_pause_ms, on_work, self);
+  } else {
+    gtk_widget_destroy(self->window);
+  }
   return G_SOURCE_REMOVE;
 }
 
@@ -97,8 +66,13 @@ static gboolean on_run_once(gpointer context) {
 static gboolean on_map(GtkWidget* widget, GdkEvent* event, gpointer context) {
   (void)widget;
   (void)event;
-  g_timeout_add(500, on_run_once, context);
+  g_timeout_add(host_pause_ms, on_work, context);
   return FALSE;
+}
+
+static gboolean on_tick(gpointer context) {
+  host_tick(context);
+  return G_SOURCE_CONTINUE;
 }
 
 static GtkWidget* add_line(GtkGrid* grid, int row, char const* caption, GtkWidget* widget) {
@@ -139,17 +113,21 @@ static void build_window(host* self, char const* definition) {
   self->result = add_line(GTK_GRID(grid), 1, "Returned text", new_text());
   self->changed = add_line(GTK_GRID(grid), 2, "Changed flag", new_text());
 
-  if (self->run_once) g_signal_connect(self->window, "map-event", G_CALLBACK(on_map), self);
+  if (self->state.times > 0) g_signal_connect(self->window, "map-event", G_CALLBACK(on_map), self);
   gtk_widget_show_all(self->window);
 }
 
 int main(int argc, char** argv) {
   gboolean run_once = FALSE;
+  gint times = 0;
+  char* library = NULL;
   char* controls_file = NULL;
   char** definitions = NULL;
   GOptionEntry const options[] = {
       {"run-once", 0, 0, G_OPTION_ARG_NONE, &run_once, "Open the dialog at once, end with it",
        NULL},
+      {"times", 0, 0, G_OPTION_ARG_INT, &times, "Open the dialog N times by itself, and end", "N"},
+      {"library", 0, 0, G_OPTION_ARG_FILENAME, &library, "Where the library is", "FILE"},
       {"controls", 0, 0, G_OPTION_ARG_FILENAME, &controls_file,
        "Keep in FILE what the open dialog shows, and where", "FILE"},
       {G_OPTION_REMAINING, 0, 0, G_OPTION_ARG_STRING_ARRAY, &definitions, NULL, "[DEFINITION]"},
@@ -164,17 +142,15 @@ int main(int argc, char** argv) {
     return 2;
   }
 
-  host self = {.execute = load_library(), .run_once = run_once};
-  if (self.execute == NULL) return 1;
-  build_window(&self, definitions && definitions[0]
-                          ? definitions[0]
-                          : "+proj=tmerc +lon_0=78.05 +lat_0=0 +x_0=4500000 +y_0=-5811057.628 "
-                            "+k_0=1 +towgs84=24.82,-131.21,-82.66,0,0,0.16,-0.12 +ellps=krass "
-                            "+units=m +lon_wrap=45 +no_defs");
+  host self = {.state.times = run_once ? 1 : times};
+  if (!host_load(library)) return 1;
+  build_window(&self, definitions && definitions[0] ? definitions[0] : host_usual_definition);
+  g_timeout_add(host_tick_ms, on_tick, &self.state);
   if (controls_file != NULL) host_controls_watch(self.window, controls_file);
   gtk_main();
 
   g_strfreev(definitions);
+  g_free(library);
   g_free(controls_file);
   return 0;
 }

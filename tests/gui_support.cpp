@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <exception>
 
+#include "float_state.h"
 #include "zu_pj_edit/zu_pj_edit.h"
 
 namespace gui {
@@ -24,6 +25,20 @@ constexpr int patience_ms = 10'000;
 constexpr int whole_script_ms = 60'000;
 
 void pump() { wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL); }
+
+// What hosts of the Pascal family are, for a scope that a call of the library fills: it
+// must leave them so, on every way out.
+class Ttrapping_host {
+ public:
+  Ttrapping_host() { core_test::trapping.set(); }
+  ~Ttrapping_host() {
+    auto const left = core_test::Tfloat_state::get();
+    core_test::Tfloat_state().set();
+    EXPECT_EQ(left, core_test::trapping);
+  }
+  Ttrapping_host(Ttrapping_host const&) = delete;
+  Ttrapping_host& operator=(Ttrapping_host const&) = delete;
+};
 
 class Tevent_watch : public wxEventFilter {
  public:
@@ -119,8 +134,12 @@ outcome open_dialog(char const* definition, std::function<void(Tform&)> const& s
                     void* owner) {
   unsigned char changed = 7;
   char const* given = nullptr;
-  run_in_form([&] { given = zu_proj4_form_execute(owner, definition, &changed); },
-              [&](Tzu_vcl_form& form) { script(dynamic_cast<Tform&>(form)); });
+  run_in_form(
+      [&] {
+        Ttrapping_host const host;
+        given = zu_proj4_form_execute(owner, definition, &changed);
+      },
+      [&](Tzu_vcl_form& form) { script(dynamic_cast<Tform&>(form)); });
   return {given, given, changed};
 }
 

@@ -78,6 +78,16 @@ TEST_F(dialog, gives_back_what_was_applied) {
   EXPECT_EQ(unknown.changed, 1);
 }
 
+// What looks for an ellipsoid, PROJ and GDAL divide by zero for these; each host here
+// traps that.
+TEST_F(dialog, does_not_divide_by_what_is_not_given) {
+  EXPECT_EQ(open_dialog("+proj=longlat +R=6371000", apply).text,
+            "+proj=longlat +a=6371000 +b=6371000 +lon_wrap=45 +no_defs");
+  EXPECT_EQ(open_dialog("+proj=stere +lat_0=90 +lat_ts=70 +a=6378137 +b=6356752", apply).text,
+            "+proj=stere +lon_0=0 +lat_0=90 +x_0=0 +y_0=0 +lat_ts=70 +k_0=1 +datum=WGS84 "
+            "+towgs84=0,0,0,0,0,0,0 +ellps=WGS84 +units=m +lon_wrap=45 +no_defs");
+}
+
 TEST_F(dialog, shows_what_the_selectors_say) {
   outcome const result = open_dialog(moscow_tm, [](Tform& form) {
     Tzu_vcl_pj_proj& proj = *form.get_editor()->get_proj();

@@ -12,6 +12,8 @@
      failure or no. A null handle, text, file name, adapter or place for a result
      is a failure, which changes and writes nothing. Nothing is shown to the user.
      Beyond a lack of memory nothing is thrown.
+   - Floating point: as in zu_pj_edit.h. Callbacks of adapters are called without
+     traps, too. Functions that only hand values or texts over leave all as it is.
    - Handles belong to the caller: what a function ending in "_create" gave goes
      to the "_destroy" of the same prefix.
    - Text: narrow text is 8-bit in the system's ANSI code page, as in

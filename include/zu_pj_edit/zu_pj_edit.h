@@ -11,6 +11,11 @@
    - Text: zero-terminated 8-bit text in the system's ANSI code page. Off
      Windows that is the encoding of the user's locale, UTF-8 where the locale
      names none. Definitions are ASCII in practice.
+   - Floating point: the host may have set traps, rounding and precision as it likes;
+     when a call returns or is left by an exception they are again what they were,
+     status flags included. While the dialog is open its thread runs as C has it,
+     without traps and to the nearest number, and so does host code that is called
+     then: timers, window procedures, the editor module.
    - Ownership: the returned text belongs to the library. It stays valid until
      the next call of the same function or until the library is unloaded; copy
      it, never free it. The input text is read before the dialog opens and is

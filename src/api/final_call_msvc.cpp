@@ -5,12 +5,16 @@
 namespace zu {
 
 void* final_call(wide_function* function, void* window, void* first, void* second,
-                 void (*finish)()) {
+                 final_steps const& steps) {
   __try {
-    return function(window, first, second);
+    __try {
+      return function(window, first, second);
+    } __except (steps.search(), EXCEPTION_CONTINUE_SEARCH) {
+    }
   } __finally {
-    if (AbnormalTermination()) finish();
+    if (AbnormalTermination()) steps.finish();
   }
+  return nullptr;
 }
 
 }  // namespace zu

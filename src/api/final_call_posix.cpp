@@ -3,11 +3,12 @@
 namespace zu {
 
 void* final_call(wide_function* function, void* window, void* first, void* second,
-                 void (*finish)()) {
+                 final_steps const& steps) {
   try {
     return function(window, first, second);
   } catch (...) {
-    finish();
+    steps.search();
+    steps.finish();
     throw;
   }
 }

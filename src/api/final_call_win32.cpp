@@ -4,20 +4,28 @@
 extern "C" {
 void* zu_call_with_termination(zu::wide_function* function, void* window, void* first,
                                void* second);
+int zu_search_beyond_call(void* exception, void* frame);
 void zu_terminate_call(unsigned char abnormal, void* frame);
 }
 
 namespace {
-// A termination handler gets no context.
+// The handlers get no context.
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
-void (*finish_call)() = nullptr;
+zu::final_steps call_steps{};
 }  // namespace
 
-void zu_terminate_call(unsigned char /*abnormal*/, void* /*frame*/) { finish_call(); }
+int zu_search_beyond_call(void* /*exception*/, void* /*frame*/) {
+  call_steps.search();
+  return 0;  // the search goes on
+}
+
+void zu_terminate_call(unsigned char /*abnormal*/, void* /*frame*/) { call_steps.finish(); }
 
 // GCC has no __finally. In its words this is
-//   __try { return function(window, first, second); }
-//   __finally { if (AbnormalTermination()) finish_call(); }
+//   __try {
+//     __try { return function(window, first, second); }
+//     __except (zu_search_beyond_call(...)) {}
+//   } __finally { if (AbnormalTermination()) zu_terminate_call(...); }
 // NOLINTNEXTLINE(hicpp-no-assembler)
 asm(R"(
 	.text
@@ -40,7 +48,8 @@ zu_call_with_termination:
 	ret
 	.seh_handler __C_specific_handler, @unwind, @except
 	.seh_handlerdata
-	.long 1
+	.long 2
+	.rva .Lcall_begin, .Lcall_end, zu_search_beyond_call, .Lcall_end
 	.rva .Lcall_begin, .Lcall_end, zu_terminate_call
 	.long 0
 	.text
@@ -50,8 +59,8 @@ zu_call_with_termination:
 namespace zu {
 
 void* final_call(wide_function* function, void* window, void* first, void* second,
-                 void (*finish)()) {
-  finish_call = finish;
+                 final_steps const& steps) {
+  call_steps = steps;
   return zu_call_with_termination(function, window, first, second);
 }
 

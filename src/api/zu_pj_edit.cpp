@@ -59,8 +59,7 @@ void* zu_proj4_form_execute_w(zu_pj_edit_window owner, void* first, void* second
       "zuk_scene2d_editor_bdl", "zu_proj4_form_execute_w__impl");
   if (execute == nullptr) return nullptr;
   // The window is the application's by now, so the module is given none.
-  return zu::final_call(execute, nullptr, first, second, [] {
-    Tzu_application::instance().set_handle(kept_handle);
-    kept_floats->restore();
-  });
+  return zu::final_call(execute, nullptr, first, second,
+                        {[] { kept_floats->restore(); },
+                         [] { Tzu_application::instance().set_handle(kept_handle); }});
 }

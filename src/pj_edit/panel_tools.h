@@ -14,16 +14,25 @@ inline constexpr int editor_texts = 6;
 inline constexpr int selector_caption_width = 70;
 inline constexpr int number_width = 100;
 inline constexpr int projection_number_width = 70;
-// Room around the controls of a group.
+// Room around the controls of a group, and between two rows of them.
 inline constexpr int group_margin = 4;
+inline constexpr int row_gap = 4;
+
+// Puts a control below the rows that a sizer has.
+inline void add_row(wxSizer& rows, wxWindow& control) {
+  auto* const row = vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
+  int const gap = control.FromDIP(row_gap / 2);
+  row->Add(&control, wxSizerFlags().Expand().Border(wxTOP | wxBOTTOM, gap));
+  int const margin = control.FromDIP(group_margin);
+  rows.Add(row, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, margin));
+}
 
 // Makes a captioned control as the next one from the top of a group.
 template <class Control>
 Control* add_to_group(Tzu_vcl_group_box& group) {
   auto* const control = vcl::make_child<Control>(&group);
   control->create();
-  group.get_sizer()->Add(control,
-                         wxSizerFlags().Expand().Border(wxALL, control->FromDIP(group_margin)));
+  add_row(*group.get_sizer(), *control);
   return control;
 }
 

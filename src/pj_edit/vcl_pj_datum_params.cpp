@@ -7,6 +7,8 @@ namespace {
 
 constexpr std::size_t axes_count = 3;
 constexpr std::size_t scale_index = 6;
+// Metres, seconds and millionths need no more.
+constexpr wchar_t const* widest_shift = L"-0000.0000";
 
 }  // namespace
 
@@ -39,7 +41,7 @@ void Tzu_vcl_pj_datum_params::create() {
 }
 
 Tzu_vcl_dbl_edit* Tzu_vcl_pj_datum_params::add_edit(wxWindow* parent, std::size_t index) {
-  auto* const edit = zu::vcl::make_child<Tzu_vcl_dbl_edit>(parent);
+  auto* const edit = zu::vcl::make_child<Tzu_vcl_dbl_edit>(parent, widest_shift);
   edit->on_change = [this, edit, index] { editor_.set_shift(index, edit->get_value()); };
   edits_[index] = edit;
   return edit;

@@ -29,7 +29,7 @@ void Tzu_vcl_pj_edit::create() {
   type_ = zu::vcl::make_child<Tzu_vcl_caption_selbox>(top_);
   type_->create();
   type_->set_caption_width(zu::selector_caption_width);
-  type_->GetSizer()->SetMinSize(FromDIP(wxSize(type_width, 0)));
+  type_->GetSizer()->SetMinSize(zu::vcl::scaled(*this, wxSize(type_width, 0)));
   type_->add_item(L"none", static_cast<unsigned>(definition_kind::none));
   type_->add_item(L"usual", static_cast<unsigned>(definition_kind::usual));
   type_->add_item(L"zonal", static_cast<unsigned>(definition_kind::zonal));
@@ -38,14 +38,15 @@ void Tzu_vcl_pj_edit::create() {
   top_sizer->Add(type_, wxSizerFlags().Border(wxALL, FromDIP(type_left)));
   top_->SetSizer(top_sizer);
 
-  proj_ = zu::vcl::make_child<Tzu_vcl_pj_proj>(this, editor_);
+  auto* const room = zu::vcl::make_child<Tzu_vcl_scroll_box>(this);
+  proj_ = zu::vcl::make_child<Tzu_vcl_pj_proj>(room, editor_);
   proj_->create();
   proj_->on_projection_change = [this] {
     // A Gauss-Kruger system brings its datum.
     datum_->refresh();
     call_on_layout();
   };
-  datum_ = zu::vcl::make_child<Tzu_vcl_pj_datum>(this, editor_);
+  datum_ = zu::vcl::make_child<Tzu_vcl_pj_datum>(room, editor_);
   datum_->create();
   datum_->on_layout = [this] { call_on_layout(); };
 
@@ -54,10 +55,11 @@ void Tzu_vcl_pj_edit::create() {
   auto* const panels = zu::vcl::make_sizer<wxBoxSizer>(wxHORIZONTAL);
   panels->Add(proj_, wxSizerFlags().Expand());
   panels->Add(datum_, wxSizerFlags(1).Expand());
+  room->SetSizer(panels);
   auto* const sizer = zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
   sizer->Add(top_, wxSizerFlags().Expand());
   sizer->Add(note_, wxSizerFlags().Border(wxALL, FromDIP(type_left)));
-  sizer->Add(panels, wxSizerFlags(1).Expand());
+  sizer->Add(room, wxSizerFlags(1).Expand());
   SetSizer(sizer);
   refresh();
 }

@@ -7,6 +7,7 @@
 #include "pj_edit/panel_tools.h"
 #include "text/strconv.h"
 #include "text/string_adapter.h"
+#include "vcl/event_guard.h"
 #include "zu_pj_edit/zu_pj4_layer.h"
 
 namespace {
@@ -36,6 +37,11 @@ void Tzu_vcl_pj_edit_form::create() {
   sizer->Add(editor_, wxSizerFlags(1).Expand());
   sizer->Add(buttons_, wxSizerFlags().Expand());
   SetSizer(sizer);
+  // GTK by itself gives the keyboard to what lies first when the window appears,
+  // which is not laid out yet under some window managers.
+  zu::vcl::bind_guarded(*this, wxEVT_SHOW, [this] {
+    if (IsShown()) editor_->get_type()->get_selbox()->SetFocus();
+  });
   buttons_->on_apply = [this] { on_apply(); };
   buttons_->on_cancel = [this] { on_cancel(); };
   buttons_->on_load = [this] { on_load(); };

@@ -8,7 +8,7 @@ Tzu_vcl_pj_ellipse::Tzu_vcl_pj_ellipse(wxWindow* parent, zu::Tzu_pj_editor& edit
 
 void Tzu_vcl_pj_ellipse::create() {
   group_ = zu::fill_with_group(*this);
-  GetSizer()->SetMinSize(FromDIP(wxSize(0, panel_height)));
+  GetSizer()->SetMinSize(zu::vcl::scaled(*this, wxSize(0, panel_height)));
   ellipse_ = zu::add_to_group<Tzu_vcl_caption_selbox>(*group_);
   ellipse_->set_caption_width(zu::selector_caption_width);
   std::vector<Tzu_vcl_selbox_item> items;

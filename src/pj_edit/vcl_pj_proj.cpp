@@ -1,5 +1,9 @@
 #include "pj_edit/vcl_pj_proj.h"
 
+#include <wx/display.h>
+
+#include <algorithm>
+
 #include "basic/number.h"
 #include "pj_edit/panel_tools.h"
 #include "text/strconv.h"
@@ -16,11 +20,14 @@ Tzu_vcl_pj_proj::Tzu_vcl_pj_proj(wxWindow* parent, zu::Tzu_pj_editor& editor)
 
 void Tzu_vcl_pj_proj::create() {
   group_ = zu::fill_with_group(*this);
-  GetSizer()->SetMinSize(FromDIP(wxSize(panel_width, 0)));
+  // On a small screen the other panel needs its part more.
+  int const width =
+      std::min(zu::vcl::scaled(*this, panel_width), wxDisplay(this).GetClientArea().width * 3 / 8);
+  GetSizer()->SetMinSize(wxSize(width, 0));
   auto* const strip = zu::vcl::make_child<Tzu_vcl_panel>(group_);
   auto* const strip_sizer = zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
   strip->SetSizer(strip_sizer);
-  strip_sizer->SetMinSize(FromDIP(wxSize(0, strip_height)));
+  strip_sizer->SetMinSize(zu::vcl::scaled(*this, wxSize(0, strip_height)));
   for (auto** const part : {&usual_strip_, &zonal_strip_}) {
     *part = zu::vcl::make_child<Tzu_vcl_panel>(strip);
     (*part)->SetSizer(zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL));
@@ -64,7 +71,7 @@ Tzu_vcl_caption_selbox* Tzu_vcl_pj_proj::add_selector(Tzu_vcl_panel& strip) {
   auto* const selector = zu::vcl::make_child<Tzu_vcl_caption_selbox>(&strip);
   selector->create();
   selector->set_caption_width(zu::selector_caption_width);
-  strip.GetSizer()->Add(selector, wxSizerFlags().Expand().Border(wxALL, FromDIP(zu::group_margin)));
+  zu::add_row(*strip.GetSizer(), *selector);
   return selector;
 }
 

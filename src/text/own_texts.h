@@ -6,7 +6,7 @@ namespace zu {
 
 enum class own_text {
   no_catalogue,  // stands above the folders that were looked for
-  type_a_point,  // to who types a decimal comma
+  type_a_point,  // for who types a decimal comma
 };
 
 wchar_t const* get_own_text(own_text which);

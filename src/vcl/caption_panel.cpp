@@ -44,7 +44,7 @@ void Tzu_vcl_caption_panel::place() {
   auto const add = [this](wxWindow* window, int width, int gap, bool fills) {
     auto* const column = zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
     column->Add(window, 0, wxEXPAND | wxRIGHT, FromDIP(gap));
-    column->Add(FromDIP(width), 0);
+    column->Add(zu::vcl::scaled(*this, width), 0);
     GetSizer()->Add(column, fills ? 1 : 0, wxALIGN_CENTRE_VERTICAL);
   };
   bool const control_fills = edit_width_ == 0;

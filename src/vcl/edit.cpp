@@ -19,10 +19,6 @@ namespace {
 
 // All that a double tells and no more.
 constexpr int shown_digits = 15;
-// Room for a false northing with its decimals.
-constexpr wchar_t const* widest_number = L"-00000000.000";
-// What an edit needs about its text, in device-independent pixels.
-constexpr int edit_frame_width = 24;
 
 std::wstring to_text(double number) {
   return zu::strconv::from_utf8(zu::number::format_double(number, shown_digits));
@@ -84,8 +80,8 @@ wxSize Tzu_vcl_edit::DoGetBestSize() const {
 }
 
 // The toolkit shows Enter to edits alone that ask for it.
-Tzu_vcl_dbl_edit::Tzu_vcl_dbl_edit(wxWindow* parent)
-    : Tzu_vcl_edit(parent, {}, wxTE_PROCESS_ENTER) {
+Tzu_vcl_dbl_edit::Tzu_vcl_dbl_edit(wxWindow* parent, wchar_t const* widest)
+    : Tzu_vcl_edit(parent, {}, wxTE_PROCESS_ENTER), widest_(widest) {
   set_value(0);
   // The toolkit has asked for it already, before there was this class's answer.
   InvalidateBestSize();
@@ -144,7 +140,7 @@ void Tzu_vcl_dbl_edit::call_on_change() const {
 
 wxSize Tzu_vcl_dbl_edit::DoGetBestSize() const {
   wxSize best = Tzu_vcl_edit::DoGetBestSize();
-  best.x = GetTextExtent(widest_number).x + FromDIP(edit_frame_width);
+  best.x = zu::vcl::platform::edit_width(*this, GetTextExtent(widest_).x);
   return best;
 }
 

@@ -28,7 +28,11 @@ class Tzu_vcl_edit : public wxTextCtrl {
 // for the user to correct; the value stays the last accepted one.
 class Tzu_vcl_dbl_edit : public Tzu_vcl_edit {
  public:
-  explicit Tzu_vcl_dbl_edit(wxWindow* parent);
+  // Room for a false northing with its decimals.
+  static constexpr wchar_t const* widest_number = L"-00000000.000";
+
+  // The edit is wide enough for `widest`, a text that lives as long as the edit.
+  explicit Tzu_vcl_dbl_edit(wxWindow* parent, wchar_t const* widest = widest_number);
 
   double get_value() const noexcept { return value_; }
   // Stores the value as it is and shows it with 15 significant digits. Fires
@@ -89,6 +93,7 @@ class Tzu_vcl_dbl_edit : public Tzu_vcl_edit {
   void show_refusal_after_exit(std::wstring const& refused_text);
   bool is_in_use() const;
 
+  wchar_t const* widest_;
   double value_ = 0;
   bool use_min_ = false;
   bool use_max_ = false;

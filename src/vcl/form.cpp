@@ -1,6 +1,7 @@
 #include "vcl/form.h"
 
 #include <wx/display.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
 
 #include <algorithm>
@@ -11,6 +12,7 @@
 #include "vcl/edit.h"
 #include "vcl/event_guard.h"
 #include "vcl/owner_window.h"
+#include "vcl/panel.h"
 #include "vcl/toolkit.h"
 
 namespace {
@@ -38,11 +40,22 @@ void layout_all(wxWindow& window) {
     }
   };
   set_automatic(false);
-  window.Layout();
+  if (auto* const box = dynamic_cast<Tzu_vcl_scroll_box*>(&window))
+    box->FitInside();
+  else
+    window.Layout();
   set_automatic(true);
   for (wxWindow* const child : window.GetChildren()) {
     if (!child->IsTopLevel()) layout_all(*child);
   }
+}
+
+// What the controls need; where one way they get less, a bar to scroll them takes
+// room the other way.
+wxSize room_for_content(wxSizer& sizer, wxSize const& room) {
+  wxSize const need = sizer.GetMinSize();
+  return {need.x + (need.y > room.y ? wxSystemSettings::GetMetric(wxSYS_VSCROLL_X) : 0),
+          need.y + (need.x > room.x ? wxSystemSettings::GetMetric(wxSYS_HSCROLL_Y) : 0)};
 }
 
 bool commit_all(wxWindow& window) {
@@ -59,7 +72,7 @@ Tzu_vcl_form::Tzu_vcl_form()
              wxCAPTION | wxDIALOG_NO_PARENT) {
   SetEscapeId(wxID_NONE);
   zu::vcl::platform::prepare_form(*this);
-  SetSize(FromDIP(wxSize(least_width, least_height)));
+  SetSize(zu::vcl::scaled(*this, wxSize(least_width, least_height)));
   // Without a close box the window manager still has ways to close a window.
   zu::vcl::bind_guarded(*this, wxEVT_CLOSE_WINDOW, [this] { close_form(); });
 }
@@ -74,11 +87,12 @@ void Tzu_vcl_form::show_modal() {
   rethrow_held();
   owner_ =
       std::make_unique<zu::vcl::Tzu_owner_window>(*this, Tzu_application::instance().get_handle());
-  wxRect const around = owner_->get_place().value_or(screen_at({0, 0}));
-  wxPoint const centre = centre_of(around);
-  wxSize const size = GetSize();
-  Move(keep_on_screen({centre.x - size.x / 2, centre.y - size.y / 2, size.x, size.y},
-                      screen_at(centre)));
+  centre();
+  zu::vcl::platform::call_when_framed(*this, [this] {
+    if (!is_open()) return;
+    fit_to_content();
+    centre();
+  });
   // What is thrown while the form comes to the screen finds nothing to end yet.
   CallAfter([this] {
     if (held_) close_form();
@@ -88,6 +102,15 @@ void Tzu_vcl_form::show_modal() {
   if (IsShown()) Hide();
   owner_.reset();
   rethrow_held();
+}
+
+void Tzu_vcl_form::centre() {
+  wxRect const around = owner_->get_place().value_or(screen_at({0, 0}));
+  wxSize const size = GetClientSize() + zu::vcl::platform::frame_size(*this);
+  wxPoint const middle = centre_of(around);
+  zu::vcl::platform::move_to(
+      *this, keep_on_screen({middle.x - size.x / 2, middle.y - size.y / 2, size.x, size.y},
+                            screen_at(middle)));
 }
 
 bool Tzu_vcl_form::Show(bool show) {
@@ -102,17 +125,20 @@ void Tzu_vcl_form::close_form() {
 bool Tzu_vcl_form::commit_edits() { return commit_all(*this); }
 
 void Tzu_vcl_form::fit_to_content() {
-  wxRect const place = GetRect();
-  wxRect const screen = screen_at(IsShown() ? centre_of(place) : wxPoint());
-  wxSize size = place.GetSize();
-  size.IncTo(FromDIP(wxSize(least_width, least_height)));
-  if (GetSizer() != nullptr) size.IncTo(GetSizer()->ComputeFittingWindowSize(this));
-  size.DecTo(screen.GetSize());
-  if (size != place.GetSize()) {
+  wxRect const screen = screen_at(IsShown() ? centre_of(GetRect()) : wxPoint());
+  wxSize const frame = zu::vcl::platform::frame_size(*this);
+  // The inside is what counts: window managers may add the frame later.
+  wxSize const before = GetClientSize();
+  wxSize size = zu::vcl::scaled(*this, wxSize(least_width, least_height)) - frame;
+  if (IsShown()) size.IncTo(before);
+  wxSize const room = screen.GetSize() - frame;
+  if (GetSizer() != nullptr) size.IncTo(room_for_content(*GetSizer(), room));
+  size.DecTo(room);
+  if (size != before) {
     SetAutoLayout(false);
-    SetSize(size);
+    SetClientSize(size);
     SetAutoLayout(true);
-    if (IsShown()) Move(keep_on_screen({place.GetPosition(), size}, screen));
+    if (IsShown()) Move(keep_on_screen({GetPosition(), size + frame}, screen));
   }
   layout_all(*this);
 }

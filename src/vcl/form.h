@@ -15,6 +15,7 @@ class Tzu_owner_window;
 // close it. Subclasses fill it in create().
 class Tzu_vcl_form : public zu::vcl::Tmodal<wxDialog> {
  public:
+  // In the design's pixels, frame and all.
   static constexpr int least_width = 600;
   static constexpr int least_height = 360;
 
@@ -48,8 +49,8 @@ class Tzu_vcl_form : public zu::vcl::Tmodal<wxDialog> {
   // message shown and the focus on the edit, when a text was refused.
   bool commit_edits();
 
-  // Lays the whole form out anew and makes it large enough for its content.
-  // It never gets smaller and stays on the screen.
+  // Lays the whole form out anew and makes it large enough for its content, as
+  // far as the screen has room. It never gets smaller and stays on the screen.
   void fit_to_content();
 
   // The form that `window` is on, null when it is on none.
@@ -60,6 +61,8 @@ class Tzu_vcl_form : public zu::vcl::Tmodal<wxDialog> {
 
  private:
   void rethrow_held();
+  // Over the owner, or in the middle of the screen.
+  void centre();
 
   std::exception_ptr held_;
   // Of show_modal, while it runs.

@@ -2,11 +2,21 @@
 
 #include "text/rc.h"
 #include "text/strconv.h"
+#include "vcl/toolkit.h"
 
 namespace zu::vcl {
 
 std::wstring rc_text(int group, int index) {
   return strconv::from_interface(Tzu_rc::get_str(group, index));
+}
+
+int scaled(wxWindow const& window, int length) {
+  int const height = platform::control_height(window);
+  return (length * height + design_control_height / 2) / design_control_height;
+}
+
+wxSize scaled(wxWindow const& window, wxSize const& size) {
+  return {scaled(window, size.x), scaled(window, size.y)};
 }
 
 }  // namespace zu::vcl
@@ -17,6 +27,19 @@ Tzu_vcl_panel::Tzu_vcl_panel(wxWindow* parent)
               wxTAB_TRAVERSAL | wxBORDER_NONE) {
   // The toolkit takes a first size for the least one.
   SetMinSize(wxDefaultSize);
+}
+
+Tzu_vcl_scroll_box::Tzu_vcl_scroll_box(wxWindow* parent)
+    : wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                       wxTAB_TRAVERSAL | wxBORDER_NONE) {
+  int const step = FromDIP(zu::vcl::design_control_height / 2);
+  SetScrollRate(step, step);
+  zu::vcl::platform::prepare_scroll_box(*this);
+}
+
+// The toolkit's answer is a box in which all is scrolled.
+wxSize Tzu_vcl_scroll_box::DoGetBestSize() const {
+  return GetSizer() == nullptr ? wxSize() : const_cast<wxSizer*>(GetSizer())->GetMinSize();
 }
 
 Tzu_vcl_group_box::Tzu_vcl_group_box(wxWindow* parent)

@@ -3,6 +3,7 @@
 
 #include <wx/button.h>
 #include <wx/panel.h>
+#include <wx/scrolwin.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
@@ -28,6 +29,14 @@ Sizer* make_sizer(Arguments&&... arguments) {
 // An interface text in the current language.
 std::wstring rc_text(int group, int index);
 
+// The design is drawn in pixels for 96 dots per inch and controls of this height.
+inline constexpr int design_control_height = 21;
+
+// A length of the design at the window's resolution and with the controls of its
+// theme, which may be higher.
+int scaled(wxWindow const& window, int length);
+wxSize scaled(wxWindow const& window, wxSize const& size);
+
 }  // namespace zu::vcl
 
 // Containers are built in two steps after construction: create() makes and
@@ -41,6 +50,15 @@ class Tzu_vcl_panel : public wxPanel {
 
   virtual void create() {}
   virtual void load_rc() {}
+};
+
+// Asks for the room that its controls need, and scrolls them where it gets less.
+class Tzu_vcl_scroll_box : public wxScrolledWindow {
+ public:
+  explicit Tzu_vcl_scroll_box(wxWindow* parent);
+
+ protected:
+  wxSize DoGetBestSize() const override;
 };
 
 class Tzu_vcl_group_box : public wxStaticBox {

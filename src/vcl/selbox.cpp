@@ -1,17 +1,23 @@
 #include "vcl/selbox.h"
 
 #include <wx/arrstr.h>
+#include <wx/control.h>
+#include <wx/dcclient.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "vcl/event_guard.h"
 #include "vcl/list_keys.h"
+#include "vcl/panel.h"
 #include "vcl/toolkit.h"
 
 namespace {
 
 constexpr int first_width = 100;
 constexpr int first_height = 21;
+// In the design's pixels, with the arrow.
+constexpr int least_width = 70;
 
 template <class Predicate>
 int find_position(std::vector<Tzu_vcl_selbox_item> const& items, Predicate predicate) {
@@ -28,8 +34,14 @@ Tzu_vcl_selbox::Tzu_vcl_selbox(wxWindow* parent)
                parent->FromDIP(wxSize(first_width, first_height))) {
   SetMinSize(wxDefaultSize);
   zu::vcl::platform::prepare_list(*this);
+  zu::vcl::platform::watch_list(
+      *this, [this] { restore_active(); }, [this] { shorten_active(); });
   zu::vcl::platform::add_list_keys(*this);
   zu::vcl::bind_guarded(*this, wxEVT_CHOICE, [this] { on_self_change(); });
+  zu::vcl::bind_guarded(*this, wxEVT_SIZE, [this](wxSizeEvent& event) {
+    event.Skip();
+    shorten_active();
+  });
   // Who turns the wheel on the way to elsewhere does not mean to choose.
   zu::vcl::bind_guarded(*this, wxEVT_MOUSEWHEEL,
                         [this](wxMouseEvent& event) { event.Skip(HasFocus()); });
@@ -38,6 +50,7 @@ Tzu_vcl_selbox::Tzu_vcl_selbox(wxWindow* parent)
 void Tzu_vcl_selbox::clear() {
   Clear();
   items_.clear();
+  shortened_ = wxNOT_FOUND;
   longest_ = 0;
   widest_ = 0;
 }
@@ -59,7 +72,8 @@ void Tzu_vcl_selbox::add_items(std::span<Tzu_vcl_selbox_item const> items) {
   Append(captions);
   items_.insert(items_.end(), items.begin(), items.end());
   if (was_empty) SetSelection(0);
-  zu::vcl::platform::finish_list(*this);
+  zu::vcl::platform::finish_list(*this, widest_);
+  shorten_active();
 }
 
 bool Tzu_vcl_selbox::find_str(std::wstring const& caption, unsigned* key) const {
@@ -80,7 +94,9 @@ unsigned Tzu_vcl_selbox::get_active_idx() const {
 }
 
 void Tzu_vcl_selbox::set_active_idx(unsigned key) {
+  restore_active();
   SetSelection(find_position(items_, [key](auto const& item) { return item.key == key; }));
+  shorten_active();
 }
 
 std::wstring Tzu_vcl_selbox::get_active_caption() const {
@@ -89,7 +105,9 @@ std::wstring Tzu_vcl_selbox::get_active_caption() const {
 }
 
 void Tzu_vcl_selbox::set_active_caption(std::wstring const& caption) {
+  restore_active();
   SetSelection(find_position(items_, [&](auto const& item) { return item.caption == caption; }));
+  shorten_active();
 }
 
 std::wstring Tzu_vcl_selbox::get_item_captions(std::size_t position) const {
@@ -98,10 +116,41 @@ std::wstring Tzu_vcl_selbox::get_item_captions(std::size_t position) const {
 
 void Tzu_vcl_selbox::set_item_captions(std::size_t position, std::wstring const& caption) {
   if (position >= items_.size()) return;
+  restore_active();
   items_[position].caption = caption;
   SetString(static_cast<unsigned>(position), caption);
   measure(caption);
   InvalidateBestSize();
+  shorten_active();
+}
+
+void Tzu_vcl_selbox::on_self_change() {
+  // The list may be in the midst of its own change.
+  zu::vcl::call_after_guarded(*this, [this] { shorten_active(); });
+  call_on_change();
+}
+
+void Tzu_vcl_selbox::shorten_active() {
+  restore_active();
+  auto const* const item = get_active();
+  int const room = GetSize().x - GetSizeFromTextSize(0).x;
+  if (item == nullptr || room <= 0 || GetTextExtent(item->caption).x <= room) {
+    UnsetToolTip();
+    return;
+  }
+  SetToolTip(item->caption);
+  if (zu::vcl::platform::lists_shorten_captions()) return;
+  shortened_ = GetSelection();
+  wxClientDC dc(this);
+  dc.SetFont(GetFont());
+  SetString(static_cast<unsigned>(shortened_),
+            wxControl::Ellipsize(item->caption, dc, wxELLIPSIZE_END, room, wxELLIPSIZE_FLAGS_NONE));
+}
+
+void Tzu_vcl_selbox::restore_active() {
+  if (shortened_ == wxNOT_FOUND) return;
+  auto const position = static_cast<std::size_t>(std::exchange(shortened_, wxNOT_FOUND));
+  SetString(static_cast<unsigned>(position), items_[position].caption);
 }
 
 // Measuring takes long: a caption shorter by several letters is no wider.
@@ -113,8 +162,10 @@ void Tzu_vcl_selbox::measure(std::wstring const& caption) {
 }
 
 wxSize Tzu_vcl_selbox::DoGetBestSize() const {
-  // The toolkit would measure all items at every layout.
-  return GetSizeFromTextSize(widest_);
+  // The toolkit would measure all items at every layout, and make a form too wide.
+  wxSize best = GetSizeFromTextSize(widest_);
+  best.x = std::min(best.x, zu::vcl::scaled(*this, least_width));
+  return best;
 }
 
 void Tzu_vcl_selbox::call_on_change() const {

@@ -16,7 +16,8 @@ struct Tzu_vcl_selbox_item {
 };
 
 // A list to pick from. Each item has a key beside its caption; callers keep and
-// compare keys, positions serve only to set captions.
+// compare keys, positions serve only to set captions. A chosen caption that is
+// too long for the closed list is shortened there and is the list's tooltip.
 class Tzu_vcl_selbox : public wxChoice {
  public:
   explicit Tzu_vcl_selbox(wxWindow* parent);
@@ -48,17 +49,21 @@ class Tzu_vcl_selbox : public wxChoice {
   void call_on_change() const;
 
  protected:
-  // As wide as the widest caption needs.
   wxSize DoGetBestSize() const override;
 
  private:
-  void on_self_change() const { call_on_change(); }
+  void on_self_change();
+  // The closed list with the chosen caption shortened as needed, or whole as the
+  // open list has it.
+  void shorten_active();
+  void restore_active();
   Tzu_vcl_selbox_item const* get_active() const;
   void measure(std::wstring const& caption);
 
   std::vector<Tzu_vcl_selbox_item> items_;
-  std::size_t longest_ = 0;  // characters
-  int widest_ = 0;           // pixels
+  std::size_t longest_ = 0;      // characters
+  int widest_ = 0;               // pixels
+  int shortened_ = wxNOT_FOUND;  // position of the item whose text is shortened
 };
 
 class Tzu_vcl_combo_box : public wxComboBox {

@@ -1,6 +1,9 @@
 // Start of the window toolkit inside a host that may know nothing of it.
 #pragma once
 
+#include <wx/gdicmn.h>
+
+#include <functional>
 #include <stdexcept>
 #include <string>
 
@@ -47,10 +50,33 @@ void keep_library_loaded();
 // Gives a new form the border of a tool window.
 void prepare_form(wxDialog& form);
 
+// The height of a single-line control that stands for that of the design, with
+// which all lengths of the design grow.
+int control_height(wxWindow const& window);
+
+// Calls `settle` when the window manager has mapped the form and given it its
+// frame, unless the form is gone by then; never where no frame comes that late.
+void call_when_framed(wxDialog& form, std::function<void()> settle);
+
+// Moves the form, frame and all, also where the toolkit believes it to be there.
+void move_to(wxDialog& form, wxPoint const& place);
+
+// What the frame adds to the form's inside; nothing while it is not known.
+wxSize frame_size(wxDialog const& form);
+
+// Bars that show what there is to scroll are to stay in sight.
+void prepare_scroll_box(wxWindow& box);
+
 // Keep a drop-down list quick however many items it gets: before it has any, and
 // after it got some.
 void prepare_list(wxWindow& list);
-void finish_list(wxWindow& list);
+void finish_list(wxWindow& list, int widest_text);
+
+// Whether lists by themselves shorten a chosen text that they have no room for.
+bool lists_shorten_captions();
+// Where they do not: `open` is called before the list opens, `close` after it has
+// closed again.
+void watch_list(wxWindow& list, std::function<void()> open, std::function<void()> close);
 
 // Tells screen readers that `label` stands for `control`.
 void relate_label(wxWindow& label, wxWindow& control);
@@ -61,8 +87,10 @@ void announce_name(wxWindow& control);
 // too late; zero elsewhere.
 wchar_t letter_of(wxKeyEvent const& event);
 
-// The natural height of a single-line edit that is not hidden.
+// The natural height of a single-line edit that is not hidden, and the width that
+// it needs for a text of `text_width`.
 int best_edit_height(wxTextCtrl const& edit);
+int edit_width(wxTextCtrl const& edit, int text_width);
 
 }  // namespace platform
 }  // namespace zu::vcl

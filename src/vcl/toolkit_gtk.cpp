@@ -1,19 +1,42 @@
 #include <dlfcn.h>
 #include <gtk/gtk.h>
+#include <wx/dialog.h>
 #include <wx/event.h>
 #include <wx/init.h>
 #include <wx/textctrl.h>
 #include <wx/thread.h>
 
+#include <algorithm>
 #include <array>
+#include <memory>
 #include <string>
+#include <utility>
 
 #include "text/strconv.h"
 #include "vcl/list_button_gtk.h"
+#include "vcl/panel.h"
 #include "vcl/toolkit.h"
+
+// Xlib's macros spoil what comes after them.
+#include <gdk/gdkx.h>
 
 namespace zu::vcl::platform {
 namespace {
+
+// Of the theme and the text size that the latest form met.
+int& theme_control_height() {
+  static int height = 0;
+  return height;
+}
+
+gboolean on_map(GtkWidget* /*widget*/, GdkEvent* /*event*/, gpointer context) {
+  (*static_cast<std::function<void()>*>(context))();
+  return FALSE;
+}
+
+void drop_function(gpointer context, GClosure* /*closure*/) {
+  std::unique_ptr<std::function<void()>> const owned(static_cast<std::function<void()>*>(context));
+}
 
 // Screen readers meet a list as the button inside it that has the keyboard: its
 // name is the list's, its description what is chosen.
@@ -63,8 +86,6 @@ void check_running() {
 void prepare_start() {
   check_version();
   check_thread();
-  // Of no use, and complained about, once GTK runs for the host.
-  if (gdk_display_get_default() == nullptr) gtk_disable_setlocale();
 }
 
 bool start_toolkit() {
@@ -81,8 +102,48 @@ void keep_library_loaded() {
   static_cast<void>(dlopen(info.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE));
 }
 
-// Window managers keep tool windows out of reach of their keys.
-void prepare_form(wxDialog& /*form*/) {}
+// No tool window: window managers keep these out of reach of their keys.
+void prepare_form(wxDialog& /*form*/) {
+  GtkWidget* const entry = gtk_entry_new();
+  g_object_ref_sink(entry);
+  // A hidden one has no height.
+  gtk_widget_show(entry);
+  int least = 0;
+  int natural = 0;
+  gtk_widget_get_preferred_height(entry, &least, &natural);
+  theme_control_height() = std::max(natural, design_control_height);
+  gtk_widget_destroy(entry);
+  g_object_unref(entry);
+}
+
+int control_height(wxWindow const& /*window*/) { return theme_control_height(); }
+
+void call_when_framed(wxDialog& form, std::function<void()> settle) {
+  auto owned = std::make_unique<std::function<void()>>(std::move(settle));
+  g_signal_connect_data(form.GetHandle(), "map-event", G_CALLBACK(on_map), owned.release(),
+                        drop_function, G_CONNECT_AFTER);
+}
+
+// A window manager may have put the form elsewhere and not yet said so.
+void move_to(wxDialog& form, wxPoint const& place) {
+  form.Move(place);
+  gtk_window_move(GTK_WINDOW(form.GetHandle()), place.x, place.y);
+}
+
+wxSize frame_size(wxDialog const& form) {
+  GdkWindow* const window = gtk_widget_get_window(form.GetHandle());
+  if (window == nullptr || !GDK_IS_X11_WINDOW(window)) return form.GetSize() - form.GetClientSize();
+  GdkRectangle whole{};
+  gdk_window_get_frame_extents(window, &whole);
+  return {std::max(0, whole.width - gdk_window_get_width(window)),
+          std::max(0, whole.height - gdk_window_get_height(window))};
+}
+
+void prepare_scroll_box(wxWindow& box) {
+  GtkWidget* const widget = box.m_widget;
+  if (GTK_IS_SCROLLED_WINDOW(widget))
+    gtk_scrolled_window_set_overlay_scrolling(GTK_SCROLLED_WINDOW(widget), FALSE);
+}
 
 void prepare_list(wxWindow& list) {
   // As a menu every item would be a widget of its own, styled and measured
@@ -96,11 +157,15 @@ void prepare_list(wxWindow& list) {
   g_signal_connect(list.GetHandle(), "changed", G_CALLBACK(describe_choice), nullptr);
 }
 
-void finish_list(wxWindow& list) {
+void finish_list(wxWindow& list, int /*widest_text*/) {
   // The width comes from the form's layout, not from a look at every item.
   GtkWidget* const cells = gtk_bin_get_child(GTK_BIN(list.GetHandle()));
   if (GTK_IS_CELL_VIEW(cells)) gtk_cell_view_set_fit_model(GTK_CELL_VIEW(cells), FALSE);
 }
+
+bool lists_shorten_captions() { return true; }
+void watch_list(wxWindow& /*list*/, std::function<void()> /*open*/,
+                std::function<void()> /*close*/) {}
 
 void relate_label(wxWindow& label, wxWindow& control) {
   GtkWidget* const widget = label.GetHandle();
@@ -116,11 +181,16 @@ void announce_name(wxWindow& control) {
 
 wchar_t letter_of(wxKeyEvent const& event) {
   gunichar const letter = gdk_keyval_to_unicode(event.GetRawKeyCode());
-  return g_unichar_iscntrl(letter) ? 0 : static_cast<wchar_t>(letter);
+  return g_unichar_iscntrl(letter) != 0 ? 0 : static_cast<wchar_t>(letter);
 }
 
-// The toolkit's own answer changes when the edit first appears, which would
+// The toolkit's own answers change when the edit first appears, which would
 // leave forms laid out before that too small.
+int edit_width(wxTextCtrl const& edit, int text_width) {
+  constexpr int frame_width = 24;
+  return text_width + edit.FromDIP(frame_width);
+}
+
 int best_edit_height(wxTextCtrl const& edit) {
   GtkWidget* const widget = edit.GetHandle();
   int least = 0;

@@ -1,12 +1,16 @@
 #include <windows.h>
 // After the system's header.
+#include <commctrl.h>
 #include <wx/access.h>
 #include <wx/dialog.h>
 #include <wx/init.h>
 #include <wx/textctrl.h>
 
 #include <memory>
+#include <utility>
 
+#include "vcl/event_guard.h"
+#include "vcl/panel.h"
 #include "vcl/toolkit.h"
 
 namespace zu::vcl::platform {
@@ -51,9 +55,64 @@ void prepare_form(wxDialog& form) {
   SetWindowLongPtrW(window, GWL_EXSTYLE, GetWindowLongPtrW(window, GWL_EXSTYLE) | WS_EX_TOOLWINDOW);
 }
 
+int control_height(wxWindow const& window) { return window.FromDIP(design_control_height); }
+
+// The frame is there from the start.
+void call_when_framed(wxDialog& /*form*/, std::function<void()> /*settle*/) {}
+void move_to(wxDialog& form, wxPoint const& place) { form.Move(place); }
+wxSize frame_size(wxDialog const& form) { return form.GetSize() - form.GetClientSize(); }
+
+void prepare_scroll_box(wxWindow& /*box*/) {}
+
 // The system's own lists are quick as they are.
 void prepare_list(wxWindow& /*list*/) {}
-void finish_list(wxWindow& /*list*/) {}
+// Open, a list is as wide as its items need.
+void finish_list(wxWindow& list, int widest_text) {
+  int const frame = GetSystemMetrics(SM_CXVSCROLL) + 4 * GetSystemMetrics(SM_CXEDGE);
+  SendMessageW(list.GetHandle(), CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest_text + frame), 0);
+}
+
+bool lists_shorten_captions() { return false; }
+
+namespace {
+
+// What is told to the list's parent.
+class Tlist_watch {
+ public:
+  Tlist_watch(HWND list, std::function<void()> open, std::function<void()> close)
+      : list_(list), open_(std::move(open)), close_(std::move(close)) {}
+
+  static LRESULT CALLBACK on_message(HWND window, UINT message, WPARAM first, LPARAM second,
+                                     UINT_PTR id, DWORD_PTR context) {
+    auto* const watch = reinterpret_cast<Tlist_watch*>(context);
+    bool const is_own = message == WM_COMMAND && reinterpret_cast<HWND>(second) == watch->list_;
+    if (is_own && HIWORD(first) == CBN_DROPDOWN) watch->open_();
+    LRESULT const result = DefSubclassProc(window, message, first, second);
+    if (is_own && HIWORD(first) == CBN_CLOSEUP) watch->close_();
+    if (message == WM_NCDESTROY) {
+      RemoveWindowSubclass(window, &Tlist_watch::on_message, id);
+      std::unique_ptr<Tlist_watch> const owned(watch);
+    }
+    return result;
+  }
+
+ private:
+  HWND list_;
+  std::function<void()> open_;
+  std::function<void()> close_;
+};
+
+}  // namespace
+
+void watch_list(wxWindow& list, std::function<void()> open, std::function<void()> close) {
+  auto watch = std::make_unique<Tlist_watch>(
+      list.GetHandle(), std::move(open),
+      // The list is in the midst of its own change.
+      [&list, close = std::move(close)] { call_after_guarded(list, close); });
+  SetWindowSubclass(GetParent(list.GetHandle()), &Tlist_watch::on_message,
+                    reinterpret_cast<UINT_PTR>(list.GetHandle()),
+                    reinterpret_cast<DWORD_PTR>(watch.release()));
+}
 
 // The name says it all.
 void relate_label(wxWindow& /*label*/, wxWindow& /*control*/) {}
@@ -66,5 +125,8 @@ void announce_name(wxWindow& control) {
 wchar_t letter_of(wxKeyEvent const& /*event*/) { return 0; }
 
 int best_edit_height(wxTextCtrl const& edit) { return edit.GetSizeFromTextSize(1).y; }
+int edit_width(wxTextCtrl const& edit, int text_width) {
+  return edit.GetSizeFromTextSize(text_width).x;
+}
 
 }  // namespace zu::vcl::platform

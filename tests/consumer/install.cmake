@@ -6,13 +6,15 @@ execute_process(
   COMMAND_ERROR_IS_FATAL ANY)
 file(RENAME "${prefix}" "${moved}")
 
+set(data share/zu_pj_edit)
 set(database)
 if(windows)
+  set(data bin)
   set(database bin/proj.db)
 endif()
 foreach(file include/zu_pj_edit/zu_pj_edit.h include/zu_pj_edit/version.h
-             bin/prj_def/pj_proj1.dbf bin/prj_def/pj_proj2.dbf
-             bin/prj_def/pj_datum.dbf bin/prj_def/pj_ellps.dbf ${database})
+             ${data}/prj_def/pj_proj1.dbf ${data}/prj_def/pj_proj2.dbf
+             ${data}/prj_def/pj_datum.dbf ${data}/prj_def/pj_ellps.dbf ${database})
   if(NOT EXISTS "${moved}/${file}")
     message(FATAL_ERROR "not installed: ${file}")
   endif()

@@ -1,5 +1,5 @@
 // The wide call and the host's editor module: what reaches it, and that whatever
-// leaves it, the application's window comes back.
+// leaves it, the application's window comes back and the host's floating-point traps.
 
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -9,6 +9,7 @@
 
 #include "core_support.h"
 #include "editor_module.h"
+#include "float_state.h"
 #include "vcl/application.h"
 #include "zu_pj_edit/zu_pj_edit.h"
 
@@ -84,8 +85,13 @@ class wide_call : public testing::TestWithParam<bool> {
   }
 
  protected:
-  void SetUp() override { application_.set_handle(&kept_); }
+  void SetUp() override {
+    application_.set_handle(&kept_);
+    core_test::trapping.set();
+  }
   void TearDown() override {
+    EXPECT_EQ(core_test::Tfloat_state::get(), core_test::trapping);
+    core_test::Tfloat_state().set();
     EXPECT_EQ(application_.get_handle(), &kept_);
     application_.set_handle(nullptr);
   }
