@@ -13,8 +13,6 @@
 
 namespace {
 
-using Tfile_dialog = zu::vcl::Tmodal<wxFileDialog>;
-
 // Position of a file type in the filter of both file dialogs.
 enum file_type { parameters_file = 0, esri_file = 1 };
 

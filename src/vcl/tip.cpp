@@ -27,7 +27,7 @@ void Tzu_vcl_tip::show(std::wstring const& text) {
   text_->SetLabelText(text);
   Fit();
   wxWindow const& control = *GetParent();
-  Position(control.GetScreenPosition(), control.GetSize());
+  Position(control.GetScreenPosition(), wxSize(0, control.GetSize().y));
   Show();
   end_.StartOnce(shown_ms);
 }

@@ -186,7 +186,7 @@ void announce_name(wxWindow& control) {
 
 wchar_t letter_of(wxKeyEvent const& event) {
   gunichar const letter = gdk_keyval_to_unicode(event.GetRawKeyCode());
-  return g_unichar_iscntrl(letter) ? 0 : static_cast<wchar_t>(letter);
+  return g_unichar_iscntrl(letter) != 0 ? 0 : static_cast<wchar_t>(letter);
 }
 
 // The toolkit's own answers change when the edit first appears, which would
