@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
@@ -49,9 +50,16 @@ Trecord& the_record() {
   return instance;
 }
 
-constexpr std::array<system_page, 2> pages{
+// The second bytes of the double-byte page are those of "\\", "G" and "]".
+std::array<system_page, 4> const pages{
     {{"CP1251", L"\u0416\u0435\u20AC", "\xC6\xE5\x88", {L"\u00FC", L"\u4E2D", L"\U0001F600"}, "u"},
-     {"CP1252", L"\u00FC\u00E9\u20AC", "\xFC\xE9\x80", {L"\u0101", L"\u0416", L"\u4E2D"}, "a"}}};
+     {"CP1252", L"\u00FC\u00E9\u20AC", "\xFC\xE9\x80", {L"\u0101", L"\u0416", L"\u4E2D"}, "a"},
+     {"CP932",
+      L"\u8868\u0416\u30BE",
+      "\x95\\\x84G\x83]",
+      {L"\u00FC", L"\u0101", L"\U0001F600"},
+      "u"},
+     {"UTF-8", L"\u8868\u0416\u20AC", "\xE8\xA1\xA8\xD0\x96\xE2\x82\xAC", {}, "u"}}};
 
 }  // namespace
 

@@ -2,7 +2,6 @@
 // of one test, and the record of the texts that a test gets.
 #pragma once
 
-#include <array>
 #include <clocale>
 #include <filesystem>
 #include <initializer_list>
@@ -65,9 +64,9 @@ struct system_page {
   char const* encoding;
   wchar_t const* letters;
   char const* bytes;  // the letters in this page
-  // What the page cannot spell. The first is one that Windows takes for the
-  // letter `like` when asked for that page.
-  std::array<wchar_t const*, 3> foreign;
+  // What the page cannot spell, if anything. The first is one that Windows takes
+  // for the letter `like` when asked for that page.
+  std::vector<wchar_t const*> foreign;
   char const* like;
 };
 

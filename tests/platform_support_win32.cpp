@@ -55,7 +55,7 @@ void set_variable(char const* name, char const* value) {
 }
 
 bool can_have_system_page(std::string_view encoding) {
-  return encoding == "CP" + std::to_string(GetACP());
+  return encoding == (GetACP() == CP_UTF8 ? "UTF-8" : "CP" + std::to_string(GetACP()));
 }
 
 std::vector<char const*> comma_locales() { return {"German_Germany.1252", "Russian_Russia.1251"}; }

@@ -75,6 +75,7 @@ TEST(Description, in_both_languages) {
   for (auto const& page : core_test::system_pages()) {
     core_test::Tsystem_page const now(page);
     auto const definition = "+datum=" + zu::strconv::to_system(L"\u20AC");
+    if (!zu::strconv::has_system_spelling(L"\u20AC")) continue;
     EXPECT_EQ(description(english, definition), "Datum = \x88\r\n")
         << page.encoding << ": spelled in the page of the captions";
   }

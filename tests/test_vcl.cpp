@@ -171,6 +171,23 @@ TEST(vcl, selector_chooses_by_key_and_by_caption) {
   EXPECT_EQ(0U, list.get_active_idx());
 }
 
+// As in a table of another page than the system's.
+TEST(vcl, zonal_projection_is_chosen_by_the_catalogues_own_bytes) {
+  constexpr char const* name = "\xC6\xFF";
+  Tzu_pj_proj_defs zonal;
+  zonal.add().set_caption("UTM");
+  zonal.add().set_caption(name);
+  Tzu_pj_datum_defs const datums;
+  Tzu_pj_ellipse_defs const ellipses;
+  zu::Tzu_pj_editor editor({zonal, zonal, datums, ellipses});
+  Tzu_vcl_form form;
+  auto& panel = *zu::vcl::make_child<Tzu_vcl_pj_proj>(&form, editor);
+  panel.create();
+  panel.get_zonal()->get_selbox()->SetSelection(1);
+  panel.get_zonal()->on_change();
+  EXPECT_EQ(editor.state().zonal_name, name);
+}
+
 TEST(vcl, keys_choose_in_a_list_and_the_wheel_in_one_that_has_the_focus) {
   open_dialog(moscow_tm, [](Tform& form) {
     Tzu_vcl_selbox& list = type(form);

@@ -51,7 +51,11 @@ void Tzu_vcl_pj_proj::create() {
     items.push_back({zu::strconv::from_system(name), zonal_key});
   zonal_->add_items(items);
   zonal_->on_change = [this] {
-    editor_.choose_zonal(zu::strconv::to_system(zonal_->get_active_caption()));
+    // In the catalogue's own bytes: not all of them come back from wide text.
+    auto const names = editor_.zonal_names();
+    auto const name =
+        std::ranges::find(names, zonal_->get_active_caption(), zu::strconv::from_system);
+    if (name != names.end()) editor_.choose_zonal(*name);
     on_change();
   };
 
