@@ -283,8 +283,10 @@ TEST_F(dialog, tab_walks_in_reading_order) {
     for (std::size_t i = 0; i < order.size(); ++i) {
       if (i != 0) press(WXK_TAB);
       wxWindow* const focus = wxWindow::FindFocus();
-      // GTK gives the keys to a part of a list that the toolkit does not know.
-      bool const is_known = focus != nullptr || dynamic_cast<wxChoice*>(order[i]) == nullptr;
+      // GTK gives the keys to a part of a list that the toolkit does not know: then
+      // it tells nothing, or what it was asked to give the keys to before.
+      bool const is_known = dynamic_cast<wxChoice*>(order[i]) == nullptr ||
+                            (focus != nullptr && (i == 0 || focus != order[i - 1]));
       if (is_known && order[i] != nullptr) {
         EXPECT_EQ(focus, order[i]) << i;
       }

@@ -82,13 +82,20 @@ static BOOL CALLBACK on_control(HWND window, LPARAM context) {
 static text const* first;
 static size_t first_count;
 
+static HWND host;
+static names got;
+
+/* On the form's thread: Wine does not take the answers to another one. */
+static BOOL on_host_message(HWND window, UINT message) {
+  if (window != host || message != WM_APP) return FALSE;
+  EnumChildWindows(find_dialog(NULL), on_control, (LPARAM)got);
+  return TRUE;
+}
+
 static void script_listen(HWND form) {
-  static names got;
   static names expected;
   got[0] = expected[0] = 0;
-  CHECK(SUCCEEDED(CoInitializeEx(NULL, COINIT_MULTITHREADED)));
-  EnumChildWindows(form, on_control, (LPARAM)got);
-  CoUninitialize();
+  SendMessageW(host, WM_APP, 0, 0);
   append_texts(expected, first, first_count);
   if (first != unknown) append_texts(expected, datum, COUNT(datum));
   append_texts(expected, buttons, COUNT(buttons));
@@ -99,10 +106,12 @@ static void script_listen(HWND form) {
 static void check_names(char const* definition, text const* texts, size_t count) {
   first = texts;
   first_count = count;
-  (void)run_form(NULL, definition, script_listen);
+  (void)run_form(host, definition, script_listen);
 }
 
 HOST_CASE(controls_are_known_by_their_captions) {
+  host = open_host();
+  host_hook = on_host_message;
   check_names("", unknown, COUNT(unknown));
   check_names(MOSCOW, usual, COUNT(usual));
   check_names("+proj=utm +zone=37 +datum=WGS84", zonal, COUNT(zonal));
