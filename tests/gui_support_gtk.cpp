@@ -102,8 +102,12 @@ void pick(Tzu_vcl_selbox& list, int position) {
 
 }  // namespace platform
 
-// On a connection of its own, with which it goes.
-Tforeign_window::Tforeign_window(wxRect const& place) {
+// On a connection of its own, with which it goes. The server counts the pixels of
+// the screen.
+Tforeign_window::Tforeign_window(wxRect const& wanted) {
+  int const scale =
+      gdk_monitor_get_scale_factor(gdk_display_get_monitor(gdk_display_get_default(), 0));
+  wxRect const place(wanted.GetPosition() * scale, wanted.GetSize() * scale);
   Display* const display = XOpenDisplay(nullptr);
   window_.reset(display, XCloseDisplay);
   Window const window = XCreateSimpleWindow(display, DefaultRootWindow(display), place.x, place.y,
