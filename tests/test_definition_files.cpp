@@ -1,9 +1,9 @@
+// Definition files beside what they hold, which cases/core tells.
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "core_support.h"
 #include "esri_text.h"
@@ -20,7 +20,6 @@ using core_test::put_file;
 using core_test::Tsystem_page;
 using core_test::Ttemp_folder;
 using core_test::zone_7_wkt;
-using contents = std::vector<std::pair<std::string, std::wstring>>;
 
 std::wstring load_simple(std::wstring const& name) {
   return fed_by([&](Izu_string_adp* adapter) { zu_pj4_load_simple_w(name.c_str(), adapter); });
@@ -28,44 +27,6 @@ std::wstring load_simple(std::wstring const& name) {
 
 std::wstring load_esri(std::wstring const& name) {
   return fed_by([&](Izu_string_adp* adapter) { zu_pj4_import_esri(name.c_str(), adapter); });
-}
-
-TEST(Definition_file, both_forms_load) {
-  Ttemp_folder const folder;
-  std::wstring const name = folder.wide(L"f.pj4");
-  for (auto const& [content, text] : contents{
-           {"[projection]\npj4=+proj=utm +zone=37\n", L"+proj=utm +zone=37"},
-           {"; note\r\n[Other]\r\nPJ4=x\r\n[PROJECTION]\r\n Pj4 = +proj=merc \r\n", L"+proj=merc"},
-           {"[projection]\npj4=hand made\n", L"hand made"},
-           {"[projection]\nother=1\n", L""},
-           {"[projection]\npj4=+nadgrids=\xD0\x96\n", L"+nadgrids=\u0416"},
-           {"[projection]\npj4=+proj=utm +init= EPSG:4326\t\n",
-            L"+proj=longlat +datum=WGS84 +no_defs"},
-           {"[projection]\npj4=+init=\n", L"unfed"},
-           {" \t\v\f\r\n+proj=merc +k=1 \r\n", L"+proj=merc +k=1"},
-           {"+proj=merc\n[projection]\npj4=+proj=utm\n",
-            L"+proj=merc\n[projection]\npj4=+proj=utm"},
-           {std::string("+proj=merc\0+k=1", 15), L"+proj=merc"},
-           {" +init=epsg:2502\r\n",
-            L"+proj=tmerc +lat_0=0 +lon_0=69 +k=1 +x_0=500000 +y_0=0 +ellps=krass "
-            L"+towgs84=25,-141,-78.5,0,0.35,0.736,0 +units=m +no_defs"},
-           {"+init=nobody:4326", L"unfed"},
-           {"+init=/etc/passwd", L"unfed"},
-           {"proj=merc", L"unfed"},
-           {"", L"unfed"},
-           {" \n", L"unfed"},
-           {"\xEF\xBB\xBF+proj=merc", L"unfed"}}) {
-    put_file(folder.file("f.pj4"), content);
-    EXPECT_EQ(load_simple(name), text) << content;
-  }
-  put_file(folder.file("f.pj4"), "[projection]\npj4=+proj=utm\n");
-  EXPECT_EQ(fed_by([&](Izu_string_adp* adapter) {
-              EXPECT_FALSE(Tzu_add_file::load_pj4_mgs(name, adapter));
-            }),
-            L"unfed")
-      << "the plain form begins with a plus";
-  EXPECT_EQ(load_simple(folder.wide(L"missing.pj4")), L"unfed");
-  EXPECT_EQ(load_simple(folder.wide(L"")), L"unfed") << "a folder";
 }
 
 constexpr wchar_t const* zone_7_definition =
@@ -121,23 +82,9 @@ TEST(Definition_file, saves_nothing_under_another_name) {
   }
 }
 
-TEST(Definition_file, unusable_esri_files_are_refused_and_failures_write_nothing) {
+TEST(Definition_file, failures_write_nothing) {
   Ttemp_folder const folder;
   std::wstring const name = folder.wide(L"f.prj");
-  std::string const whole = zone_7_wkt;
-  for (auto const& [content, text] : contents{{"", L"unfed"},
-                                              {"+proj=merc", L"unfed"},
-                                              {whole.substr(0, 200), L"unfed"},
-                                              {"\xEF\xBB\xBF" + whole, L"unfed"},
-                                              {std::string("\0", 1) + whole, L"unfed"},
-                                              {whole + std::string("\0junk", 5), zone_7_definition},
-                                              {whole + "\r\n", zone_7_definition}}) {
-    put_file(folder.file("f.prj"), content);
-    EXPECT_EQ(load_esri(name), text) << content;
-  }
-  for (wchar_t const* missing : {L"no.prj", L"no/f.prj", L""})
-    EXPECT_EQ(load_esri(folder.wide(missing)), L"unfed");
-
   put_file(folder.file("f.prj"), "kept");
   for (wchar_t const* definition : {L"", L"+proj=nonsense", L"text", L"+init=/etc/passwd:x"}) {
     EXPECT_FALSE(zu_pj4_export_esri_prj(definition, name.c_str()));

@@ -1,15 +1,14 @@
-// The editing rules: opening a definition and pressing Apply, and what the
-// choices of the user change on the way.
+// The editing rules over many definitions, with the catalogue of the installation.
+// What becomes of single ones, and what a user chooses, is in cases/core.
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <optional>
 #include <string>
-#include <tuple>
 #include <vector>
 
-#include "catalogue_tables.h"
+#include "core_support.h"
 #include "libproj.h"
 #include "pj_edit/edit_rules.h"
 
@@ -17,8 +16,6 @@ namespace {
 
 using zu::definition_kind;
 using zu::Tzu_pj_editor;
-// A definition, or a part of one, and what becomes of it.
-using made = std::pair<char const*, char const*>;
 
 std::string open_and_apply(Tzu_pj_editor& editor, std::string const& definition) {
   editor.set_proj4_string(definition.c_str());
@@ -41,9 +38,6 @@ std::string zone_definition(int meridian, int easting, std::string const& datum)
   return "+proj=tmerc +lon_0=" + std::to_string(meridian) +
          " +lat_0=0 +x_0=" + std::to_string(easting) + " +y_0=0 +k_0=1 " + datum + tail;
 }
-
-// ---------------------------------------------------------------------------
-// With the catalogue of the installation.
 
 class Shipped : public testing::Test {
  protected:
@@ -89,15 +83,6 @@ TEST_F(Shipped, OpensZonesAsZonal) {
   }
 }
 
-// A zone that there is not is unknown, not another zone.
-TEST_F(Shipped, KeepsUtmZonesAndHasNoOther) {
-  for (std::string const zone : {"+zone=1", "+zone=37 +south", "+zone=60"})
-    EXPECT_EQ(open_and_apply(editor, "+proj=utm " + zone + " +datum=WGS84"),
-              "+proj=utm " + zone + " +datum=WGS84 +towgs84=0,0,0,0,0,0,0 +ellps=WGS84" + tail);
-  for (char const* zone : {"", " +zone=0", " +zone=61", " +zone=-3", " +zone=x"})
-    EXPECT_EQ(open_and_apply(editor, std::string("+proj=utm +datum=WGS84") + zone), "") << zone;
-}
-
 TEST_F(Shipped, NeverComesBackWithAnotherMeridian) {
   for (int half = -720; half <= 720; ++half) {
     for (double const easting :
@@ -114,52 +99,6 @@ TEST_F(Shipped, NeverComesBackWithAnotherMeridian) {
   }
 }
 
-// A zone is a zone only with all that it fixes.
-TEST_F(Shipped, OpensWhatDiffersFromAZoneAsUsual) {
-  for (std::string const definition : {"+lon_0=39 +lat_0=0 +x_0=7500000 +y_0=0 +k_0=0.9996",
-                                       "+lon_0=39 +lat_0=0 +x_0=7500000 +y_0=1 +k_0=1",
-                                       "+lon_0=39 +lat_0=10 +x_0=7500000 +y_0=0 +k_0=1",
-                                       "+lon_0=39.001 +lat_0=0 +x_0=7500000 +y_0=0 +k_0=1",
-                                       "+lon_0=45 +lat_0=0 +x_0=7500000 +y_0=0 +k_0=1"}) {
-    auto const text = "+proj=tmerc " + definition + " +towgs84=1,2,3,4,5,6,7 +ellps=krass" + tail;
-    EXPECT_EQ(open_and_apply(editor, text), text);
-    EXPECT_EQ(editor.state().kind, definition_kind::usual) << definition;
-  }
-}
-
-// Zones of Gauss and Kruger are on Pulkovo 1942 when they say nothing else.
-TEST_F(Shipped, GivesZonesTheirDatumOnlyWhenTheyHaveNone) {
-  for (auto const& [given, expected] :
-       {made("", pulkovo_42), made("+ellps=krass", pulkovo_42),
-        made("+a=6378245 +rf=298.3", pulkovo_42),
-        made("+towgs84=1,2,3 +ellps=krass", "+towgs84=1,2,3,0,0,0,0 +ellps=krass"),
-        made("+towgs84=0,0,0 +ellps=krass", "+towgs84=0,0,0,0,0,0,0 +ellps=krass"),
-        made("+ellps=GSK2011", "+towgs84=0,0,0,0,0,0,0 +ellps=GSK2011"),
-        made("+datum=WGS84", "+datum=WGS84 +towgs84=0,0,0,0,0,0,0 +ellps=WGS84")}) {
-    auto const with = [](std::string const& datum) { return zone_definition(39, 7500000, datum); };
-    EXPECT_EQ(open_and_apply(editor, with(given)), with(expected)) << given;
-  }
-}
-
-// What PROJ takes for a key that is not there, and what must not be made up: an
-// ellipsoid alone turns into no datum; PROJ would not even know Moscow's.
-TEST_F(Shipped, WritesKeysThatAreGivenOrMeant) {
-  using row = std::tuple<char const*, char const*, std::optional<std::string>>;
-  for (auto const& [given, key, expected] :
-       {row("+proj=longlat +datum=msc_bess +ellps=bessel", "datum", "msc_bess"),
-        row("+proj=longlat +datum=msc_bess +ellps=bessel", "ellps", "bessel"),
-        row("+proj=longlat +ellps=bessel", "datum", {}),
-        row("+proj=tmerc +lon_0=10 +units=us-ft", "units", "us-ft"),
-        row("+proj=tmerc +lon_0=10", "units", "m"), row("+proj=longlat +units=m", "units", {}),
-        row("+proj=tmerc +lon_0=10", "k_0", "1"), row("+proj=lcc +lat_1=40", "lat_0", "40"),
-        row("+proj=lcc +lat_1=40 +lat_2=50", "lat_0", "0"),
-        row("+proj=lcc +lat_1=40 +lat_2=50 +k_0=0.5", "lat_2", "50"),
-        row("+proj=stere +lat_0=90 +lat_ts=70", "lat_ts", "70"),
-        row("+proj=stere +lat_0=90 +lat_ts=70 +k_0=2", "lat_ts", "70"),
-        row("+proj=krovak", "k_0", "0.9999"), row("+proj=krovak", "lat_0", "49.5")})
-    EXPECT_EQ(written(editor, given, key), expected) << given;
-}
-
 TEST_F(Shipped, NeverOffersAScaleOfZero) {
   for (auto const& record : editor.lists().usual) {
     editor.set_proj4_string("");
@@ -168,13 +107,6 @@ TEST_F(Shipped, NeverOffersAScaleOfZero) {
     EXPECT_NE(editor.state().number(proj_number::k_0).value, 0) << record.get_caption();
     EXPECT_EQ(std::string(editor.get_proj4_string()).find("+k_0=0 "), std::string::npos);
   }
-}
-
-TEST_F(Shipped, IsEmptyForWhatItDoesNotKnow) {
-  for (char const* definition : {"", "   ", "+no_defs", "+ellps=krass", "+proj=no_such +lon_0=1",
-                                 "+init=epsg:4326", "no definition at all"})
-    EXPECT_EQ(open_and_apply(editor, definition), "") << definition;
-  EXPECT_EQ((editor.set_proj4_string(nullptr), std::string(editor.get_proj4_string())), "");
 }
 
 // Each definition is taken as if it were the first, and what Apply gives is what
@@ -189,6 +121,8 @@ TEST_F(Shipped, KeepsNothingOfTheDefinitionBeforeAndSettlesAtOnce) {
     definitions.push_back("+proj=" + record.get_prj4_name());
     definitions.push_back(definitions.back() + " +lat_1=40 +lat_2=50");
   }
+  editor.set_proj4_string(nullptr);
+  EXPECT_STREQ(editor.get_proj4_string(), "");
   std::vector<std::string> first;
   for (auto const& definition : definitions) {
     Tzu_pj_editor fresh(zu::catalogue_lists::shipped());
@@ -217,193 +151,6 @@ TEST_F(Shipped, SettlesAtOnceOnBrokenValuesToo) {
         EXPECT_TRUE(once.find("nan") == std::string::npos && once.find("inf") == std::string::npos)
             << text;
       }
-}
-
-// ---------------------------------------------------------------------------
-// With a small catalogue of special cases.
-
-class Small : public core_test::Tcatalogue_test {
- protected:
-  void SetUp() override {
-    write("pj_ellps",
-          {"ELLPS_ID=1;ELLPS=WGS84;A=6378137;RF=298.257223563",
-           "ELLPS_ID=2;ELLPS=krass;A=6378245;RF=298.3",
-           "ELLPS_ID=3;ELLPS=bessel;A=6377397.155;RF=299.1528128",
-           "ELLPS_ID=4;ELLPS=clrk66;A=6378206.4;B=6356583.8", "ELLPS_ID=14;A=6377000;B=6356000",
-           "ELLPS_ID=15;A=6376000;RF=300", "ELLPS_ID=16;A=6370000"});
-    write("pj_datum", {"DATUM_NAME=World;DATUM=WGS84;ELLPS_ID=1",
-                       "DATUM_NAME=PULKOVO_1942;SHIFT_X0=23.57;SHIFT_Y0=-140.95;SHIFT_Z0=-79.8;"
-                       "ROTAT_Y0=0.35;ROTAT_Z0=0.79;SCALE_F0=-0.22;ELLPS_ID=2",
-                       "DATUM_NAME=Local;SHIFT_X0=1;SHIFT_Y0=2;SHIFT_Z0=3;ROTAT_X0=4;ROTAT_Y0=5;"
-                       "ROTAT_Z0=6;SCALE_F0=7;ELLPS_ID=14",
-                       "DATUM_NAME=City;DATUM=msc_bess;ELLPS_ID=3"});
-    write("pj_proj1", {"PRJ_NAME=Transverse;PROJ=tmerc;LON_0=1;LAT_0=1;K_0=1;X_0=1",
-                       "PRJ_NAME=Polar;PROJ=stere;LAT_0=1;LAT_0_V=90;LON_0=1",
-                       "PRJ_NAME=Southern;PROJ=leac;SOUTH=1;LAT_1=1",
-                       "PRJ_NAME=Gauss-Kruger;PROJ=merc;LON_0=1"});
-    std::string const zone = "PROJ=tmerc;ZONE=1;LON_0=1;X_0=1;";
-    write("pj_proj2",
-          {zone + "PRJ_NAME=Banded;ZONE_V=7;LON_0_V=39;X_0_V=7500000",
-           zone + "PRJ_NAME=  Banded ;ZONE_V=8;LON_0_V=45;X_0_V=8500000",
-           zone + "PRJ_NAME=Gauss-Kruger;ZONE_V=7;LON_0_V=39;X_0_V=500000",
-           zone + "PRJ_NAME=GAUSS-KRUGER (PLUS ZONE);ZONE_V=32;LON_0_V=-171;X_0_V=32500000",
-           "PRJ_NAME=Ranged;PROJ=poly;ZONE=1;ZONE_V=3;LON_0=1;LON_0_MIN=-10;LON_0_MAX=10;K_0=1"});
-    projections.load();
-    datums.load();
-  }
-
-  Tzu_pj_def_dbf projections;
-  Tzu_datum_def_dbf datums;
-  Tzu_pj_editor editor{{projections.get_proj_defs(), projections.get_zone_defs(),
-                        datums.get_datum_defs(), datums.get_ellipse_defs()}};
-};
-
-TEST_F(Small, WritesTheProjectionByItsRow) {
-  std::string const rest = " +datum=WGS84 +towgs84=0,0,0,0,0,0,0 +ellps=WGS84";
-  for (auto const& [given, expected] : {
-           // A zone comes before the usual row that would do as well, and needs
-           // all that it fixes; its meridian may be a turn away.
-           made{"+proj=tmerc +lon_0=39 +x_0=7500000", "+proj=tmerc +lon_0=39 +x_0=7500000"},
-           made{"+proj=TMERC +lon_0=399 +x_0=7.5e6", "+proj=tmerc +lon_0=39 +x_0=7500000"},
-           made{"+proj=tmerc +lon_0=-315 +x_0=8500000", "+proj=tmerc +lon_0=45 +x_0=8500000"},
-           made{"+proj=tmerc +lon_0=39", "+proj=tmerc +lon_0=39 +lat_0=0 +x_0=0 +k_0=1"},
-           made{"+proj=tmerc +x_0=7500000", "+proj=tmerc +lon_0=0 +lat_0=0 +x_0=7500000 +k_0=1"},
-           // A parameter that the row does not have goes.
-           made{"+proj=tmerc +lon_0=1 +y_0=5 +lat_ts=2 +alpha=3",
-                "+proj=tmerc +lon_0=1 +lat_0=0 +x_0=0 +k_0=1"},
-           // A fixed latitude of a usual row is near enough within 0.0001, and
-           // is not written.
-           made{"+proj=stere +lat_0=90 +lon_0=5", "+proj=stere +lon_0=5"},
-           made{"+proj=stere +lat_0=90.00005 +lon_0=5", "+proj=stere +lon_0=5"},
-           made{"+proj=stere +lat_0=89.9998 +lon_0=5", ""},
-           made{"+proj=stere +lon_0=5", ""},
-           made{"+proj=leac +south +lat_1=4", "+proj=leac +lat_1=4 +south"},
-           made{"+proj=leac +lat_1=4", ""},
-           // A zone that shows its meridian has it within limits.
-           made{"+proj=poly +lon_0=10 +k=2", "+proj=poly +lon_0=10 +k_0=2"},
-           made{"+proj=poly +lon_0=10.5", ""},
-       }) {
-    auto const result = open_and_apply(editor, std::string(given) + " +datum=WGS84");
-    std::string const wanted = *expected == '\0' ? "" : expected + rest + " +lon_wrap=45 +no_defs";
-    EXPECT_EQ(result, wanted) << given;
-  }
-}
-
-TEST_F(Small, WritesDatumAndEllipsoidByTheirRecords) {
-  for (auto const& [given, expected] : {
-           // By key, by its seven numbers on its ellipsoid, or custom.
-           made{"+datum=wgs84 +ellps=krass", "+datum=WGS84 +towgs84=0,0,0,0,0,0,0 +ellps=WGS84"},
-           made{"+datum=MSC_BESS", "+datum=msc_bess +towgs84=0,0,0,0,0,0,0 +ellps=bessel"},
-           made{"+towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22000001 +ellps=krass", pulkovo_42},
-           made{"+towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 +ellps=WGS84",
-                "+towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 +ellps=WGS84"},
-           made{"+datum=no_such +towgs84=1,2,3 +ellps=krass",
-                "+towgs84=1,2,3,0,0,0,0 +ellps=krass"},
-           made{"+ellps=krass", "+towgs84=0,0,0,0,0,0,0 +ellps=krass"},
-           made{"+towgs84=1,2,3,4,5,6,7 +a=6377000 +b=6356000",
-                "+towgs84=1,2,3,4,5,6,7 +a=6377000 +b=6356000"},
-       })
-    EXPECT_EQ(open_and_apply(editor, std::string("+proj=stere +lat_0=90 +lon_0=5 ") + given),
-              std::string("+proj=stere +lon_0=5 ") + expected + " +lon_wrap=45 +no_defs")
-        << given;
-}
-
-// By name, by its axes in either form, or WGS 84. What a table has is compared as
-// stored, what follows from it within a micrometre or as much of the flattening.
-TEST_F(Small, FindsTheEllipsoid) {
-  for (auto const& [given, expected] : {
-           made{"+ellps=KRASS +a=1 +rf=2", "+ellps=krass"},
-           made{"+a=6378245 +rf=298.3", "+ellps=krass"},
-           made{"+a=6378245 +rf=298.3000001", "+ellps=WGS84"},
-           made{"+a=6378245 +b=6356863.018773047", "+ellps=krass"},
-           made{"+a=6378245 +b=6356863.020", "+ellps=WGS84"},
-           made{"+a=6378245 +b=1 +rf=298.3", "+ellps=krass"},
-           made{"+a=6378245.1 +rf=298.3", "+ellps=WGS84"},
-           made{"+b=6356863.018773047 +rf=298.3", "+ellps=WGS84"},
-           made{"+ellps=no_such +a=6377397.155 +b=6356078.962818189", "+ellps=bessel"},
-           made{"+a=6378206.4 +b=6356583.8", "+ellps=clrk66"},
-           made{"+a=6378206.4 +b=6356583.8000001", "+ellps=WGS84"},
-           made{"+a=6378206.4 +rf=294.9786982138982", "+ellps=clrk66"},
-           made{"+a=6378206.4 +rf=294.9788", "+ellps=WGS84"},
-           made{"+a=6377000 +b=6356000", "+a=6377000 +b=6356000"},
-           made{"+a=6376000 +rf=300", "+a=6376000 +rf=300"},
-           made{"+a=6370000 +rf=1", "+ellps=WGS84"},
-           made{"", "+ellps=WGS84"},
-       })
-    EXPECT_EQ(open_and_apply(editor, std::string("+proj=merc +towgs84=1,0,0 ") + given),
-              std::string("+proj=merc +lon_0=0 +towgs84=1,0,0,0,0,0,0 ") + expected +
-                  " +lon_wrap=45 +no_defs")
-        << given;
-}
-
-TEST_F(Small, OffersEachZonalNameOnceWithAllItsZones) {
-  EXPECT_EQ(editor.zonal_names(), (std::vector<std::string>{"Banded", "Gauss-Kruger",
-                                                            "GAUSS-KRUGER (PLUS ZONE)", "Ranged"}));
-  EXPECT_EQ(editor.zones_of(" banded"), (std::vector<int>{7, 8}));
-  editor.choose_kind(definition_kind::zonal);
-  editor.choose_zonal("Banded");
-  editor.choose_zone(8);
-  EXPECT_EQ(libproj::value_of(libproj::keys_of(editor.get_proj4_string()), "x_0"), "8500000");
-}
-
-// Choosing a zone of Gauss and Kruger brings Pulkovo 1942 along, whatever was there;
-// the usual projection that happens to have the name does not.
-TEST_F(Small, ChoosingGaussKrugerZonesBringsTheirDatum) {
-  for (auto const& [name, datum] :
-       {std::pair("Gauss-Kruger", 2U), std::pair("GAUSS-KRUGER (PLUS ZONE)", 2U),
-        std::pair("Banded", 4U), std::pair("Ranged", 4U)}) {
-    editor.set_proj4_string("+proj=tmerc +datum=msc_bess");
-    editor.choose_usual(4);
-    EXPECT_EQ(editor.state().datum_id, 4U);
-    editor.choose_kind(definition_kind::zonal);
-    editor.choose_datum(4);
-    editor.choose_zonal(name);
-    EXPECT_EQ(editor.state().datum_id, datum) << name;
-    EXPECT_EQ(editor.state().ellipse_id, datum == 2 ? 2U : 3U) << name;
-  }
-}
-
-TEST_F(Small, SelectsTheDatumThatTheNumbersMeanAndItsNumbersWhenChosen) {
-  editor.set_proj4_string("+proj=tmerc +towgs84=1,2,3,4,5,6,7 +a=6377000 +b=6356000");
-  EXPECT_EQ(editor.state().datum_id, 3U);
-  EXPECT_FALSE(editor.is_datum_editable());
-  editor.set_proj4_string("+proj=tmerc +towgs84=1,2,3,4,5,6,8 +ellps=krass");
-  EXPECT_TRUE(editor.is_datum_editable());
-  editor.choose_datum(3);
-  EXPECT_EQ(editor.state().ellipse_id, 14U);
-  // Custom keeps them, to be changed from there.
-  editor.choose_datum(zu::edit_state::custom_datum);
-  editor.set_shift(0, 1.5);
-  editor.choose_ellipse(2);
-  EXPECT_EQ(editor.get_proj4_string(),
-            std::string("+proj=tmerc +lon_0=0 +lat_0=0 +x_0=0 +k_0=1 +towgs84=1.5,2,3,4,5,6,7 "
-                        "+ellps=krass +lon_wrap=45 +no_defs"));
-}
-
-// Numbers typed for one projection do not stay under another one.
-TEST_F(Small, ChoosingAProjectionStartsItsNumbersAfresh) {
-  editor.choose_kind(definition_kind::usual);
-  editor.choose_usual(1);
-  editor.set_number(proj_number::lon_0, 12);
-  editor.set_number(proj_number::k_0, 3);
-  editor.choose_usual(4);
-  EXPECT_EQ(editor.state().number(proj_number::lon_0).value, 0);
-  EXPECT_FALSE(editor.state().number(proj_number::k_0).shown);
-  editor.choose_usual(1);
-  EXPECT_EQ(editor.state().number(proj_number::k_0).value, 1);
-}
-
-// Without a catalogue the dialog shows nothing and stays harmless.
-TEST(EmptyCatalogue, KnowsNothing) {
-  Tzu_pj_proj_defs const projections;
-  Tzu_pj_datum_defs const datums;
-  Tzu_pj_ellipse_defs const ellipses;
-  Tzu_pj_editor editor({projections, projections, datums, ellipses});
-  EXPECT_EQ(open_and_apply(editor, "+proj=tmerc +lon_0=39 +datum=WGS84"), "");
-  editor.choose_kind(definition_kind::zonal);
-  editor.choose_zonal("Gauss-Kruger");
-  editor.choose_zone(7);
-  EXPECT_EQ(std::string(editor.get_proj4_string()), "+towgs84=0,0,0,0,0,0,0 +lon_wrap=45 +no_defs");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <ogr_spatialref.h>
 
+#include <algorithm>
 #include <array>
 #include <map>
 #include <set>
@@ -11,8 +12,14 @@
 #include <utility>
 #include <vector>
 
+#include "basic/number.h"
+#include "basic/str.h"
 #include "core_support.h"
+#include "fed_by.h"
 #include "interchange/known_systems.h"
+#include "interchange/proj4_conv.h"
+#include "text/strconv.h"
+#include "zu_pj_edit/zu_pj4_layer.h"
 
 namespace {
 
@@ -52,36 +59,6 @@ bool is_1995(std::size_t place) {
          districts_1995.contains(district_of(place));
 }
 
-// A row of each kind as its users' files have it.
-TEST(Known_systems, are_written_as_their_users_know_them) {
-  std::map<std::size_t, char const*> const whole{
-      {0,
-       R"(GEOGCS["GCS_WGS_1984",DATUM["D_WGS_1984",SPHEROID["WGS_1984",6378137.0,298.257223563]],PRIMEM["Greenwich",0.0],UNIT["Degree",0.0174532925199433]])"},
-      {1,
-       R"(PROJCS["GSK-2011_GK-2",GEOGCS["GCS_RUSSIA_2011",DATUM["D_RUSSIA_2011",SPHEROID["S_RUSSIA_2011",6378136.5,298.2564151]],PRIMEM["Greenwich",0.0],UNIT["Degree",0.0174532925199433]],PROJECTION["Gauss_Kruger"],PARAMETER["False_Easting",2500000.0],PARAMETER["False_Northing",0.0],PARAMETER["Central_Meridian",9.0],PARAMETER["Scale_Factor",1.0],PARAMETER["Latitude_Of_Origin",0.0],UNIT["Meter",1.0]])"},
-      {2,
-       R"(PROJCS["GSK-2011_GK-2N",GEOGCS["GCS_RUSSIA_2011",DATUM["D_RUSSIA_2011",SPHEROID["S_RUSSIA_2011",6378136.5,298.2564151]],PRIMEM["Greenwich",0],UNIT["Degree",0.0174532925199432955]],PROJECTION["Gauss_Kruger"],PARAMETER["False_Easting",500000],PARAMETER["False_Northing",0],PARAMETER["Central_Meridian",9],PARAMETER["Scale_Factor",1],PARAMETER["Latitude_Of_Origin",0],UNIT["Meter",1]])"},
-      {63,
-       R"(PROJCS["Pulkovo_1942_GK_Zone_2",GEOGCS["GCS_Pulkovo_1942",DATUM["D_Pulkovo_1942",SPHEROID["Krasovsky_1940",6378245.0,298.3]],PRIMEM["Greenwich",0.0],UNIT["Degree",0.0174532925199433]],PROJECTION["Gauss_Kruger"],PARAMETER["False_Easting",2500000.0],PARAMETER["False_Northing",0.0],PARAMETER["Central_Meridian",9.0],PARAMETER["Scale_Factor",1.0],PARAMETER["Latitude_Of_Origin",0.0],UNIT["Meter",1.0],AUTHORITY["EPSG",28402]])"},
-      {124,
-       R"(PROJCS["Pulkovo_1942_GK_Zone_32N",GEOGCS["GCS_Pulkovo_1942",DATUM["D_Pulkovo_1942",SPHEROID["Krasovsky_1940",6378245,298.3]],PRIMEM["Greenwich",0],UNIT["Degree",0.0174532925199432955]],PROJECTION["Gauss_Kruger"],PARAMETER["False_Easting",500000],PARAMETER["False_Northing",0],PARAMETER["Central_Meridian",-171],PARAMETER["Scale_Factor",1],PARAMETER["Latitude_Of_Origin",0],UNIT["Meter",1],AUTHORITY["EPSG",28492]])"},
-      {mixed,
-       R"(PROJCS["Russia_Cadastre_20_1_N",GEOGCS["GCS_Pulkovo_1995",DATUM["D_Pulkovo_1995",SPHEROID["Krasovsky_1940",6378245.0,298.3]],PRIMEM["Greenwich",0.0],UNIT["Degree",0.0174532925199433]],PROJECTION["Gauss_Kruger"],PARAMETER["False_Easting",300049.86],PARAMETER["False_Northing",-4702748.493],PARAMETER["Central_Meridian",45.5088888889],PARAMETER["Scale_Factor",1.0],PARAMETER["Latitude_Of_Origin",0.0],UNIT["Meter",1.0],AUTHORITY["CUSTOM",100188]])"},
-      {moscow,
-       R"(PROJCS["Russia_Cadastre_77_1",GEOGCS["GCS_MOSCOW_BESSEL",DATUM["D_MOSCOW_BESSEL",SPHEROID["S_RUSSIA_BESSEL",6377397.155,299.15281285]],PRIMEM["Greenwich",0.0],UNIT["Degree",0.0174532925199433]],PROJECTION["Gauss_Kruger"],PARAMETER["False_Easting",0.0],PARAMETER["False_Northing",0.0],PARAMETER["Central_Meridian",37.5],PARAMETER["Scale_Factor",1.0],PARAMETER["Latitude_Of_Origin",55.6666666667],UNIT["Meter",1.0],AUTHORITY["CUSTOM",100365]])"},
-  };
-  for (auto const& [place, wkt] : whole) EXPECT_STREQ(known_systems.at(place).wkt, wkt);
-
-  std::map<std::size_t, std::string> const definitions{
-      {0, "+proj=longlat +datum=WGS84 +ellps=WGS84 +lon_wrap=45 +no_defs"},
-      {cadastral,
-       "+proj=tmerc +lon_0=37.9833333333 +lat_0=0 +x_0=1300000 +y_0=-4511057.628" + shift_1942},
-      {moscow, "+proj=tmerc +lon_0=37.5 +lat_0=55.6666666667 +x_0=0 +y_0=0" + shift_moscow},
-      {437, "+proj=tmerc +lon_0=78.05 +lat_0=0 +x_0=4500000 +y_0=-5811057.628" + shift_1995},
-  };
-  for (auto const& [place, text] : definitions) EXPECT_EQ(known_systems.at(place).proj4, text);
-}
-
 TEST(Known_systems, follow_the_rules_of_their_kind) {
   EXPECT_EQ(known_systems.size(), 442U);
   EXPECT_EQ(name_of(0), "GCS_WGS_1984");
@@ -110,6 +87,67 @@ TEST(Known_systems, follow_the_rules_of_their_kind) {
     EXPECT_EQ(text, "+proj=tmerc +lon_0=" + std::to_string(meridian) + " +lat_0=0 +x_0=" +
                         (is_numbered ? std::to_string(zone) : "") + "500000 +y_0=0" + shift);
   }
+}
+
+// What the conversion makes of an ASCII text, "unfed" for nothing.
+std::string to_esri(std::string const& definition) {
+  std::wstring const wide(definition.begin(), definition.end());
+  return zu::strconv::to_utf8(core_test::fed_by([&](Izu_string_adp* adapter) {
+    static_cast<void>(zu_pj4_export_esri(wide.c_str(), adapter));
+  }));
+}
+
+// The keys from the last to the first, "k" for "k_0", other blanks and capitals.
+std::string rewritten(std::string const& definition) {
+  auto pieces = zu::str::split(definition, " ");
+  std::ranges::reverse(pieces);
+  std::string text;
+  for (auto const piece : pieces) {
+    auto const [key, value] = zu::str::divide_str(piece, '=');
+    text.append(key == "+k_0" ? "+K" : key);
+    if (!value.empty()) text.append(" = ").append(value);
+    text.append("\t ");
+  }
+  return text;
+}
+
+// The definition once for each of its numbers, that number changed by 1e-5.
+std::vector<std::string> with_a_number_changed(std::string const& definition) {
+  std::vector<std::string> changed;
+  for (std::size_t at = 0; (at = definition.find_first_of("=,", at)) != std::string::npos;) {
+    auto const end = definition.find_first_of(" ,", ++at);
+    auto const value = zu::number::scan_double(definition.substr(at, end - at));
+    if (!value || definition.substr(0, at).ends_with("lon_wrap=")) continue;
+    changed.push_back(definition.substr(0, at) + zu::number::format_double(*value + 1e-5, 15) +
+                      definition.substr(end));
+  }
+  return changed;
+}
+
+TEST(Known_systems, are_written_byte_for_byte) {
+  std::map<std::string, char const*> first_of;
+  std::size_t confirmed = 0;
+  std::size_t changes = 0;
+  for (zu::known_system const& row : known_systems) {
+    std::string const definition = row.proj4;
+    if (!row.confirmed) {
+      // Its placeholder may be another row's definition.
+      EXPECT_NE(to_esri(definition), row.wkt);
+      continue;
+    }
+    ++confirmed;
+    char const* const wkt = first_of.emplace(definition, row.wkt).first->second;
+    EXPECT_EQ(to_esri(definition), wkt);
+    EXPECT_EQ(to_esri(rewritten(definition)), wkt) << rewritten(definition);
+    for (std::string const& other : with_a_number_changed(definition)) {
+      auto const look_up = [&](auto* adapter) { zu::proj4_conv::lookup_db(other, adapter); };
+      EXPECT_EQ(core_test::fed_by(look_up), L"unfed") << other;
+      ++changes;
+    }
+  }
+  EXPECT_EQ(confirmed, 381U);
+  // lon_0, lat_0, x_0, y_0, k_0 and seven of the shift, but for WGS 84 and Moscow.
+  EXPECT_EQ(changes, 379U * 12 + 5);
 }
 
 // Meridian, origin, false easting and northing, scale, axis and flattening.

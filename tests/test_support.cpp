@@ -24,20 +24,6 @@ using core_test::recorded;
 using core_test::Ttemp_folder;
 using names = std::vector<std::wstring>;
 
-TEST(Path, parts) {
-  using texts = std::array<wchar_t const*, 4>;
-  for (auto const& [path, folder, stem, extension] :
-       {texts{L"/a.b/c.txt", L"/a.b/", L"c", L".txt"}, texts{L"/a.b/c", L"/a.b/", L"c", L""},
-        texts{L"c.pj4.bak", L"", L"c.pj4", L".bak"}, texts{L"/c.", L"/", L"c", L"."},
-        texts{L"", L"", L"", L""}, texts{L"/a/", L"/a/", L"", L""}}) {
-    EXPECT_EQ(zu::path::folder_of(path), folder) << path;
-    EXPECT_EQ(zu::path::stem_of(path), stem) << path;
-    EXPECT_EQ(zu::path::extension_of(path), extension) << path;
-    EXPECT_EQ(recorded(zu::path::replace_extension(path, L".prj")),
-              std::wstring(folder) + stem + L".prj");
-  }
-}
-
 TEST(Path, joined_and_full_lead_to_the_same_file) {
   Ttemp_folder const folder;
   put_file(folder.file("f"), "x");
@@ -129,26 +115,6 @@ TEST(File_system, makes_and_removes) {
   EXPECT_EQ(std::distance(fs::recursive_directory_iterator(folder.file("a")), {}), 1);
 }
 
-TEST(File_system, finds_files_by_pattern) {
-  Ttemp_folder const folder;
-  for (char const* name : {"b.pj4", "a.pj4", "a.pj4.bak", "ab.prj", "[a]", ".pj4"})
-    put_file(folder.file(name), "");
-  fs::create_directory(folder.file("z.pj4"));
-  std::vector<std::pair<wchar_t const*, names>> const cases{
-      {L"*.pj4", {L".pj4", L"a.pj4", L"b.pj4"}},
-      {L"?.pj4", {L"a.pj4", L"b.pj4"}},
-      {L"*p*4*", {L".pj4", L"a.pj4", L"a.pj4.bak", L"b.pj4"}},
-      {L"a?.p**", {L"ab.prj"}},
-      {L"a*a?", {L"a.pj4.bak"}},
-      {L"[a]", {L"[a]"}},
-      {L"*.*.*.*", {}},
-      {L"", {}}};
-  for (auto const& [pattern, found] : cases)
-    EXPECT_EQ(files::find(folder.wide(L""), pattern), found) << pattern;
-  EXPECT_FALSE(files::find(folder.wide(L"missing"), L"*"));
-  EXPECT_FALSE(files::find(folder.wide(L"a.pj4"), L"*"));
-}
-
 TEST(File_system, temporary_files_are_new) {
   Ttemp_folder const folder;
   auto const first = files::make_temporary_file(folder.wide(L""));
@@ -160,21 +126,6 @@ TEST(File_system, temporary_files_are_new) {
   // Under a name that every standard library knows: without a separator behind it.
   EXPECT_TRUE(fs::equivalent(zu::path::join(files::temporary_folder(), L"."),
                              fs::temp_directory_path() / "."));
-}
-
-TEST(Prp_val, says_what_its_text_says) {
-  using row = std::tuple<char const*, int, double, std::optional<bool>>;
-  for (auto const& [text, as_int, as_dbl, as_bool] :
-       {row(" a = 1 ", 1, 1, true), row("a=0", 0, 0, false), row("a=-7.5e1x", -7, -75, {}),
-        row("a=Yes", 42, 42, true), row("a=OFF", 42, 42, false), row("a=", 42, 42, {}),
-        row("a", 42, 42, {}), row("a=99999999999", 42, 99999999999.0, {})}) {
-    auto const property = Tzu_prp_val::parse(text);
-    EXPECT_EQ(property.get_name(), "a") << text;
-    EXPECT_EQ(property.get_as_int(42), as_int) << text;
-    EXPECT_EQ(property.get_as_dbl(42), as_dbl) << text;
-    for (bool const other : {false, true})
-      EXPECT_EQ(property.get_as_bool(other), as_bool.value_or(other)) << text;
-  }
 }
 
 TEST(Prp_val, is_written_as_it_is_read) {

@@ -1,0 +1,276 @@
+#include "case_file.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <fstream>
+#include <set>
+#include <sstream>
+
+namespace case_file {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path native(std::string const& utf8) { return {std::u8string(utf8.begin(), utf8.end())}; }
+
+std::string replaced(std::string text, std::string const& from, std::string const& to) {
+  for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
+    text.replace(at, from.size(), to);
+  return text;
+}
+
+// "\n", "\s" for a blank, "\xC6" and the like.
+std::string decoded(std::string const& text) {
+  static std::string const letters = "nrtvfs0\\";
+  static std::string const meant("\n\r\t\v\f \0\\", 8);
+  std::string result;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    char const next = text[i] == '\\' && i + 1 < text.size() ? text[i + 1] : '\0';
+    if (auto const at = letters.find(next); next != '\0' && at != std::string::npos) {
+      result += meant[at];
+      ++i;
+    } else if (next == 'x' && i + 3 < text.size()) {
+      result += static_cast<char>(std::stoi(text.substr(i + 2, 2), nullptr, 16));
+      i += 3;
+    } else {
+      result += text[i];
+    }
+  }
+  return result;
+}
+
+words split(std::string const& text, std::string const& separator) {
+  words parts(1);
+  for (std::size_t at = 0, end = 0; end != std::string::npos; at = end + separator.size()) {
+    end = text.find(separator, at);
+    parts.back() = decoded(text.substr(at, end - at));
+    if (end != std::string::npos) parts.emplace_back();
+  }
+  return parts;
+}
+
+// As a shell takes a line apart, where every quote is a double one.
+words shell_words(std::string const& text) {
+  words parts;
+  std::istringstream stream(text);
+  for (std::string word; stream >> std::ws && !stream.eof();) {
+    bool const quoted = stream.peek() == '"';
+    if (quoted) stream.get();
+    std::getline(stream, word, quoted ? '"' : ' ');
+    parts.push_back(decoded(word));
+  }
+  return parts;
+}
+
+// "..." stands for any text, and "+-0.01" at the end for numbers that are so near.
+bool fits(std::string const& text, std::string const& wanted) {
+  if (auto const mark = wanted.rfind(" +-"); mark != std::string::npos) {
+    std::istringstream numbers(text);
+    std::istringstream others(wanted.substr(0, mark));
+    double number = 0;
+    double other = 0;
+    while (others >> other)
+      if (!(numbers >> number) || !(std::abs(number - other) <= std::stod(wanted.substr(mark + 3))))
+        return false;
+    return !(numbers >> number) && others.eof();
+  }
+  auto const dots = wanted.find("...");
+  if (dots == std::string::npos) return text == wanted;
+  auto at = text.starts_with(wanted.substr(0, dots)) ? dots : std::string::npos;
+  for (auto from = dots; from != std::string::npos && at != std::string::npos;) {
+    auto const next = wanted.find("...", from + 3);
+    std::string const piece = wanted.substr(from + 3, next - from - 3);
+    if (next == std::string::npos) return text.size() >= at + piece.size() && text.ends_with(piece);
+    at = text.find(piece, at);
+    if (at != std::string::npos) at += piece.size();
+    from = next;
+  }
+  return false;
+}
+
+// Lines of a text that "< ", "> " and other marks begin; "\c" ends the last one
+// without a line's end.
+struct marked_lines {
+  void add(std::string const& line) {
+    bool const open = line.ends_with("\\c");
+    text += decoded(open ? line.substr(0, line.size() - 2) : line) + (open ? "" : "\n");
+    is_there = true;
+  }
+  std::string text;
+  bool is_there = false;
+};
+
+operations const& common() {
+  static operations const all{
+      {"put",
+       [](scope& in, words const& a) {
+         std::ofstream(in.path(a.at(0)), std::ios::binary) << in.with_folder(a.at(1));
+         return std::string();
+       }},
+      {"cat",
+       [](scope& in, words const& a) {
+         std::ifstream stream(in.path(a.at(0)), std::ios::binary);
+         return std::string(std::istreambuf_iterator<char>(stream), {});
+       }},
+      {"mkdir",
+       [](scope& in, words const& a) {
+         return std::string(fs::create_directories(in.path(a.at(0))) ? "" : "no");
+       }},
+      {"ls",
+       [](scope& in, words const& a) {
+         std::set<std::string> names;
+         for (auto const& entry : fs::directory_iterator(in.path(a.empty() ? "" : a[0]))) {
+           auto const name = entry.path().filename().u8string();
+           names.emplace(name.begin(), name.end());
+         }
+         std::string text;
+         for (auto const& name : names) text += name + "\n";
+         return text;
+       }},
+      {"cd",
+       [](scope& in, words const& a) {
+         fs::current_path(in.path(a.empty() ? "" : a[0]));
+         return std::string();
+       }},
+      {"env", [](scope&, words const& a) {
+         core_test::set_variable(a.at(0).c_str(), a.at(1).c_str());
+         return std::string();
+       }}};
+  return all;
+}
+
+class Tfile {
+ public:
+  explicit Tfile(fs::path file) : file_(std::move(file)) {}
+
+  void run() {
+    std::ifstream stream(file_);
+    while (std::getline(stream, line_)) {
+      ++number_;
+      take(line_);
+    }
+    finish();
+    EXPECT_GT(cases_, 0U) << file_;
+  }
+
+ private:
+  void take(std::string const& raw) {
+    std::string const line = expanded(raw);
+    if (line.starts_with("< ") || line == "<")
+      return input_.add(line.substr(line.size() < 2 ? 1 : 2));
+    if (line.starts_with("> ") || line == ">")
+      return wanted_.add(line.substr(line.size() < 2 ? 1 : 2));
+    if (line.starts_with("! ") || line.starts_with("? ")) return wanted_.add(line);
+    finish();
+    if (line.empty() || line[0] == '#') return;
+    auto const arrow = line.rfind(" =>");
+    if (line.starts_with("let ")) {
+      auto const equals = line.find(" = ");
+      macros_[line.substr(4, equals - 4)] = line.substr(equals + 3);
+    } else if (line[0] == '[' && arrow == std::string::npos) {
+      section_ = shell_words(line.substr(1, line.rfind(']') - 1));
+      wrap_ = {"%", "%"};
+    } else if (line.starts_with("wrap ")) {
+      wrap_ = {line.substr(5, arrow - 5), line.substr(arrow + 4)};
+    } else if (line.starts_with("$ ")) {
+      call_ = shell_words(line.substr(2));
+      started_ = number_;
+    } else if (arrow != std::string::npos) {
+      call_ = section_;
+      auto const arguments = split(replaced(wrap_[0], "%", line.substr(0, arrow)), " | ");
+      call_.insert(call_.end(), arguments.begin(), arguments.end());
+      started_ = number_;
+      if (arrow + 3 == line.size()) return;
+      std::string const wanted = line.substr(arrow + 4);
+      wanted_.add(wanted == "\"\"" ? "\\c" : replaced(wrap_[1], "%", wanted) + "\\c");
+    } else {
+      ADD_FAILURE() << file_ << ":" << number_ << ": no case: " << line;
+    }
+  }
+
+  std::string expanded(std::string line) const {
+    for (std::size_t at = 0; (at = line.find("$(", at)) != std::string::npos;) {
+      auto const end = line.find(')', at);
+      std::string const name = line.substr(at + 2, end - at - 2);
+      std::string text;
+      if (auto const found = macros_.find(name); found != macros_.end()) {
+        text = found->second;
+      } else {
+        auto const star = name.find('*');
+        for (int i = std::stoi(name); i > 0; --i) text += name.substr(star + 1);
+      }
+      line.replace(at, end + 1 - at, text);
+    }
+    return line;
+  }
+
+  // Runs the case that has been read, if any.
+  void finish() {
+    if (call_.empty()) return;
+    auto const name = call_.front();
+    words arguments;
+    for (std::size_t i = 1; i < call_.size(); ++i)
+      arguments.push_back(scope_.with_folder(call_[i]));
+    if (input_.is_there) arguments.push_back(input_.text);
+    std::string const where = file_.string() + ":" + std::to_string(started_) + ": " + name;
+    auto const& from = of_program().contains(name) ? of_program() : common();
+    if (!from.contains(name)) {
+      ADD_FAILURE() << where << ": no such operation";
+    } else {
+      std::string const result =
+          core_test::recorded(scope_.without_folder(from.at(name)(scope_, arguments)));
+      EXPECT_TRUE(fits(result, wanted_.text))
+          << where << ' ' << testing::PrintToString(arguments).substr(0, 2000) << "\n  expected \""
+          << wanted_.text.substr(0, 4000) << "\"\n  actual   \"" << result.substr(0, 4000) << '"';
+    }
+    ++cases_;
+    call_.clear();
+    input_ = {};
+    wanted_ = {};
+  }
+
+  fs::path const file_;
+  scope scope_;
+  std::map<std::string, std::string> macros_;
+  words section_;
+  words wrap_{"%", "%"};
+  words call_;
+  marked_lines input_;
+  marked_lines wanted_;
+  std::string line_;
+  std::size_t number_ = 0;
+  std::size_t started_ = 0;
+  std::size_t cases_ = 0;
+};
+
+}  // namespace
+
+scope::scope()
+    : environment({{"LC_ALL", "C"}, {"DISPLAY", nullptr}, {"WAYLAND_DISPLAY", nullptr}}),
+      before(fs::current_path()) {}
+
+scope::~scope() { fs::current_path(before); }
+
+fs::path scope::path(std::string const& utf8) const {
+  return native(folder.file("")) / native(utf8);
+}
+
+std::string scope::with_folder(std::string text) const {
+  return replaced(std::move(text), "<folder>/", folder.file(""));
+}
+
+std::string scope::without_folder(std::string text) const {
+  return replaced(std::move(text), folder.file(""), "<folder>/");
+}
+
+std::vector<fs::path> files_of(std::string const& folder) {
+  fs::directory_iterator const entries(fs::path(ZU_TEST_CASES) / folder);
+  std::vector<fs::path> files(begin(entries), end(entries));
+  std::ranges::sort(files);
+  return files;
+}
+
+TEST_P(Cases, give_what_is_expected) { Tfile(GetParam()).run(); }
+
+}  // namespace case_file

@@ -1,0 +1,437 @@
+// What the files of tests/cases/core do with their texts.
+
+#include <algorithm>
+#include <memory>
+#include <sstream>
+
+#include "basic/file_system.h"
+#include "basic/ini.h"
+#include "basic/number.h"
+#include "basic/path.h"
+#include "basic/prp_val.h"
+#include "basic/str.h"
+#include "case_file.h"
+#include "catalogue_tables.h"
+#include "fed_by.h"
+#include "interchange/known_systems.h"
+#include "interchange/proj4_conv.h"
+#include "pj_edit/edit_rules.h"
+#include "proj4/short_text.h"
+#include "reproj/reproj_d2.h"
+#include "text/rc.h"
+#include "text/strconv.h"
+#include "zu_pj_edit/zu_pj4_layer.h"
+
+namespace {
+
+using case_file::Cases;
+using case_file::scope;
+using case_file::words;
+using zu::strconv::encodings;
+using zu::strconv::from_utf8;
+using zu::strconv::to_utf8;
+
+struct definition : Tzu_proj4_str {
+  explicit definition(std::string const& text) {
+    set(text.c_str());
+    decompose();
+  }
+  std::string composed() {
+    compose();
+    return get();
+  }
+};
+
+// What is written is read and written as it is.
+std::string normalize(scope& /*in*/, words const& a) {
+  std::string const once = definition(a.at(0)).composed();
+  std::string const again = definition(once).composed();
+  return again == once ? once : once + " and then " + again;
+}
+
+// By a sphere's radius where it has one, and after that in the ordinary form.
+std::string normalize_for_proj(scope& /*in*/, words const& a) {
+  definition set(a.at(0));
+  set.compose_for_proj4();
+  std::string const text = set.get();
+  return text + " | " + set.composed();
+}
+
+std::string kinds(scope& /*in*/, words const& a) {
+  definition const set(a.at(0));
+  return std::string(set.is_sphere() ? "sphere " : "") + (set.is_valid() ? "valid " : "") +
+         (set.get_is_long_lat() ? "geographic " : "");
+}
+
+std::string compare(scope& /*in*/, words const& a) {
+  definition left(a.at(0));
+  definition const right(a.at(1));
+  left.set_is_lon_wrap(false);
+  bool const equal = left.equal(right);
+  return equal != right.equal(left) ? "one way" : equal ? "equal" : "different";
+}
+
+std::string geographic(scope& /*in*/, words const& a) {
+  definition set(a.at(0));
+  set.set_is_long_lat();
+  return set.composed();
+}
+
+// The host's own language is taken over first.
+void speak(std::string const& language) {
+  Tzu_rc::get_auto_lang();
+  Tzu_rc::set_lang(language == "en" ? 0 : language == "ru" ? 1 : 2);
+}
+
+std::string interface(scope& /*in*/, words const& a) {
+  speak(a.at(0));
+  return to_utf8(
+      zu::strconv::from_interface(Tzu_rc::get_str(std::stoi(a.at(1)), std::stoi(a.at(2)))));
+}
+
+std::string describe(scope& /*in*/, words const& a) {
+  speak(a.at(0));
+  return to_utf8(zu::strconv::from_interface(definition(a.at(1)).get_text()));
+}
+
+std::string fed(std::function<int(Izu_string_adp*)> const& produce) {
+  bool done = false;
+  auto const text = core_test::fed_by([&](auto* adapter) { done = produce(adapter) != 0; });
+  return done == (text != L"unfed") ? to_utf8(text) : "says otherwise than it feeds";
+}
+
+std::string summarize(scope& /*in*/, words const& a) {
+  speak(a.at(0));
+  return fed([&](auto* to) { return Tzu_short_text_helper::get_short_text(a.at(1).c_str(), to); });
+}
+
+// Those that the summary leaves out, too; of what was read before nothing counts.
+std::string parts(scope& /*in*/, words const& a) {
+  static Tzu_pj4_parts read;
+  speak("en");
+  if (!read.init(a.at(0).c_str())) return read.get_def() == nullptr ? "none" : "a row of before";
+  return read.get_pj4_caption() + read.get_pj4_name() + read.get_pj4_zone();
+}
+
+case_file::operation converted_by(int (*convert)(wchar_t const*, Izu_string_adp*)) {
+  return [convert](scope& /*in*/, words const& a) {
+    return fed([&](auto* to) { return convert(from_utf8(a.at(0)).c_str(), to); });
+  };
+}
+
+// Names of a geographic system by its seven numbers and its ellipsoid, and what comes
+// back of its ESRI WKT.
+std::string names_in_esri(scope& /*in*/, words const& a) {
+  auto const wkt = fed([&](auto* to) {
+    auto const definition = "+proj=longlat +towgs84=" + a.at(0) + " " + a.at(1) + " +no_defs";
+    return zu_pj4_export_esri(from_utf8(definition).c_str(), to);
+  });
+  std::string text;
+  for (char const* tag : {"GEOGCS", "DATUM", "SPHEROID"})
+    text += zu::proj4_conv::extract_wkt_tag(wkt, tag) + " ";
+  return text + fed([&](auto* to) { return zu_pj4_import_esri_prj(from_utf8(wkt).c_str(), to); });
+}
+
+// The second text is the file's content.
+std::string load(scope& in, words const& a) {
+  if (a.size() > 1) core_test::put_file(in.folder.file(a[0]), a[1]);
+  std::wstring const name = in.folder.wide(from_utf8(a.at(0)));
+  return to_utf8(core_test::fed_by([&](auto* to) {
+    if (a[0].ends_with(".prj"))
+      zu_pj4_import_esri(name.c_str(), to);
+    else
+      zu_pj4_load_simple_w(name.c_str(), to);
+  }));
+}
+
+// The catalogue of the case: the one that ships, or tables in the folder.
+struct catalogue {
+  Tzu_pj_def_dbf projections;
+  Tzu_datum_def_dbf datums;
+  zu::Tzu_pj_editor editor{{projections.get_proj_defs(), projections.get_zone_defs(),
+                            datums.get_datum_defs(), datums.get_ellipse_defs()}};
+};
+
+catalogue& catalogue_of(scope& in) {
+  if (!in.state.has_value()) in.state = std::make_shared<catalogue>();
+  return *std::any_cast<std::shared_ptr<catalogue>&>(in.state);
+}
+
+std::string table(scope& in, words const& a) {
+  std::istringstream lines(a.size() > 1 ? a[1] : "");
+  words rows;
+  for (std::string row; std::getline(lines, row);) rows.push_back(row);
+  core_test::write_table(in.folder.file(a.at(0) + ".dbf"), core_test::columns_of(a[0]), rows);
+  return "";
+}
+
+std::string use_tables(scope& in, words const& a) {
+  Tzu_pj_dbf::set_catalogue_folder(in.folder.file(a.empty() ? "" : a[0]));
+  in.state = std::make_shared<catalogue>();
+  Tzu_pj_dbf::set_catalogue_folder("");
+  auto const& lists = catalogue_of(in).editor.lists();
+  std::ostringstream text;
+  text << lists.usual.get_size() << " usual, " << lists.zonal.get_size() << " zonal, "
+       << lists.datums.get_size() << " datums, " << lists.ellipses.get_size() << " ellipsoids";
+  return text.str();
+}
+
+std::string apply(scope& in, words const& a) {
+  auto& editor = catalogue_of(in).editor;
+  editor.set_proj4_string(a.at(0).c_str());
+  return editor.get_proj4_string();
+}
+
+std::string applied(scope& in, words const& /*a*/) {
+  return catalogue_of(in).editor.get_proj4_string();
+}
+
+std::string shown(scope& in) {
+  auto const& editor = catalogue_of(in).editor;
+  auto const& state = editor.state();
+  std::ostringstream text;
+  if (state.kind == zu::definition_kind::usual) text << "usual " << state.usual_id;
+  if (state.kind == zu::definition_kind::zonal) text << state.zonal_name << " zone " << state.zone;
+  text << ", datum " << (editor.is_datum_editable() ? "custom" : std::to_string(state.datum_id))
+       << ", ellipsoid " << state.ellipse_id;
+  return text.str();
+}
+
+std::string open(scope& in, words const& a) {
+  catalogue_of(in).editor.set_proj4_string(a.at(0).c_str());
+  return shown(in);
+}
+
+// A user's choices: "usual 4", "zonal Banded", "zone 8", "number 7 3", "shift 0 1.5".
+std::string choose(scope& in, words const& a) {
+  auto& editor = catalogue_of(in).editor;
+  auto const number = [&](std::size_t i) { return std::stod(a.at(i)); };
+  auto const id = [&] { return static_cast<std::uint32_t>(std::stoul(a.at(1))); };
+  if (a.at(0) == "usual") editor.choose_kind(zu::definition_kind::usual), editor.choose_usual(id());
+  if (a[0] == "kind") editor.choose_kind(zu::definition_kind::zonal);
+  if (a[0] == "zonal") editor.choose_zonal(a.at(1));
+  if (a[0] == "zone") editor.choose_zone(std::stoi(a.at(1)));
+  if (a[0] == "datum") editor.choose_datum(id());
+  if (a[0] == "custom") editor.choose_datum(zu::edit_state::custom_datum);
+  if (a[0] == "ellipsoid") editor.choose_ellipse(id());
+  if (a[0] == "number") editor.set_number(static_cast<proj_number>(id()), number(2));
+  if (a[0] == "shift") editor.set_shift(id(), number(2));
+  return shown(in);
+}
+
+std::string zonal_names(scope& in, words const& /*a*/) {
+  auto const& editor = catalogue_of(in).editor;
+  std::string text;
+  for (auto const& name : editor.zonal_names()) {
+    text += name;
+    for (int const zone : editor.zones_of(" " + name)) text += " " + std::to_string(zone);
+    text += "\n";
+  }
+  return text;
+}
+
+// A value in brackets is there, but is not to be used.
+template <class Param, class Value>
+void add_param(std::ostringstream& text, std::string_view key, Param const& param,
+               Value const& value) {
+  if (!param.get_use_proj4() && !param.get_def_default() && value == Value()) return;
+  text << "\n"
+       << key << (param.get_use_proj4() ? "" : ", not of PROJ")
+       << (param.get_show() ? ", shown" : "");
+  if (param.get_def_default())
+    text << ", is " << value;
+  else if (value != Value())
+    text << ", (" << value << ")";
+}
+
+// All that a row of the usual or the zonal projections says.
+std::string projection(scope& in, words const& a) {
+  auto const& lists = catalogue_of(in).editor.lists();
+  auto const& row = (a.at(0) == "usual" ? lists.usual : lists.zonal).get(std::stoul(a.at(1)));
+  std::ostringstream text;
+  text << row.get_index() << ": " << row.get_caption() << "/" << row.get_add_caption() << "/"
+       << row.get_prj4_name();
+  add_param(text, "south", row.get_south(), row.get_south().get_default());
+  add_param(text, "zone", row.get_zone(), row.get_zone().get_default());
+  add_param(text, "zone_name", row.get_zone_name(), row.get_zone_name().get_default());
+  add_param(text, "units", row.get_units(), row.get_units().get_default());
+  add_param(text, "datum", row.get_datum(), row.get_datum().get_default());
+  for (std::size_t i = 0; i < proj_numbers_count; ++i) {
+    auto const number = static_cast<proj_number>(i);
+    auto const& param = row.get_number(number);
+    add_param(text, proj_number_key(number), param, param.get_default());
+    if (param.get_def_min() || param.get_min() != 0) text << ", from " << param.get_min();
+    if (param.get_def_max() || param.get_max() != 0) text << ", to " << param.get_max();
+  }
+  return text.str() + "\n";
+}
+
+std::string datums(scope& in, words const& /*a*/) {
+  auto const& lists = catalogue_of(in).editor.lists();
+  std::ostringstream text;
+  for (auto const& row : lists.datums) {
+    text << row.get_index() << ": " << row.get_caption() << "/" << row.get_prj4_name();
+    for (double const number : row.get_towgs84()) text << " " << number;
+    text << " on " << row.get_ellipse_index() << "\n";
+  }
+  for (auto const& row : lists.ellipses)
+    text << row.get_index() << ": " << row.get_caption() << "/" << row.get_prj4_name() << " a "
+         << row.get_semi_major() << (row.get_def_semi_minor() ? " b " : " (b) ")
+         << row.get_semi_minor() << (row.get_def_inv_flattening() ? " rf " : " (rf) ")
+         << row.get_inv_flattening() << "\n";
+  return text.str();
+}
+
+encodings encoding_of(std::string const& name) {
+  for (std::size_t i = 0; i < zu::strconv::encodings_count; ++i)
+    if (name == zu::strconv::get_encoding(static_cast<encodings>(i)).name)
+      return static_cast<encodings>(i);
+  throw std::invalid_argument(name);
+}
+
+std::string decode(scope& /*in*/, words const& a) {
+  return to_utf8(zu::strconv::decode(encoding_of(a.at(0)), a.at(1)));
+}
+
+std::string encode(scope& /*in*/, words const& a) {
+  return zu::strconv::encode(encoding_of(a.at(0)), from_utf8(a.at(1)));
+}
+
+// There and back.
+std::string page(scope& in, words const& a) {
+  std::string const text = decode(in, a);
+  return encode(in, {a.at(0), text}) == a.at(1) ? text : text + ", which is written otherwise";
+}
+
+std::string path_parts(scope& /*in*/, words const& a) {
+  std::wstring const path = from_utf8(a.at(0));
+  std::wstring text;
+  for (auto const part :
+       {zu::path::folder_of(path), zu::path::stem_of(path), zu::path::extension_of(path)})
+    text.append(L"(").append(part).append(L")");
+  return to_utf8(text + zu::path::replace_extension(path, L".prj"));
+}
+
+std::string find_files(scope& in, words const& a) {
+  auto const found = zu::file_system::find(in.folder.wide(from_utf8(a.at(0))), from_utf8(a.at(1)));
+  if (!found) return "no folder";
+  std::wstring text;
+  for (auto const& name : *found) text.append(name).append(L"|");
+  return to_utf8(text);
+}
+
+std::string property(scope& /*in*/, words const& a) {
+  auto const parsed = Tzu_prp_val::parse(a.at(0));
+  std::ostringstream text;
+  text << parsed.get_name() << ": " << parsed.get_as_int(42) << " "
+       << zu::number::format_double(parsed.get_as_dbl(42)) << " " << parsed.get_as_bool(false)
+       << parsed.get_as_bool(true);
+  return text.str();
+}
+
+std::string ini_value(scope& in, words const& a) {
+  Tzu_ini ini;
+  ini.load_from_file(in.folder.wide(from_utf8(a.at(0))));
+  return ini.get_as_str(a.at(1), a.at(2), "none");
+}
+
+std::string scan_int(scope& /*in*/, words const& a) {
+  auto const value = zu::number::scan_int(a.at(0));
+  return value ? std::to_string(*value) : "none";
+}
+
+std::string split(scope& /*in*/, words const& a) {
+  std::string text;
+  for (auto const piece : zu::str::split(a.at(0), a.at(1))) text.append("(").append(piece) += ")";
+  auto const [name, value] = zu::str::divide_str(a[0], a[1].at(0));
+  return text.append(" ").append(name).append(":").append(value);
+}
+
+std::string known(scope& /*in*/, words const& a) {
+  auto const& row = zu::known_systems.at(std::stoul(a.at(0)));
+  return a.at(1) == "wkt" ? row.wkt : row.proj4;
+}
+
+std::string known_from_esri(scope& /*in*/, words const& a) {
+  auto const* const wkt = zu::known_systems.at(std::stoul(a.at(0))).wkt;
+  return fed([&](auto* to) { return zu_pj4_import_esri_prj(from_utf8(wkt).c_str(), to); });
+}
+
+std::vector<double> numbers_of(std::string const& text) {
+  std::istringstream stream(text);
+  std::vector<double> numbers;
+  for (double one = 0; stream >> one;) numbers.push_back(one);
+  return numbers;
+}
+
+std::string text_of(std::vector<double> const& numbers) {
+  std::string text;
+  for (double const one : numbers)
+    text.append(text.empty() ? "" : " ").append(zu::number::format_double(one, 15));
+  return text;
+}
+
+// A point from one system to another; what is no text of a system is its geographic one.
+std::string transform(scope& /*in*/, words const& a) {
+  Tzu_reproj_xy reproj;
+  bool const made = a.at(0).empty()   ? reproj.init_from_latlong(a.at(1).c_str())
+                    : a.at(1).empty() ? reproj.init_to_latlong(a[0].c_str())
+                                      : reproj.init(a[0].c_str(), a[1].c_str());
+  auto point = numbers_of(a.at(2));
+  if (!made) return "no operation";
+  return reproj.apply(&point.at(0), &point.at(1)) ? text_of(point) : "failed";
+}
+
+std::string box(scope& /*in*/, words const& a) {
+  Tzu_reproj_d2 d2;
+  auto const limits = numbers_of(a.at(2));
+  Tzu_box_d2 now{limits.at(0), limits.at(1), limits.at(2), limits.at(3)};
+  if (!d2.init_ex(a.at(0).c_str(), a.at(1).c_str())) return "no operation";
+  bool const done = d2.apply_box_approx(&now);
+  return (done ? "" : "failed ") + text_of({now.min_x, now.min_y, now.max_x, now.max_y});
+}
+
+}  // namespace
+
+case_file::operations const& case_file::of_program() {
+  static operations const all{{"normalize", &normalize},
+                              {"normalize_for_proj", &normalize_for_proj},
+                              {"kinds", &kinds},
+                              {"compare", &compare},
+                              {"geographic", &geographic},
+                              {"describe", &describe},
+                              {"summarize", &summarize},
+                              {"parts", &parts},
+                              {"interface", &interface},
+                              {"to_esri", converted_by(&zu_pj4_export_esri)},
+                              {"from_esri", converted_by(&zu_pj4_import_esri_prj)},
+                              {"import", converted_by(&zu_pj4_import_crs)},
+                              {"names_in_esri", &names_in_esri},
+                              {"load", &load},
+                              {"table", &table},
+                              {"use_tables", &use_tables},
+                              {"apply", &apply},
+                              {"applied", &applied},
+                              {"open", &open},
+                              {"choose", &choose},
+                              {"zonal_names", &zonal_names},
+                              {"projection", &projection},
+                              {"datums", &datums},
+                              {"page", &page},
+                              {"decode", &decode},
+                              {"encode", &encode},
+                              {"path_parts", &path_parts},
+                              {"find", &find_files},
+                              {"property", &property},
+                              {"ini_value", &ini_value},
+                              {"scan_int", &scan_int},
+                              {"split", &split},
+                              {"known", &known},
+                              {"known_from_esri", &known_from_esri},
+                              {"transform", &transform},
+                              {"box", &box}};
+
+  return all;
+}
+
+INSTANTIATE_TEST_SUITE_P(Core, Cases, testing::ValuesIn(case_file::files_of("core")), Cases::name);
