@@ -95,17 +95,15 @@ struct marked_lines {
   void add(std::string const& line) {
     bool const open = line.ends_with("\\c");
     text += decoded(open ? line.substr(0, line.size() - 2) : line) + (open ? "" : "\n");
-    is_there = true;
   }
   std::string text;
-  bool is_there = false;
 };
 
 operations const& common() {
   static operations const all{
       {"put",
        [](scope& in, words const& a) {
-         std::ofstream(in.path(a.at(0)), std::ios::binary) << in.with_folder(a.at(1));
+         std::ofstream(in.path(a.at(0)), std::ios::binary) << in.with_folder(in.input);
          return std::string();
        }},
       {"cat",
@@ -156,6 +154,7 @@ class Tfile {
 
  private:
   void take(std::string const& raw) {
+    if (raw.starts_with('#')) return;
     std::string const line = expanded(raw);
     if (line.starts_with("< ") || line == "<")
       return input_.add(line.substr(line.size() < 2 ? 1 : 2));
@@ -163,7 +162,7 @@ class Tfile {
       return wanted_.add(line.substr(line.size() < 2 ? 1 : 2));
     if (line.starts_with("! ") || line.starts_with("? ")) return wanted_.add(line);
     finish();
-    if (line.empty() || line[0] == '#') return;
+    if (line.empty()) return;
     auto const arrow = line.rfind(" =>");
     if (line.starts_with("let ")) {
       auto const equals = line.find(" = ");
@@ -212,7 +211,7 @@ class Tfile {
     words arguments;
     for (std::size_t i = 1; i < call_.size(); ++i)
       arguments.push_back(scope_.with_folder(call_[i]));
-    if (input_.is_there) arguments.push_back(input_.text);
+    scope_.input = input_.text;
     std::string const where = file_.string() + ":" + std::to_string(started_) + ": " + name;
     auto const& from = of_program().contains(name) ? of_program() : common();
     if (!from.contains(name)) {

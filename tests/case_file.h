@@ -31,7 +31,8 @@ struct scope {
   core_test::Ttemp_folder const folder;
   core_test::Tenvironment const environment;
   std::filesystem::path const before;
-  std::any state;  // the operations' own
+  std::string input;  // the case's lines behind "< "
+  std::any state;     // the operations' own
 };
 
 // Texts to a text, all in UTF-8 unless the operation says otherwise.

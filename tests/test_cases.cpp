@@ -158,7 +158,7 @@ catalogue& catalogue_of(scope& in) {
 }
 
 std::string table(scope& in, words const& a) {
-  std::istringstream lines(a.size() > 1 ? a[1] : "");
+  std::istringstream lines(in.input);
   words rows;
   for (std::string row; std::getline(lines, row);) rows.push_back(row);
   core_test::write_table(in.folder.file(a.at(0) + ".dbf"), core_test::columns_of(a[0]), rows);
@@ -238,10 +238,8 @@ void add_param(std::ostringstream& text, std::string_view key, Param const& para
   text << "\n"
        << key << (param.get_use_proj4() ? "" : ", not of PROJ")
        << (param.get_show() ? ", shown" : "");
-  if (param.get_def_default())
-    text << ", is " << value;
-  else if (value != Value())
-    text << ", (" << value << ")";
+  if (param.get_def_default()) text << ", is " << value;
+  if (!param.get_def_default() && value != Value()) text << ", (" << value << ")";
 }
 
 // All that a row of the usual or the zonal projections says.

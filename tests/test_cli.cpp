@@ -6,13 +6,16 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
+#include "case_file.h"
 #include "cli_support.h"
 
 namespace {
 
+using case_file::Cases;
 namespace fs = std::filesystem;
 using cli_test::Cli;
 using cli_test::expect_lines;
@@ -26,16 +29,6 @@ using core_test::put_file;
 using commands = std::vector<std::vector<std::string>>;
 
 std::string const local_line = std::string(local_system) + "\n";
-
-TEST_F(Cli, NormalizesAndAppliesArgumentsAndLinesOfInput) {
-  std::string const once = ordered;
-  expect_lines(run({"normalize", unordered, "", unordered}), once + "\n" + once);
-  expect_lines(run({"normalize", "-"}, std::string(unordered) + "\r\n\n" + unordered),
-               once + "\n" + once);
-  expect_lines(run({"normalize", "-"}), "");
-  expect_lines(run({"apply", "-", "+proj=utm +zone=99"}, local_line + local_line),
-               local_line + local_line + "\n");
-}
 
 TEST_F(Cli, ListsTheCatalogueInBothForms) {
   for (std::string const list : {"usual", "zonal", "datums", "ellipsoids"}) {
@@ -70,31 +63,6 @@ TEST_F(Cli, SpeaksTheLettersOfTheSystemsPage) {
     expect_lines(run({"normalize", grid, "-"}, grid + "\n"), ordered_grid + ordered_grid);
     put_file(path("plain"), std::string("+nadgrids=") + page.bytes);
     expect_lines(run({"load", path("plain")}), grid + "\n");
-  }
-}
-
-TEST_F(Cli, TellsErrorsInOneLine) {
-  put_file(path("text.pj4"), "no definition\n");
-  fs::create_directory(path("folder"));
-  for (auto const& command : commands{{},
-                                      {"normalize", "--no-such-option", "+proj=longlat"},
-                                      {"catalogue", "no-such-list"},
-                                      {"--lang", "de", "normalize", "+proj=longlat"},
-                                      {"load", path("text.pj4")},
-                                      {"convert", path("text.pj4")},
-                                      {"convert", path("text.pj4"), "--to", "txt"},
-                                      {"known", "--list", "name"},
-                                      {"save", local_system, path("missing/a.pj4")},
-                                      {"save", local_system, path("folder")},
-                                      {"--catalogue", path("missing"), "catalogue", "usual"},
-                                      {"--catalogue", path("folder"), "catalogue", "usual"},
-                                      {"--catalogue", path("folder"), "apply", local_system}}) {
-    std::string const told = testing::PrintToString(command);
-    auto const result = run(command);
-    EXPECT_EQ(result.status, 2) << told;
-    EXPECT_EQ(result.out, "") << told;
-    EXPECT_TRUE(result.err.starts_with("Error: ") && result.err.size() > 12) << told << result.err;
-    EXPECT_EQ(result.err.find('\n'), result.err.size() - 1) << told << result.err;
   }
 }
 
@@ -142,4 +110,31 @@ TEST_F(Cli, ExplainsItself) {
   }
 }
 
+// What the program writes, its lines of errors behind "! ", and its status behind "? "
+// where it is not 0.
+std::string zu_pj4(case_file::scope& in, case_file::words const& a) {
+  auto const result = core_test::run({ZU_PJ4, a, in.input});
+  std::string text = result.out;
+  std::istringstream errors(result.err);
+  for (std::string line; std::getline(errors, line);) text.append("! ").append(line).append("\n");
+  return result.status == 0 ? text : text + "? " + std::to_string(result.status) + "\n";
+}
+
+// Status and error of a program that tells one, in one line, and writes nothing.
+std::string zu_pj4_tells(case_file::scope& /*in*/, case_file::words const& a) {
+  auto const result = core_test::run({ZU_PJ4, a, "39 0\n"});
+  bool const is_one = result.out.empty() && result.err.size() > 12 &&
+                      result.err.find('\n') == result.err.size() - 1;
+  return std::to_string(result.status) + " " +
+         (is_one ? result.err.substr(0, result.err.size() - 1) : result.out + result.err);
+}
+
 }  // namespace
+
+case_file::operations const& case_file::of_program() {
+  static operations const all{{"zu_pj4", &zu_pj4}, {"zu_pj4_tells", &zu_pj4_tells}};
+  return all;
+}
+
+INSTANTIATE_TEST_SUITE_P(Program, Cases, testing::ValuesIn(case_file::files_of("cli")),
+                         Cases::name);
