@@ -79,6 +79,13 @@ void point_at(wxWindow& control) {
   wxUIActionSimulator().MouseMove(control.ClientToScreen(wxPoint(size.x / 2, size.y / 2)));
 }
 
+bool has_scrolled(wxWindow const& window) {
+  auto const& children = window.GetChildren();
+  return dynamic_cast<wxScrolledWindow const*>(&window) != nullptr ||
+         std::any_of(children.begin(), children.end(),
+                     [](wxWindow const* child) { return has_scrolled(*child); });
+}
+
 bool overlaps_another(wxWindow const& control) {
   auto const& siblings = control.GetParent()->GetChildren();
   return std::any_of(siblings.begin(), siblings.end(), [&](wxWindow const* other) {
@@ -208,7 +215,9 @@ std::vector<std::wstring> find_clipped(wxWindow& root, int* slack) {
     if (!child->IsShown() || child->IsTopLevel()) continue;
     wxSize const size = child->GetSize();
     child->InvalidateBestSize();
-    wxSize const best = child->GetBestSize();
+    // What scrolls, and what holds that, makes do with less.
+    bool const is_elastic = has_scrolled(*child);
+    wxSize const best = is_elastic ? wxSize() : child->GetBestSize();
     // What scrolls may be as large as it likes.
     auto* const box = dynamic_cast<wxScrolledWindow*>(&root);
     wxRect const room(box == nullptr ? wxPoint() : box->CalcScrolledPosition(wxPoint()),
