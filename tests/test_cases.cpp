@@ -197,7 +197,7 @@ std::string shown(scope& in) {
   return text.str();
 }
 
-std::string open(scope& in, words const& a) {
+std::string open_for_host(scope& in, words const& a) {
   catalogue_of(in).editor.set_proj4_string(a.at(0).c_str());
   return shown(in);
 }
@@ -410,7 +410,7 @@ case_file::operations const& case_file::of_program() {
                               {"use_tables", &use_tables},
                               {"apply", &apply},
                               {"applied", &applied},
-                              {"open", &open},
+                              {"open", &open_for_host},
                               {"choose", &choose},
                               {"zonal_names", &zonal_names},
                               {"projection", &projection},
