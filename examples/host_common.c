@@ -10,6 +10,7 @@
 typedef char const* (*execute_function)(zu_pj_edit_window owner, char const* definition,
                                         unsigned char* changed);
 
+/* NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): of the process */
 static execute_function execute;
 
 char const host_usual_definition[] =
@@ -24,8 +25,9 @@ int host_load(char const* library) {
   char path[PATH_MAX + 32] = "";
   if (library == NULL) {
     ssize_t const length = readlink("/proc/self/exe", path, PATH_MAX);
-    char* const name = length > 0 ? strrchr(path, '/') : NULL;
-    if (name != NULL) strcpy(name + 1, "libzu_pj_edit.so");
+    static char const name[] = "libzu_pj_edit.so";
+    char* const separator = length > 0 ? strrchr(path, '/') : NULL;
+    if (separator != NULL) memcpy(separator + 1, name, sizeof name);
     library = path;
   }
   /* Local, so that the host's names and the library's do not mix. It stays loaded
@@ -48,7 +50,7 @@ int host_start(host_state* self, int argc, char** argv) {
   host_set_definition(self, host_usual_definition);
   for (int i = 1; i < argc; ++i) {
     if (strcmp(argv[i], "--times") == 0 && i + 1 < argc) {
-      self->times = atoi(argv[++i]);
+      self->times = (int)strtol(argv[++i], NULL, 10);
     } else if (strcmp(argv[i], "--library") == 0 && i + 1 < argc) {
       library = argv[++i];
     } else if (argv[i][0] == '-') {
