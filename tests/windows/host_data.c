@@ -36,9 +36,9 @@ static void load_code(BOOL with_database, char const* expected) {
     (void)DeleteFileW(copy);
     if (i == 0 || with_database) CHECK(CopyFileW(shipped, copy, FALSE));
   }
-  library_path(definition_file, L"host_data.pj4");
+  library_path(definition_file, FOLDER L"\\\u8868.pj4");
   FILE* const file = _wfopen(definition_file, L"wb");
-  CHECK(file != NULL && fputs("[projection]\npj4=+init=epsg:28407\n", file) >= 0);
+  CHECK(file != NULL && fputs("+init=epsg:28407\n", file) >= 0);
   CHECK(file != NULL && fclose(file) == 0);
 
   library_name = copies[0];

@@ -45,6 +45,10 @@ static void script_measure(HWND form) {
   GetWindowRect(form, &whole);
   CHECK(whole.right - whole.left >= MulDiv(600, (int)dpi, 96));
   CHECK(whole.bottom - whole.top >= MulDiv(360, (int)dpi, 96));
+  RECT owner;
+  GetWindowRect(host, &owner);
+  CHECK(abs(whole.left + whole.right - owner.left - owner.right) <= 2);
+  CHECK(abs(whole.top + whole.bottom - owner.top - owner.bottom) <= 2);
 
   HWND const apply = find_button(form, apply_button);
   LOGFONTW font = {0};
@@ -68,6 +72,8 @@ HOST_CASE(form_has_the_size_of_the_resolution) {
   CHECK(GetAwarenessFromDpiAwarenessContext(GetThreadDpiAwarenessContext()) ==
         DPI_AWARENESS_PER_MONITOR_AWARE);
   host = open_host();
+  /* Room for the form over its middle. */
+  MoveWindow(host, 400, 300, 500, 400, TRUE);
   /* Whoever starts this says which resolution it has set. */
   char const* const expected = getenv("ZU_TEST_DPI");
   if (expected != NULL) CHECK(GetDpiForWindow(host) == strtoul(expected, NULL, 10));

@@ -157,18 +157,33 @@ static void script_wait_for_rounds(HWND form) {
   script_type(form);
 }
 
+static message_hook go_on;
+static LONG rounds_at_return;
+
+static BOOL call_or_go_on(HWND window, UINT message) {
+  if (message != message_act) return go_on(window, message);
+  CHECK_FORM(host, MOSCOW, script_wait_for_rounds, MOSCOW_TYPED, 1);
+  rounds_at_return = rounds;
+  return TRUE;
+}
+
+/* The calls come from the host's own loop. */
 static void check_goes_on(message_hook hook) {
   host = open_host();
-  host_hook = hook;
+  go_on = hook;
+  host_hook = call_or_go_on;
   SetTimer(host, 1, 20, NULL);
   InvalidateRect(host, NULL, FALSE);
   PostMessageW(host, message_again, 0, 0);
   for (int i = 0; i < 3; ++i) {
-    CHECK_FORM(host, MOSCOW, script_wait_for_rounds, MOSCOW_TYPED, 1);
-    /* Back at the host, the messages go on from where they were. */
-    LONG const before = rounds;
     MSG message;
-    while (rounds == before && GetMessageW(&message, NULL, 0, 0) > 0) DispatchMessageW(&message);
+    rounds_at_return = -1;
+    PostMessageW(host, message_act, 0, 0);
+    /* Back at the host, the messages go on from where they were. */
+    while ((rounds_at_return < 0 || rounds == rounds_at_return) &&
+           GetMessageW(&message, NULL, 0, 0) > 0) {
+      DispatchMessageW(&message);
+    }
   }
   host_hook = NULL;
 }

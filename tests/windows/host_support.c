@@ -144,6 +144,8 @@ HWND find_button(HWND form, button which) {
   return find_child(form, L"Button", captions[which][russian ? 1 : 0]);
 }
 
+DWORD host_process;
+
 /* The form is told from message boxes by its button. */
 static BOOL CALLBACK on_window(HWND window, LPARAM context) {
   window_search* const search = (window_search*)context;
@@ -151,8 +153,8 @@ static BOOL CALLBACK on_window(HWND window, LPARAM context) {
   wchar_t kind[64] = L"";
   GetWindowThreadProcessId(window, &process);
   GetClassNameW(window, kind, 64);
-  if (process != GetCurrentProcessId() || !IsWindowVisible(window) || !IsWindowEnabled(window) ||
-      wcscmp(kind, L"#32770") != 0) {
+  if (process != (host_process == 0 ? GetCurrentProcessId() : host_process) ||
+      !IsWindowVisible(window) || !IsWindowEnabled(window) || wcscmp(kind, L"#32770") != 0) {
     return TRUE;
   }
   BOOL const fits = search->owner == NULL ? find_button(window, apply_button) != NULL

@@ -64,7 +64,10 @@ outcome run_form(HWND owner, char const* definition, script body);
   test_check_outcome(run_form((owner), (definition), (body)), (text), (changed), __FILE__, __LINE__)
 void test_check_outcome(outcome result, char const* text, int changed, char const* file, int line);
 
-/* The library's form in this process, or what is open over this window; null
+/* The process whose dialog the user works; this one when it is 0. */
+extern DWORD host_process;
+
+/* The library's form in that process, or what is open over this window; null
    without any. */
 HWND find_dialog(HWND owner);
 HWND wait_for_dialog_over(HWND form);
@@ -93,6 +96,13 @@ void script_type(HWND form);
   "+proj=tmerc +lon_0=" lon_0            \
   " +lat_0=55.5 +x_0=12 +y_0=14 +k_0=1 " \
   "+towgs84=1,2,3,0,0,0,0 +ellps=krass +units=m +lon_wrap=45 +no_defs"
+/* What its maker raises a trap with: no flattening, and one that is computed. */
+#define SPHERE "+proj=longlat +R=6371000"
+#define SPHERE_APPLIED "+proj=longlat +a=6371000 +b=6371000 +lon_wrap=45 +no_defs"
+#define POLAR "+proj=stere +lat_0=90 +lat_ts=70 +a=6378137 +b=6356752"
+#define POLAR_TYPED                                                 \
+  "+proj=stere +lon_0=0 +lat_0=90 +x_0=0 +y_0=0 +lat_ts=71 +k_0=1 " \
+  "+datum=WGS84 +towgs84=0,0,0,0,0,0,0 +ellps=WGS84 +units=m +lon_wrap=45 +no_defs"
 #define MOSCOW MOSCOW_TM("37.5")
 #define MOSCOW_TYPED MOSCOW_TM("38.25")
 

@@ -3,6 +3,7 @@
 
    usage: host_test CASE */
 #include <stdio.h>
+#include <stdlib.h>
 
 #include "host_support.h"
 
@@ -12,6 +13,9 @@ int main(int count, char** arguments) {
     (void)printf("host_test: error: no such case\n");
     return 2;
   }
+  /* Whoever starts this says which code page it is to be in. */
+  char const* const page = getenv("ZU_TEST_PAGE");
+  if (page != NULL) CHECK(GetACP() == strtoul(page, NULL, 10));
   ((void (*)(void))body)();
   return test_failures() == 0 ? 0 : 1;
 }

@@ -1,0 +1,112 @@
+/* Hosts that trap floating-point exceptions, as those in Pascal do. */
+#include <immintrin.h>
+#include <stdio.h>
+#include <wchar.h>
+
+#include "host_support.h"
+
+static void script_type_parallel(HWND form) {
+  type_text(form, L"70", L"71");
+  press(form, apply_button);
+}
+
+/* ---- in C */
+
+typedef struct {
+  unsigned sse;
+  unsigned short x87;
+} float_control;
+
+static float_control get_control(void) {
+  float_control control = {_mm_getcsr(), 0};
+  __asm__ volatile("fnstcw %0" : "=m"(control.x87)); /* NOLINT(hicpp-no-assembler) */
+  return control;
+}
+
+/* Traps for what is invalid, a division by zero and an overflow, and rounding down. */
+static void set_traps(void) {
+  float_control control = get_control();
+  control.x87 = (unsigned short)((control.x87 & ~0x0DU) | 0x400U);
+  __asm__ volatile("fldcw %0" : : "m"(control.x87)); /* NOLINT(hicpp-no-assembler) */
+  _mm_setcsr((control.sse & ~0x680U) | 0x2000U);
+}
+
+static LONG volatile divisions;
+
+static LONG CALLBACK on_exception(EXCEPTION_POINTERS* exception) {
+  if (exception->ExceptionRecord->ExceptionCode != EXCEPTION_FLT_DIVIDE_BY_ZERO) {
+    return EXCEPTION_CONTINUE_SEARCH;
+  }
+  InterlockedIncrement(&divisions);
+  /* The division is done once more, without a trap. */
+  exception->ContextRecord->MxCsr |= 0x1F80U;
+  exception->ContextRecord->FltSave.MxCsr |= 0x1F80U;
+  return EXCEPTION_CONTINUE_EXECUTION;
+}
+
+HOST_CASE(traps_stay_the_hosts) {
+  static struct {
+    char const* definition;
+    script body;
+    char const* text;
+  } const calls[] = {{SPHERE, script_apply, SPHERE_APPLIED},
+                     {POLAR, script_type_parallel, POLAR_TYPED},
+                     {MOSCOW, script_type, MOSCOW_TYPED}};
+  HWND const host = open_host();
+  set_traps();
+  float_control const before = get_control();
+  for (size_t i = 0; i < sizeof calls / sizeof calls[0]; ++i) {
+    CHECK_FORM(host, calls[i].definition, calls[i].body, calls[i].text, 1);
+    float_control const after = get_control();
+    CHECK(after.sse == before.sse && after.x87 == before.x87);
+  }
+  AddVectoredExceptionHandler(1, on_exception);
+  double volatile zero = 0;
+  zero = 1 / zero;
+  CHECK(divisions == 1);
+}
+
+/* ---- in Pascal, as a process of its own */
+
+static BOOL is_ticking(void* context) {
+  (void)context;
+  return FindWindowW(L"zu_host_pas", L"ticking") != NULL;
+}
+
+HOST_CASE(traps_of_pascal_stay_its_own) {
+  static script const scripts[] = {script_type_parallel, script_cancel, script_apply};
+  wchar_t command[1024];
+  wchar_t path[MAX_PATH];
+  char output[1024] = "";
+  DWORD length = 0;
+  DWORD part = 0;
+  DWORD status = 1;
+  HANDLE pipe[2] = {NULL};
+  SECURITY_ATTRIBUTES inherited = {.nLength = sizeof inherited, .bInheritHandle = TRUE};
+  CHECK(CreatePipe(&pipe[0], &pipe[1], &inherited, 0));
+  STARTUPINFOW start = {.cb = sizeof start,
+                        .dwFlags = STARTF_USESTDHANDLES,
+                        .hStdOutput = pipe[1],
+                        .hStdError = pipe[1]};
+  PROCESS_INFORMATION process = {NULL};
+  library_path(path, L"zu_host_pas.exe");
+  (void)swprintf(command, 1024, L"\"%ls\" \"" POLAR "\" \"" MOSCOW "\" \"" SPHERE "\"", path);
+  CHECK(CreateProcessW(path, command, NULL, NULL, TRUE, 0, NULL, NULL, &start, &process));
+  CloseHandle(pipe[1]);
+  host_process = process.dwProcessId;
+  for (size_t i = 0; i < sizeof scripts / sizeof scripts[0]; ++i) {
+    HWND const form = wait_for_dialog_over(NULL);
+    if (form == NULL) break;
+    CHECK(wait_for_it(is_ticking, NULL));
+    scripts[i](form);
+    wait_until_closed(form);
+  }
+  CHECK(WaitForSingleObject(process.hProcess, patience_ms) == WAIT_OBJECT_0);
+  CHECK(GetExitCodeProcess(process.hProcess, &status) && status == 0);
+  while (length < sizeof output - 1 &&
+         ReadFile(pipe[0], output + length, sizeof output - 1 - length, &part, NULL)) {
+    length += part;
+  }
+  CHECK_TEXT(output, "1 " POLAR_TYPED "\r\n0 " MOSCOW "\r\n1 " SPHERE_APPLIED
+                     "\r\nEZeroDivide\r\nEDivByZero\r\n");
+}
