@@ -14,8 +14,11 @@ inline constexpr int editor_texts = 6;
 inline constexpr int selector_caption_width = 70;
 inline constexpr int number_width = 100;
 inline constexpr int projection_number_width = 70;
-// Room around the controls of a group, and between two rows of them.
+// Room beside a group, beside one inside another, and beside controls; below them,
+// and between two rows.
 inline constexpr int group_margin = 4;
+inline constexpr int inner_group_margin = 1;
+inline constexpr int group_bottom = 2;
 inline constexpr int row_gap = 4;
 
 // Puts a control below the rows that a sizer has.
@@ -37,11 +40,12 @@ Control* add_to_group(Tzu_vcl_group_box& group) {
 }
 
 // A group box that fills a panel.
-inline Tzu_vcl_group_box* fill_with_group(Tzu_vcl_panel& panel) {
+inline Tzu_vcl_group_box* fill_with_group(Tzu_vcl_panel& panel, int room = inner_group_margin) {
   auto* const group = vcl::make_child<Tzu_vcl_group_box>(&panel);
   auto* const sizer = vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
-  sizer->Add(group->get_sizer(),
-             wxSizerFlags(1).Expand().Border(wxALL, panel.FromDIP(group_margin)));
+  int const margin = panel.FromDIP(room);
+  sizer->Add(group->get_sizer(), wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, margin));
+  sizer->AddSpacer(panel.FromDIP(group_bottom));
   panel.SetSizer(sizer);
   return group;
 }

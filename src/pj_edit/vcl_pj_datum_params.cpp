@@ -1,5 +1,7 @@
 #include "pj_edit/vcl_pj_datum_params.h"
 
+#include <wx/gbsizer.h>
+
 #include "pj_edit/panel_tools.h"
 #include "vcl/toolkit.h"
 
@@ -7,6 +9,8 @@ namespace {
 
 constexpr std::size_t axes_count = 3;
 constexpr std::size_t scale_index = 6;
+constexpr int row_gap = 2;
+constexpr int column_gap = 6;
 // Metres, seconds and millionths need no more.
 constexpr wchar_t const* widest_shift = L"-0000.0000";
 
@@ -18,26 +22,30 @@ Tzu_vcl_pj_datum_params::Tzu_vcl_pj_datum_params(wxWindow* parent, zu::Tzu_pj_ed
 // One row an axis, its shift beside its rotation; the scale closes the table.
 void Tzu_vcl_pj_datum_params::create() {
   group_ = zu::fill_with_group(*this);
-  auto* const grid = zu::vcl::make_sizer<wxFlexGridSizer>(3, wxSize(FromDIP(6), FromDIP(4)));
+  auto* const grid = zu::vcl::make_sizer<wxGridBagSizer>(FromDIP(row_gap), FromDIP(column_gap));
+  auto const add = [&](wxWindow* control, int row, int column, int flags, int columns = 1) {
+    grid->Add(control, wxGBPosition(row, column), wxGBSpan(1, columns), flags);
+  };
+  auto const add_label = [&](int row, int column, int columns = 1) {
+    auto* const label = zu::vcl::make_child<Tzu_vcl_label>(group_);
+    add(label, row, column, wxALIGN_CENTRE_VERTICAL, columns);
+    return label;
+  };
+  shift_ = add_label(0, 1);
+  rotate_ = add_label(0, 2);
+  for (std::size_t axis = 0; axis < axes_count; ++axis) {
+    int const row = static_cast<int>(axis) + 1;
+    axes_[axis] = add_label(row, 0);
+    add(add_edit(group_, axis), row, 1, wxEXPAND);
+    add(add_edit(group_, axes_count + axis), row, 2, wxEXPAND);
+  }
+  scale_ = add_label(axes_count + 1, 0, 2);
+  add(add_edit(group_, scale_index), axes_count + 1, 2, wxEXPAND);
   grid->AddGrowableCol(1, 1);
   grid->AddGrowableCol(2, 1);
-  auto const left = wxSizerFlags().CentreVertical();
-  auto const fill = wxSizerFlags().Expand();
-  shift_ = zu::vcl::make_child<Tzu_vcl_label>(group_);
-  rotate_ = zu::vcl::make_child<Tzu_vcl_label>(group_);
-  grid->AddSpacer(0);
-  grid->Add(shift_, left);
-  grid->Add(rotate_, left);
-  for (std::size_t axis = 0; axis < axes_count; ++axis) {
-    axes_[axis] = zu::vcl::make_child<Tzu_vcl_label>(group_);
-    grid->Add(axes_[axis], left);
-    grid->Add(add_edit(group_, axis), fill);
-    grid->Add(add_edit(group_, axes_count + axis), fill);
-  }
-  scale_ = zu::vcl::make_child<Tzu_vcl_label>(group_);
-  grid->Add(scale_, left);
-  grid->Add(add_edit(group_, scale_index), fill);
-  group_->get_sizer()->Add(grid, wxSizerFlags().Expand().Border(wxALL, FromDIP(zu::group_margin)));
+  int const margin = FromDIP(zu::group_margin);
+  group_->get_sizer()->Add(grid, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, margin));
+  group_->get_sizer()->AddSpacer(FromDIP(zu::group_bottom));
 }
 
 Tzu_vcl_dbl_edit* Tzu_vcl_pj_datum_params::add_edit(wxWindow* parent, std::size_t index) {

@@ -35,7 +35,7 @@ void Tzu_vcl_pj_edit::create() {
   type_->add_item(L"zonal", static_cast<unsigned>(definition_kind::zonal));
   type_->on_change = [this] { on_type_change(); };
   auto* const top_sizer = zu::vcl::make_sizer<wxBoxSizer>(wxHORIZONTAL);
-  top_sizer->Add(type_, wxSizerFlags().Border(wxALL, FromDIP(type_left)));
+  top_sizer->Add(type_, wxSizerFlags().Border(wxLEFT | wxTOP | wxRIGHT, FromDIP(type_left)));
   top_->SetSizer(top_sizer);
 
   auto* const room = zu::vcl::make_child<Tzu_vcl_scroll_box>(this);
