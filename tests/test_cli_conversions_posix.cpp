@@ -18,40 +18,7 @@ using core_test::put_file;
 
 // Texts that would have GDAL or PROJ open a file or a connection, alone, as what
 // "+init=" names in a parameter file, or as an ESRI file; a line each.
-constexpr char const* reaching_texts =
-    R"(<?xml version="1.0"?><!DOCTYPE a [<!ENTITY e SYSTEM "file:///etc/passwd">]><a>&e;</a>
-<gml:GeographicCRS xmlns:xlink="x"><a xlink:href="http://localhost:1/a"/></a>
-{"type":"GeographicCRS","$schema":"http://localhost:1/a.json","name":"/etc/passwd"}
-GEOGCS["x",DATUM["x",SPHEROID["x",6378245,298.3],EXTENSION["PROJ4_GRIDS","/etc/passwd"]],PRIMEM["Greenwich",0],UNIT["degree",0.0174532925199433]]
-BOUNDCRS[SOURCECRS[GEOGCRS["x",DATUM["x",ELLIPSOID["x",6378245,298.3]],CS[ellipsoidal,2],AXIS["lat",north],AXIS["lon",east],UNIT["degree",0.0174532925199433]]],TARGETCRS[GEOGCRS["WGS 84",DATUM["World Geodetic System 1984",ELLIPSOID["WGS 84",6378137,298.257223563]],CS[ellipsoidal,2],AXIS["lat",north],AXIS["lon",east],UNIT["degree",0.0174532925199433]]],ABRIDGEDTRANSFORMATION["x",METHOD["NTv2",ID["EPSG",9615]],PARAMETERFILE["Latitude and longitude difference file","/etc/passwd",ID["EPSG",8656]]]]
-PROJCS["x",GEOGCS["x",DATUM["x",SPHEROID["x",6378245,298.3]],PRIMEM["Greenwich",0],UNIT["degree",0.0174532925199433]],PROJECTION["custom_proj4"],UNIT["metre",1],EXTENSION["PROJ4","file=/etc/passwd +proj=tinshift"]]
-PROJCS["x",GEOGCS["x",DATUM["x",SPHEROID["x",6378245,298.3]],PRIMEM["Greenwich",0],UNIT["degree",0.0174532925199433]],PROJECTION["custom_proj4"],UNIT["metre",1],EXTENSION["PROJ4","+proj=merc +a=1 +nadgrids =""/etc/passwd"" +wktext"]]
-/etc/passwd
-\\server\share\x.prj
-http://localhost:1/a.prj
-ftp://localhost:1/a.prj
-/vsicurl/http://localhost:1/a.prj
-ESRI::/etc/passwd
-DICT:/etc/passwd,root
-EPSG:/etc/passwd
-IGNF:/etc/passwd
-urn:ogc:def:crs:EPSG::/etc/passwd
-http://www.opengis.net/def/crs/EPSG/0/passwd
-http://opengis.net/def/crs?1=http://localhost:1/a&2=/etc/passwd
-https://spatialreference.org/ref/epsg/28407/
-+init=/etc/passwd:1
-+init=file:code
-+init = passwd:1
-init=passwd:1
-+proj=longlat +ellps=krass +nadgrids=/etc/passwd
-+proj=longlat +ellps=krass +nadgrids=@null, /etc/passwd
-+proj=longlat +ellps=krass +nadgrids=https://localhost:1/a.tif
-+proj=longlat +ellps=krass +geoidgrids="/etc/passwd"
-proj=longlat ellps=krass nadgrids=a.gsb
-+proj = pipeline +step +proj=longlat +geoidgrids=a.gtx +ellps=krass
-+proj=hgridshift +grids=us_noaa_conus.tif
-+proj=tinshift +file =/etc/passwd
-)";
+std::string const reaching_texts = core_test::read_file(ZU_TEST_CASES "/texts/reaching.txt");
 
 class Cli_conversions_posix : public cli_test::Cli {};
 
@@ -117,6 +84,7 @@ class Cli_reach_posix : public cli_test::Cli {
 
 TEST_F(Cli_reach_posix, ImportsOpenNothingThatATextNames) {
   std::string const codes = "EPSG:28407\n+init=epsg:28407\nno such system\nPROJCS[\"x\"\n";
+  ASSERT_NE(reaching_texts, "");
   auto const usual = touched({"import", "-"}, codes);
   ASSERT_TRUE(
       std::ranges::any_of(usual, [](auto const& name) { return name.ends_with("proj.db"); }));
