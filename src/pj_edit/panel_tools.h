@@ -1,6 +1,7 @@
 // What the editor's panels have in common.
 #pragma once
 
+#include <algorithm>
 #include <string>
 
 #include "vcl/caption_panel.h"
@@ -14,10 +15,8 @@ inline constexpr int editor_texts = 6;
 inline constexpr int selector_caption_width = 70;
 inline constexpr int number_width = 100;
 inline constexpr int projection_number_width = 70;
-// Room beside a group, beside one inside another, and beside controls; below them,
-// and between two rows.
+// Room beside a group and its controls, below them, and between two rows.
 inline constexpr int group_margin = 4;
-inline constexpr int inner_group_margin = 1;
 inline constexpr int group_bottom = 2;
 inline constexpr int row_gap = 4;
 
@@ -40,14 +39,24 @@ Control* add_to_group(Tzu_vcl_group_box& group) {
 }
 
 // A group box that fills a panel.
-inline Tzu_vcl_group_box* fill_with_group(Tzu_vcl_panel& panel, int room = inner_group_margin) {
+inline Tzu_vcl_group_box* fill_with_group(Tzu_vcl_panel& panel, int room = group_margin) {
   auto* const group = vcl::make_child<Tzu_vcl_group_box>(&panel);
   auto* const sizer = vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
-  int const margin = panel.FromDIP(room);
-  sizer->Add(group->get_sizer(), wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, margin));
+  sizer->Add(group->get_sizer(),
+             wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, panel.FromDIP(room)));
   sizer->AddSpacer(panel.FromDIP(group_bottom));
   panel.SetSizer(sizer);
   return group;
+}
+
+// The same in a panel that is itself in a group: some themes keep the controls of a
+// group off its frame by themselves.
+inline Tzu_vcl_group_box* fill_with_inner_group(Tzu_vcl_panel& panel) {
+  int top = 0;
+  int beside = 0;
+  auto* const outer = dynamic_cast<Tzu_vcl_group_box*>(panel.GetParent());
+  if (outer != nullptr) outer->GetBordersForSizer(&top, &beside);
+  return fill_with_group(panel, std::max(1, group_margin - panel.ToDIP(beside)));
 }
 
 // Sets the caption of an editor text.

@@ -7,7 +7,7 @@ Tzu_vcl_pj_datum::Tzu_vcl_pj_datum(wxWindow* parent, zu::Tzu_pj_editor& editor)
     : Tzu_vcl_panel(parent), editor_(editor) {}
 
 void Tzu_vcl_pj_datum::create() {
-  group_ = zu::fill_with_group(*this, zu::group_margin);
+  group_ = zu::fill_with_group(*this);
   datum_ = zu::add_to_group<Tzu_vcl_caption_selbox>(*group_);
   datum_->set_caption_width(zu::selector_caption_width);
   std::vector<Tzu_vcl_selbox_item> items{{L"_Custom", zu::edit_state::custom_datum}};

@@ -21,7 +21,7 @@ Tzu_vcl_pj_datum_params::Tzu_vcl_pj_datum_params(wxWindow* parent, zu::Tzu_pj_ed
 
 // One row an axis, its shift beside its rotation; the scale closes the table.
 void Tzu_vcl_pj_datum_params::create() {
-  group_ = zu::fill_with_group(*this);
+  group_ = zu::fill_with_inner_group(*this);
   auto* const grid = zu::vcl::make_sizer<wxGridBagSizer>(FromDIP(row_gap), FromDIP(column_gap));
   auto const add = [&](wxWindow* control, int row, int column, int flags, int columns = 1) {
     grid->Add(control, wxGBPosition(row, column), wxGBSpan(1, columns), flags);

@@ -7,7 +7,7 @@ Tzu_vcl_pj_ellipse::Tzu_vcl_pj_ellipse(wxWindow* parent, zu::Tzu_pj_editor& edit
     : Tzu_vcl_panel(parent), editor_(editor) {}
 
 void Tzu_vcl_pj_ellipse::create() {
-  group_ = zu::fill_with_group(*this);
+  group_ = zu::fill_with_inner_group(*this);
   GetSizer()->SetMinSize(zu::vcl::scaled(*this, wxSize(0, panel_height)));
   ellipse_ = zu::add_to_group<Tzu_vcl_caption_selbox>(*group_);
   ellipse_->set_caption_width(zu::selector_caption_width);

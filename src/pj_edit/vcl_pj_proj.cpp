@@ -19,7 +19,7 @@ Tzu_vcl_pj_proj::Tzu_vcl_pj_proj(wxWindow* parent, zu::Tzu_pj_editor& editor)
     : Tzu_vcl_panel(parent), editor_(editor) {}
 
 void Tzu_vcl_pj_proj::create() {
-  group_ = zu::fill_with_group(*this, zu::group_margin);
+  group_ = zu::fill_with_group(*this);
   // On a small screen the other panel needs its part more.
   int const width =
       std::min(zu::vcl::scaled(*this, panel_width), wxDisplay(this).GetClientArea().width * 3 / 8);

@@ -13,7 +13,7 @@ Tzu_vcl_pj_proj_params::Tzu_vcl_pj_proj_params(wxWindow* parent, zu::Tzu_pj_edit
     : Tzu_vcl_panel(parent), editor_(editor) {}
 
 void Tzu_vcl_pj_proj_params::create() {
-  group_ = zu::fill_with_group(*this);
+  group_ = zu::fill_with_inner_group(*this);
   for (std::size_t i = 0; i < edits_.size(); ++i) {
     auto* const edit = zu::add_to_group<Tzu_vcl_caption_dbl_edit>(*group_);
     edit->set_edit_width(zu::projection_number_width);
