@@ -29,8 +29,11 @@ int& theme_control_height() {
   return height;
 }
 
-gboolean on_map(GtkWidget* /*widget*/, GdkEvent* /*event*/, gpointer context) {
-  (*static_cast<std::function<void()>*>(context))();
+// Once: a form that comes back from the task bar stays where its user has put it.
+gboolean on_map(GtkWidget* widget, GdkEvent* /*event*/, gpointer context) {
+  auto const settle = std::move(*static_cast<std::function<void()>*>(context));
+  g_signal_handlers_disconnect_by_data(widget, context);
+  settle();
   return FALSE;
 }
 
