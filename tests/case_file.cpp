@@ -1,5 +1,7 @@
 #include "case_file.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
@@ -263,13 +265,23 @@ std::string scope::without_folder(std::string text) const {
   return replaced(std::move(text), folder.file(""), "<folder>/");
 }
 
-std::vector<fs::path> files_of(std::string const& folder) {
-  fs::directory_iterator const entries(fs::path(ZU_TEST_CASES) / folder);
+namespace {
+
+// Those of the program.
+std::vector<fs::path> files() {
+  fs::directory_iterator const entries(fs::path(ZU_TEST_CASES) / core_test::program_path().stem());
   std::vector<fs::path> files(begin(entries), end(entries));
   std::ranges::sort(files);
   return files;
 }
 
+class Cases : public testing::TestWithParam<fs::path> {};
+
 TEST_P(Cases, give_what_is_expected) { Tfile(GetParam()).run(); }
+
+INSTANTIATE_TEST_SUITE_P(Files, Cases, testing::ValuesIn(files()),
+                         [](auto const& file) { return file.param.stem().string(); });
+
+}  // namespace
 
 }  // namespace case_file

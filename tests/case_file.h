@@ -1,8 +1,6 @@
 // Tests that are lines of text: files of cases, which docs/development.md describes.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <any>
 #include <functional>
 #include <map>
@@ -41,15 +39,5 @@ using operations = std::map<std::string, operation>;
 
 // Those of the program. "put", "cat", "mkdir", "ls", "cd" and "env" are there besides.
 operations const& of_program();
-
-// The files of a folder of tests/cases.
-std::vector<std::filesystem::path> files_of(std::string const& folder);
-
-class Cases : public testing::TestWithParam<std::filesystem::path> {
- public:
-  static std::string name(testing::TestParamInfo<std::filesystem::path> const& file) {
-    return file.param.stem().string();
-  }
-};
 
 }  // namespace case_file

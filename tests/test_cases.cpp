@@ -1,4 +1,4 @@
-// What the files of tests/cases/core do with their texts.
+// What the files of tests/cases/test_cases do with their texts.
 
 #include <algorithm>
 #include <memory>
@@ -24,7 +24,6 @@
 
 namespace {
 
-using case_file::Cases;
 using case_file::scope;
 using case_file::words;
 using zu::strconv::encodings;
@@ -197,7 +196,7 @@ std::string shown(scope& in) {
   return text.str();
 }
 
-std::string open_for_host(scope& in, words const& a) {
+std::string opened(scope& in, words const& a) {
   catalogue_of(in).editor.set_proj4_string(a.at(0).c_str());
   return shown(in);
 }
@@ -410,7 +409,7 @@ case_file::operations const& case_file::of_program() {
                               {"use_tables", &use_tables},
                               {"apply", &apply},
                               {"applied", &applied},
-                              {"open", &open_for_host},
+                              {"open", &opened},
                               {"choose", &choose},
                               {"zonal_names", &zonal_names},
                               {"projection", &projection},
@@ -431,5 +430,3 @@ case_file::operations const& case_file::of_program() {
 
   return all;
 }
-
-INSTANTIATE_TEST_SUITE_P(Core, Cases, testing::ValuesIn(case_file::files_of("core")), Cases::name);

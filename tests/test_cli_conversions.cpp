@@ -1,4 +1,4 @@
-// The known systems by the command-line program; cases/cli has its other conversions.
+// The known systems by the command-line program; cases has its other conversions.
 
 #include <gtest/gtest.h>
 

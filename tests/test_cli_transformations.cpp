@@ -1,4 +1,4 @@
-// Long input of the command about coordinates; cases/cli has the rest of them.
+// Long input of the command about coordinates; cases has the rest of them.
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// Definition files beside what they hold, which cases/core tells.
+// Definition files beside what they hold, which cases/test_cases tells.
 
 #include <gtest/gtest.h>
 

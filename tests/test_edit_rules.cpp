@@ -1,5 +1,5 @@
 // The editing rules over many definitions, with the catalogue of the installation.
-// What becomes of single ones, and what a user chooses, is in cases/core.
+// What becomes of single ones, and what a user chooses, is in cases/test_cases.
 
 #include <gtest/gtest.h>
 

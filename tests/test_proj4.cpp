@@ -1,4 +1,4 @@
-// What of definitions is no text that goes in and comes out: see cases/core.
+// What of definitions is no text that goes in and comes out: see cases/test_cases.
 
 #include <gtest/gtest.h>
 

@@ -39,7 +39,7 @@ Tzu_vcl_scroll_box::Tzu_vcl_scroll_box(wxWindow* parent)
 
 // The toolkit's answer is a box in which all is scrolled.
 wxSize Tzu_vcl_scroll_box::DoGetBestSize() const {
-  return GetSizer() == nullptr ? wxSize() : const_cast<wxSizer*>(GetSizer())->GetMinSize();
+  return GetSizer() == nullptr ? wxSize() : GetSizer()->GetMinSize();
 }
 
 Tzu_vcl_group_box::Tzu_vcl_group_box(wxWindow* parent)

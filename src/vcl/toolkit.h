@@ -56,7 +56,7 @@ int control_height(wxWindow const& window);
 
 // Calls `settle` when the window manager has mapped the form and given it its
 // frame, unless the form is gone by then; never where no frame comes that late.
-void call_when_framed(wxDialog& form, std::function<void()> settle);
+void call_when_framed(wxDialog& form, std::function<void()> const& settle);
 
 // Moves the form, frame and all, also where the toolkit believes it to be there.
 void move_to(wxDialog& form, wxPoint const& place);
@@ -76,7 +76,8 @@ void finish_list(wxWindow& list, int widest_text);
 bool lists_shorten_captions();
 // Where they do not: `open` is called before the list opens, `close` after it has
 // closed again.
-void watch_list(wxWindow& list, std::function<void()> open, std::function<void()> close);
+void watch_list(wxWindow& list, std::function<void()> const& open,
+                std::function<void()> const& close);
 
 // Gives the keyboard to the first control of a form that has just appeared.
 void focus_first(wxWindow& list);

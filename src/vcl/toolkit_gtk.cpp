@@ -121,8 +121,8 @@ void prepare_form(wxDialog& /*form*/) {
 
 int control_height(wxWindow const& /*window*/) { return theme_control_height(); }
 
-void call_when_framed(wxDialog& form, std::function<void()> settle) {
-  auto owned = std::make_unique<std::function<void()>>(std::move(settle));
+void call_when_framed(wxDialog& form, std::function<void()> const& settle) {
+  auto owned = std::make_unique<std::function<void()>>(settle);
   g_signal_connect_data(form.GetHandle(), "map-event", G_CALLBACK(on_map), owned.release(),
                         drop_function, G_CONNECT_AFTER);
 }
@@ -167,8 +167,8 @@ void finish_list(wxWindow& list, int /*widest_text*/) {
 }
 
 bool lists_shorten_captions() { return true; }
-void watch_list(wxWindow& /*list*/, std::function<void()> /*open*/,
-                std::function<void()> /*close*/) {}
+void watch_list(wxWindow& /*list*/, std::function<void()> const& /*open*/,
+                std::function<void()> const& /*close*/) {}
 
 // Left to itself, GTK takes what lies first, which under some window managers is not
 // laid out yet. The toolkit would go on taking the list for what has the keyboard:

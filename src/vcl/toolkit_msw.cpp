@@ -58,7 +58,7 @@ void prepare_form(wxDialog& form) {
 int control_height(wxWindow const& window) { return window.FromDIP(design_control_height); }
 
 // The frame is there from the start.
-void call_when_framed(wxDialog& /*form*/, std::function<void()> /*settle*/) {}
+void call_when_framed(wxDialog& /*form*/, std::function<void()> const& /*settle*/) {}
 void move_to(wxDialog& form, wxPoint const& place) { form.Move(place); }
 wxSize frame_size(wxDialog const& form) { return form.GetSize() - form.GetClientSize(); }
 
@@ -104,11 +104,11 @@ class Tlist_watch {
 
 }  // namespace
 
-void watch_list(wxWindow& list, std::function<void()> open, std::function<void()> close) {
-  auto watch = std::make_unique<Tlist_watch>(
-      list.GetHandle(), std::move(open),
-      // The list is in the midst of its own change.
-      [&list, close = std::move(close)] { call_after_guarded(list, close); });
+void watch_list(wxWindow& list, std::function<void()> const& open,
+                std::function<void()> const& close) {
+  auto watch = std::make_unique<Tlist_watch>(list.GetHandle(), open,
+                                             // The list is in the midst of its own change.
+                                             [&list, close] { call_after_guarded(list, close); });
   SetWindowSubclass(GetParent(list.GetHandle()), &Tlist_watch::on_message,
                     reinterpret_cast<UINT_PTR>(list.GetHandle()),
                     reinterpret_cast<DWORD_PTR>(watch.release()));
