@@ -30,7 +30,7 @@ class Tzu_vcl_pj_proj : public Tzu_vcl_panel {
   std::function<void()> on_projection_change;
 
  private:
-  Tzu_vcl_caption_selbox* add_selector(Tzu_vcl_panel& strip);
+  static Tzu_vcl_caption_selbox* add_selector(Tzu_vcl_panel& strip);
   void on_change();
   void fill_zones();
 
