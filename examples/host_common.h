@@ -28,6 +28,7 @@ enum {
   host_pause_ms = 500, /* before each dialog: the window has got its place */
 };
 
+/* C reads it, too. NOLINTNEXTLINE(modernize-use-using) */
 typedef struct {
   int times;   /* dialogs still to be opened; 0 when the user opens them */
   int is_open; /* the dialog is: open no second one */

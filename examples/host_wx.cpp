@@ -57,8 +57,10 @@ class Tapplication : public wxApp {
  public:
   bool OnInit() override {
     std::vector<std::string> words;
+    words.reserve(argv.GetArguments().size());
     for (wxString const& word : argv.GetArguments()) words.push_back(word.utf8_string());
     std::vector<char*> arguments;
+    arguments.reserve(words.size());
     for (std::string& word : words) arguments.push_back(word.data());
     if (host_start(&host_, argc, arguments.data()) == 0) return false;
     // The application's main loop ends with it.
