@@ -104,15 +104,15 @@ void pick(Tzu_vcl_selbox& list, int position) {
 
 // On a connection of its own, with which it goes. The server counts the pixels of
 // the screen.
-Tforeign_window::Tforeign_window(wxRect const& wanted) {
+Tforeign_window::Tforeign_window(wxRect const& place) {
   int const scale =
       gdk_monitor_get_scale_factor(gdk_display_get_monitor(gdk_display_get_default(), 0));
-  wxRect const place(wanted.GetPosition() * scale, wanted.GetSize() * scale);
+  wxRect const real(place.GetPosition() * scale, place.GetSize() * scale);
   Display* const display = XOpenDisplay(nullptr);
   window_.reset(display, XCloseDisplay);
-  Window const window = XCreateSimpleWindow(display, DefaultRootWindow(display), place.x, place.y,
-                                            static_cast<unsigned>(place.width),
-                                            static_cast<unsigned>(place.height), 0, 0, 0);
+  Window const window = XCreateSimpleWindow(display, DefaultRootWindow(display), real.x, real.y,
+                                            static_cast<unsigned>(real.width),
+                                            static_cast<unsigned>(real.height), 0, 0, 0);
   XMapWindow(display, window);
   XSync(display, False);
   handle_ = handle_of(window);
