@@ -13,6 +13,6 @@ enum class float_event { trap, step };
 using float_watcher = bool (*)(float_event event, unsigned mxcsr);
 
 // Once in a process.
-void watch_floats(float_watcher watcher);
+void watch_floats(float_watcher wanted);
 
 }  // namespace core_test

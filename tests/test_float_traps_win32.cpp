@@ -20,8 +20,11 @@ LONG CALLBACK on_exception(EXCEPTION_POINTERS* exception) {
     case EXCEPTION_FLT_DIVIDE_BY_ZERO:
       watcher()(core_test::float_event::trap, machine.MxCsr);
       machine.MxCsr |= 0x1F80U;
+      // The system's structure is a union.
+      // NOLINTBEGIN(cppcoreguidelines-pro-type-union-access)
       machine.FltSave.MxCsr |= 0x1F80U;
       machine.FltSave.ControlWord |= 0x3FU;
+      // NOLINTEND(cppcoreguidelines-pro-type-union-access)
       return EXCEPTION_CONTINUE_EXECUTION;
     default:
       return EXCEPTION_CONTINUE_SEARCH;

@@ -68,8 +68,8 @@ void prepare_scroll_box(wxWindow& /*box*/) {}
 void prepare_list(wxWindow& /*list*/) {}
 // Open, a list is as wide as its items need.
 void finish_list(wxWindow& list, int widest_text) {
-  int const frame = GetSystemMetrics(SM_CXVSCROLL) + 4 * GetSystemMetrics(SM_CXEDGE);
-  SendMessageW(list.GetHandle(), CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest_text + frame), 0);
+  int const width = widest_text + GetSystemMetrics(SM_CXVSCROLL) + 4 * GetSystemMetrics(SM_CXEDGE);
+  SendMessageW(list.GetHandle(), CB_SETDROPPEDWIDTH, static_cast<WPARAM>(width), 0);
 }
 
 bool lists_shorten_captions() { return false; }
