@@ -26,7 +26,7 @@ bool is_to_fail(void const* caller) noexcept {
 
 void* take(std::size_t size, void const* caller) noexcept {
   if (is_to_fail(caller)) return nullptr;
-  // NOLINTNEXTLINE(cppcoreguidelines-no-malloc,hicpp-no-malloc): what is below operator new
+  // NOLINTNEXTLINE(cppcoreguidelines-no-malloc): what is below operator new
   void* const memory = std::malloc(size == 0 ? 1 : size);
   if (memory != nullptr) ++live;
   return memory;
@@ -34,7 +34,7 @@ void* take(std::size_t size, void const* caller) noexcept {
 
 void give_back(void* memory) noexcept {
   if (memory != nullptr) --live;
-  // NOLINTNEXTLINE(cppcoreguidelines-no-malloc,hicpp-no-malloc)
+  // NOLINTNEXTLINE(cppcoreguidelines-no-malloc)
   std::free(memory);
 }
 

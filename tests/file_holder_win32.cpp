@@ -50,6 +50,6 @@ std::vector<unsigned> pauses_of(std::function<void()> const& act,
 
 }  // namespace core_test
 
-// NOLINTNEXTLINE(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the linker's name
+// NOLINTNEXTLINE(clang-diagnostic-reserved-identifier): the linker's name
 extern "C" decltype(&Sleep) __imp_Sleep;
 decltype(&Sleep) __imp_Sleep = &core_test::watched_sleep;

@@ -1,7 +1,7 @@
 // What of the floating-point units a host sets and sees.
 #pragma once
 
-#include <immintrin.h>
+#include <xmmintrin.h>
 
 #include <array>
 #include <cstdint>

@@ -77,7 +77,7 @@ std::vector<pair> const& pairs() {
 }
 
 std::vector<point> points_of(libproj::Tcontext const& context, pair const& which) {
-  std::mt19937 random(17);  // NOLINT(cert-msc32-c,cert-msc51-cpp): repeatable
+  std::mt19937 random(17);  // NOLINT(cert-msc51-cpp): repeatable
   auto const between = [&random](double low, double high) {
     return low + (high - low) * (static_cast<double>(random()) / 4294967296.0);
   };

@@ -58,7 +58,7 @@ TEST(Number, reads_doubles_like_the_c_library) {
       "nan|-inf|infinity|1e999|-1e999|1e308|1e-308|0x1F|-0X1.8p1|0x.8|0x|0x-1|0xg|0.1e-0002|\xA0 "
       "1");
   for (std::string text; std::getline(texts, text, '|');) expect_read_like_c(text);
-  std::mt19937 random(20240501);  // NOLINT(cert-msc32-c,cert-msc51-cpp): repeatable
+  std::mt19937 random(20240501);  // NOLINT(cert-msc51-cpp): repeatable
   constexpr string_view alphabet = "00123456789..+--eE x,";
   for (int i = 0; i < 20000 && !HasFailure(); ++i) {
     std::string text;
@@ -77,7 +77,7 @@ TEST(Number, writes_like_the_c_library) {
                              0.0625,  0.99995,  -9.99996, 1e15,   999999999.5,  -1e300,
                              -1e-300, 0.000435, 1e14 / 3, 5e-324, 123456.00005, 0.9999999995,
                              1e-5,    1e12,     1e16,     0.0001, 500000,       999999999999.9};
-  std::mt19937_64 random(11);  // NOLINT(cert-msc32-c,cert-msc51-cpp): repeatable
+  std::mt19937_64 random(11);  // NOLINT(cert-msc51-cpp): repeatable
   std::uniform_real_distribution<double> coordinate(-2e7, 2e7);
   for (int i = 0; i < 20000; ++i) {
     values.push_back(coordinate(random));

@@ -50,7 +50,7 @@ bool is_whole(std::string const& content) {
 // When they die is left to chance; what they leave is not.
 TEST(File_posix, savers_that_die_and_savers_at_once_leave_one_content_whole) {
   Ttemp_folder const folder;
-  std::mt19937 random(5);  // NOLINT(cert-msc32-c,cert-msc51-cpp): repeatable
+  std::mt19937 random(5);  // NOLINT(cert-msc51-cpp): repeatable
   put_file(folder.file("f"), std::string(long_size, 'a'));
   for (int i = 0; i < 100; ++i) {
     std::array<pid_t, 2> const savers{start_saving(folder.wide(L"f")),

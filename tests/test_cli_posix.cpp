@@ -1,7 +1,7 @@
 // The command-line program before a terminal, on a full disk and in other locales.
 
 #include <gtest/gtest.h>
-#include <stdlib.h>  // NOLINT(hicpp-deprecated-headers,modernize-deprecated-headers): POSIX's own
+#include <stdlib.h>  // NOLINT(modernize-deprecated-headers): POSIX's own
 
 #include <cstdio>
 #include <optional>

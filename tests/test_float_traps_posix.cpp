@@ -1,5 +1,5 @@
 #include <gtest/gtest.h>
-#include <signal.h>  // NOLINT(hicpp-deprecated-headers,modernize-deprecated-headers): POSIX's own
+#include <signal.h>  // NOLINT(modernize-deprecated-headers): POSIX's own
 #include <ucontext.h>
 
 #include <span>

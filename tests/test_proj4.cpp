@@ -25,7 +25,7 @@ std::string composed(std::string const& text) {
 }
 
 TEST(Proj4_str, any_text_normalises_once) {
-  std::mt19937 random(11);  // NOLINT(cert-msc32-c,cert-msc51-cpp): repeatable
+  std::mt19937 random(11);  // NOLINT(cert-msc51-cpp): repeatable
   constexpr std::array<char const*, 24> parts{
       "+",      "+",    "+proj=",  "+lon_0=", "+k=", "+R=",    "+towgs84=", "+south",
       "+zone=", "+a=",  "+ellps=", "+Units=", "=",   ",",      " ",         "\t",

@@ -339,7 +339,7 @@ struct usage {
 TEST(Soak, nothing_piles_up_and_nothing_is_remembered) {
   char const* const wanted = std::getenv("ZU_SOAK_ACTS");
   std::size_t const acts = wanted == nullptr ? 600 : std::strtoull(wanted, nullptr, 10);
-  std::mt19937 random(5);  // NOLINT(cert-msc32-c,cert-msc51-cpp): repeatable
+  std::mt19937 random(5);  // NOLINT(cert-msc51-cpp): repeatable
   std::vector<std::optional<std::size_t>> outcomes(different_acts);
   std::vector<usage> usages;
   // All once, which fills what is kept for good; then by chance.

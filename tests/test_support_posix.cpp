@@ -1,7 +1,7 @@
 // Files, folders and terminals as POSIX has them.
 
 #include <gtest/gtest.h>
-#include <stdlib.h>  // NOLINT(hicpp-deprecated-headers,modernize-deprecated-headers): POSIX's own
+#include <stdlib.h>  // NOLINT(modernize-deprecated-headers): POSIX's own
 
 #include "basic/file.h"
 #include "basic/file_system.h"

@@ -52,7 +52,8 @@ char const* zu_proj4_form_execute(zu_pj_edit_window owner, char const* definitio
 
 void* zu_proj4_form_execute_w(zu_pj_edit_window owner, void* first, void* second) {
   zu::Tfloat_scope const floats;
-  kept_floats = &floats;
+  // The scope outlives the call, the only one to read this.
+  kept_floats = &floats;  // cppcheck-suppress danglingLifetime
   kept_handle = Tzu_application::instance().get_handle();
   Tzu_handle_scope const scope(owner);
   auto* const execute = zu::module::find_loaded_as<zu::wide_function>(

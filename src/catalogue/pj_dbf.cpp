@@ -42,7 +42,7 @@ std::vector<std::wstring> possible_folders() {
   if (own.empty()) return folders;
   if (own != program) folders.push_back(own + L"prj_def");
   for (auto prefix = parent_of(own); !prefix.empty(); prefix = parent_of(prefix)) {
-    folders.push_back(zu::path::join(prefix, ZU_DATA_FOLDER L"/prj_def"));
+    folders.push_back(zu::path::join(prefix, L"" ZU_DATA_FOLDER L"/prj_def"));
     if (parent_of(parent_of(own)) == prefix) break;
   }
   return folders;

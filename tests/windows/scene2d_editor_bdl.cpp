@@ -14,7 +14,7 @@ extern "C" {
 __declspec(dllexport) editor_record const* editor_module_record() { return &record; }
 
 #ifndef ZU_EDITOR_MODULE_BARE
-// NOLINTNEXTLINE(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the suite's name
+// NOLINTNEXTLINE(clang-diagnostic-reserved-identifier): the suite's name
 __declspec(dllexport) void* zu_proj4_form_execute_w__impl(void* window, void* first, void* second) {
   record = {record.calls + 1, window, first, second};
   auto const wanted = reinterpret_cast<std::uintptr_t>(second);
