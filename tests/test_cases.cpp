@@ -56,6 +56,21 @@ std::string normalize_for_proj(scope& /*in*/, words const& a) {
   return text + " | " + set.composed();
 }
 
+// Each loss: the piece, why, what is kept, and "!" where points move.
+std::string losses(scope& /*in*/, words const& a) {
+  static constexpr std::array reasons{"before", "unknown", "repeated", "unread",  "tail",
+                               "eighth", "changed", "sphere",   "lon_wrap"};
+  std::string text;
+  auto const add = [](void* context, zu_pj4_loss const* loss) {
+    auto& told = *static_cast<std::string*>(context);
+    told.append(told.empty() ? "" : " | ").append(loss->piece).append(" ");
+    told.append(reasons.at(loss->reason)).append(*loss->kept == '\0' ? "" : " ");
+    told.append(loss->kept).append(loss->moves_points != 0 ? "!" : "");
+  };
+  zu_pj4_find_losses(a.at(0).c_str(), add, &text);
+  return text;
+}
+
 std::string kinds(scope& /*in*/, words const& a) {
   definition const set(a.at(0));
   return std::string(set.is_sphere() ? "sphere " : "") + (set.is_valid() ? "valid " : "") +
@@ -393,6 +408,7 @@ std::string box(scope& /*in*/, words const& a) {
 case_file::operations const& case_file::of_program() {
   static operations const all{{"normalize", &normalize},
                               {"normalize_for_proj", &normalize_for_proj},
+                              {"losses", &losses},
                               {"kinds", &kinds},
                               {"compare", &compare},
                               {"geographic", &geographic},

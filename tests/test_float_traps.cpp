@@ -229,6 +229,7 @@ TEST_F(Float_traps, every_function_of_the_layer_computes_in_a_scope) {
         COMPUTES(zu_pj4_import_crs(L"EPSG:3575", adapter)),
         COMPUTES(zu_pj4_get_text(sphere, adapter)),
         COMPUTES(zu_pj4_get_short_text(polar, adapter)),
+        COMPUTES(zu_pj4_find_losses("+x_0=1e999 +k=1e300", nullptr, nullptr)),
         COMPUTES(params = zu_pj4_params_create()),
         COMPUTES(zu_pj4_params_set(params, polar)),
         MOVES(zu_pj4_params_get(params)),

@@ -109,6 +109,8 @@ static void test_texts(void) {
   CHECK(zu_pj4_get_text(NULL, layer_adapter()) == 0 && layer_received_count() == 0);
   CHECK(zu_pj4_params_get_text(params, NULL) == 0 && zu_pj4_get_text("+proj=merc", NULL) == 0);
   CHECK(zu_pj4_get_short_text("+proj=merc", NULL) == 0);
+  CHECK(zu_pj4_find_losses("+pm=paris +k", NULL, NULL) == 2);
+  CHECK(zu_pj4_find_losses(NULL, NULL, NULL) == 0);
   zu_pj4_params_destroy(params);
 }
 

@@ -74,6 +74,34 @@ int zu_pj4_get_text(char const* definition, Izu_string_adp* adapter);
    without a projection. */
 int zu_pj4_get_short_text(char const* definition, Izu_string_adp* adapter);
 
+/* --- What a definition loses on being read ---------------------------------- */
+
+typedef enum zu_pj4_loss_reason {
+  ZU_PJ4_LOSS_TEXT_BEFORE,    /* text before the first "+" is never read */
+  ZU_PJ4_LOSS_UNKNOWN_KEY,    /* the key is none of the 21, nor another name of one */
+  ZU_PJ4_LOSS_REPEATED_KEY,   /* the parameter is given by another piece */
+  ZU_PJ4_LOSS_UNREAD_VALUE,   /* no number, no text, or a flag that is said to be off */
+  ZU_PJ4_LOSS_UNREAD_TAIL,    /* only the begin of the value is read, "37" of "37d30" */
+  ZU_PJ4_LOSS_EIGHTH_NUMBER,  /* a datum shift of more than seven numbers */
+  ZU_PJ4_LOSS_CHANGED_NUMBER, /* 1e12 and more: what is written is read as another number */
+  ZU_PJ4_LOSS_SPHERE_SHIFT,   /* a sphere is written without its datum shift */
+  ZU_PJ4_LOSS_OTHER_LON_WRAP  /* "+lon_wrap=45" is written, whatever the text says */
+} zu_pj4_loss_reason;
+
+/* One loss. The texts are valid during the callback. */
+typedef struct zu_pj4_loss {
+  char const* piece; /* as it stands in the text, with its "+" */
+  zu_pj4_loss_reason reason;
+  char const* kept;        /* what is read of the value, "" for nothing */
+  int moves_points;        /* whether coordinates depend on what was lost */
+  wchar_t const* sentence; /* for a user, in the interface language */
+} zu_pj4_loss;
+
+/* Tells each loss of a definition, in the order of its text, and returns how many
+   there are. The callback may be null, and must not throw. */
+unsigned zu_pj4_find_losses(char const* definition,
+                            void (*found)(void* context, zu_pj4_loss const* loss), void* context);
+
 /* --- Parameters of a definition ------------------------------------------
 
    A definition as 21 typed parameters and its PROJ.4 text. Reading is lenient:

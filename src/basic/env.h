@@ -17,6 +17,7 @@ class Tzu_env {
   Tzu_env& operator=(Tzu_env const&) = delete;
 
   virtual void message(std::string_view text) = 0;
+  virtual void warning(std::string_view text) = 0;
   virtual void error(std::string_view text) = 0;
   virtual void debug(std::string_view text) = 0;
 
@@ -38,7 +39,7 @@ class Tzu_env {
   percentage shown_;
 };
 
-// Writes lines: "Message: ", "Error: ", "Debug: ", "Wait: 37% " and "Finished: "
+// Writes lines: "Message: ", "Warning: ", "Error: ", "Debug: ", "Wait: 37% " and "Finished: "
 // with the text. Each is flushed.
 class Tzu_env_out : public Tzu_env {
  public:
@@ -46,6 +47,7 @@ class Tzu_env_out : public Tzu_env {
   explicit Tzu_env_out(std::ostream& out) : out_(&out) {}
 
   void message(std::string_view text) override { put_line("Message: ", text); }
+  void warning(std::string_view text) override { put_line("Warning: ", text); }
   void error(std::string_view text) override { put_line("Error: ", text); }
   void debug(std::string_view text) override { put_line("Debug: ", text); }
 

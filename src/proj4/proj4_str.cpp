@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 #include <utility>
 
 #include "basic/number.h"
@@ -20,7 +21,10 @@ Tzu_proj4_str::Tzu_proj4_str()
 }
 
 void Tzu_proj4_str::decompose() {
-  auto const texts = zu::str::split(definition_, "+");
+  // What stands before the first "+" is no parameter.
+  std::string_view const definition = definition_;
+  auto const texts =
+      zu::str::split(definition.substr(std::min(definition.find('+'), definition.size())), "+");
   std::vector<zu::str::name_value> pieces(texts.size());
   std::ranges::transform(texts, pieces.begin(),
                          [](auto text) { return zu::str::divide_str(text, '='); });

@@ -9,6 +9,7 @@
 #include "basic/float_environment.h"
 #include "basic/str.h"
 #include "proj4/proj4_str.h"
+#include "proj4/reading_report.h"
 #include "proj4/short_text.h"
 #include "text/strconv.h"
 
@@ -17,6 +18,8 @@ struct zu_pj4_params {
 };
 
 namespace {
+
+static_assert(static_cast<int>(zu::loss_reason::other_lon_wrap) == ZU_PJ4_LOSS_OTHER_LON_WRAP);
 
 constexpr int failed = 0;
 constexpr int done = 1;
@@ -81,6 +84,23 @@ int zu_pj4_get_text(char const* definition, Izu_string_adp* adapter) {
 
 int zu_pj4_get_short_text(char const* definition, Izu_string_adp* adapter) {
   return result_of([=] { return Tzu_short_text_helper::get_short_text(definition, adapter); });
+}
+
+unsigned zu_pj4_find_losses(char const* definition,
+                            void (*found)(void* context, zu_pj4_loss const* loss), void* context) {
+  if (definition == nullptr) return 0;
+  return zu::in_float_scope([=] {
+    auto const losses = zu::find_reading_losses(definition);
+    for (zu::reading_loss const& loss : losses) {
+      if (found == nullptr) break;
+      std::wstring const sentence = zu::tell(loss);
+      // The reasons of both have one order.
+      zu_pj4_loss const told{loss.piece.c_str(), static_cast<zu_pj4_loss_reason>(loss.reason),
+                             loss.kept.c_str(), flag(loss.moves_points), sentence.c_str()};
+      found(context, &told);
+    }
+    return static_cast<unsigned>(losses.size());
+  });
 }
 
 zu_pj4_params* zu_pj4_params_create() {

@@ -17,6 +17,9 @@ class Tzu_reproj_xy {
   // are false when PROJ makes no operation.
   bool init(char const* source, char const* target) { return exec_.init(source, target); }
   bool init(wchar_t const* source, wchar_t const* target) { return exec_.init(source, target); }
+  bool init_as_written(std::string const& source, std::string const& target) {
+    return exec_.init_as_written(source, target);
+  }
   // Between a definition and the geographic system of its own datum and ellipsoid.
   bool init_to_latlong(char const* definition);
   bool init_to_latlong(wchar_t const* definition);

@@ -10,7 +10,9 @@
 #include <string_view>
 #include <thread>
 #include <utility>
+#include <vector>
 
+#include "basic/str.h"
 #include "basic/thread.h"
 #include "proj4/named_files.h"
 #include "proj4/proj4_str.h"
@@ -48,6 +50,17 @@ Tprepared prepare(std::wstring_view definition) {
   return {is_safe ? set.get() : "", set.get_is_long_lat()};
 }
 
+// A text for PROJ as it is, marked as a coordinate system where it could be a step
+// of a transformation; empty when it would have PROJ open a file.
+std::string as_written(std::string const& text) {
+  if (!zu::named_files::has_none_but(text, zu::named_files::shift_grids::any)) return {};
+  bool const is_proj4 =
+      zu::str::trim(text).substr(0, 1).find_first_of("{[") == std::string_view::npos &&
+      text.find('[') == std::string::npos &&
+      (text.find("proj=") != std::string::npos || text.find("init=") != std::string::npos);
+  return is_proj4 && text.find("type=crs") == std::string::npos ? text + " +type=crs" : text;
+}
+
 std::wstring widen(char const* text) {
   return zu::strconv::from_system(text == nullptr ? std::string_view() : text);
 }
@@ -55,6 +68,29 @@ std::wstring widen(char const* text) {
 PJ_DIRECTION to_proj(reproj_direction direction) noexcept {
   return direction == reproj_direction::forward ? PJ_FWD : PJ_INV;
 }
+
+// Understands "+init=" as PROJ's own programs do.
+zu::proj_library::context make_lenient_context() {
+  auto context = zu::proj_library::make_context();
+  if (context) proj_context_use_proj4_init_rules(context.get(), 1);
+  return context;
+}
+
+zu::proj_library::object create_system(PJ_CONTEXT* context, std::string const& text) {
+  return zu::proj_library::object(text.empty() ? nullptr : proj_create(context, text.c_str()));
+}
+
+struct factory_closer {
+  void operator()(PJ_OPERATION_FACTORY_CONTEXT* factory) const noexcept {
+    proj_operation_factory_context_destroy(factory);
+  }
+};
+using operation_factory = std::unique_ptr<PJ_OPERATION_FACTORY_CONTEXT, factory_closer>;
+
+struct list_closer {
+  void operator()(PJ_OBJ_LIST* list) const noexcept { proj_list_destroy(list); }
+};
+using operation_list = std::unique_ptr<PJ_OBJ_LIST, list_closer>;
 
 void scale(std::size_t count, double* x, double* y, double factor) noexcept {
   for (double& value : std::span(x, count)) value *= factor;
@@ -123,12 +159,22 @@ bool Tzu_reproj_xy_exec::init(char const* source, char const* target) {
 bool Tzu_reproj_xy_exec::init(wchar_t const* source, wchar_t const* target) {
   Tprepared from = prepare(source == nullptr ? L"" : source);
   Tprepared to = prepare(target == nullptr ? L"" : target);
-  if (has_operation() && from.text == source_ && to.text == target_) return true;
-  clear();
-  source_ = std::move(from.text);
-  target_ = std::move(to.text);
+  if (take(std::move(from.text), std::move(to.text))) return true;
   angular_input_ = from.is_long_lat;
   angular_output_ = to.is_long_lat;
+  return false;
+}
+
+bool Tzu_reproj_xy_exec::init_as_written(std::string const& source, std::string const& target) {
+  if (!context_) context_ = make_lenient_context();
+  return context_ != nullptr && take(as_written(source), as_written(target));
+}
+
+bool Tzu_reproj_xy_exec::take(std::string source, std::string target) {
+  if (has_operation() && source == source_ && target == target_) return true;
+  clear();
+  source_ = std::move(source);
+  target_ = std::move(target);
   return !source_.empty() && !target_.empty() && create();
 }
 
@@ -219,6 +265,61 @@ std::size_t Tzu_reproj_xy_exec::prepare_helpers(std::size_t wanted) {
     // Without memory for more of them those there are do it all.
   }
   return std::min(wanted, helpers_.size());
+}
+
+bool Tzu_reproj_xy_exec::verify_as_written(std::string const& text) {
+  auto const context = make_lenient_context();
+  return context && create_system(context.get(), as_written(text)) != nullptr;
+}
+
+bool Tzu_reproj_xy_exec::is_geographic_as_written(std::string const& text) {
+  auto const context = make_lenient_context();
+  if (!context) return false;
+  auto system = create_system(context.get(), as_written(text));
+  // What is bound to a datum or joined with a height stands first.
+  while (system && proj_get_type(system.get()) == PJ_TYPE_BOUND_CRS)
+    system.reset(proj_get_source_crs(context.get(), system.get()));
+  while (system && proj_get_type(system.get()) == PJ_TYPE_COMPOUND_CRS)
+    system.reset(proj_crs_get_sub_crs(context.get(), system.get(), 0));
+  while (system && proj_get_type(system.get()) == PJ_TYPE_BOUND_CRS)
+    system.reset(proj_get_source_crs(context.get(), system.get()));
+  if (!system) return false;
+  auto const type = proj_get_type(system.get());
+  return type == PJ_TYPE_GEOGRAPHIC_2D_CRS || type == PJ_TYPE_GEOGRAPHIC_3D_CRS;
+}
+
+std::vector<std::string> Tzu_reproj_xy_exec::find_missing_grids(std::string const& source_text,
+                                                                std::string const& target_text) {
+  std::vector<std::string> names;
+  auto const context = make_lenient_context();
+  if (!context) return names;
+  auto const source = create_system(context.get(), as_written(source_text));
+  auto const target = create_system(context.get(), as_written(target_text));
+  operation_factory const factory(proj_create_operation_factory_context(context.get(), nullptr));
+  if (!source || !target || !factory) return names;
+  // In the order of an installation that has all grids.
+  proj_operation_factory_context_set_grid_availability_use(context.get(), factory.get(),
+                                                           PROJ_GRID_AVAILABILITY_IGNORED);
+  proj_operation_factory_context_set_spatial_criterion(context.get(), factory.get(),
+                                                       PROJ_SPATIAL_CRITERION_PARTIAL_INTERSECTION);
+  operation_list const found(
+      proj_create_operations(context.get(), source.get(), target.get(), factory.get()));
+  int const count = found ? proj_list_get_count(found.get()) : 0;
+  for (int i = 0; i < count; ++i) {
+    zu::proj_library::object const way(proj_list_get(context.get(), found.get(), i));
+    // The ways behind the first that works are not better.
+    if (!way || proj_coordoperation_is_instantiable(context.get(), way.get()) != 0) break;
+    int const grids = proj_coordoperation_get_grid_used_count(context.get(), way.get());
+    for (int k = 0; k < grids; ++k) {
+      char const* name = nullptr;
+      int available = 1;
+      proj_coordoperation_get_grid_used(context.get(), way.get(), k, &name, nullptr, nullptr,
+                                        nullptr, nullptr, nullptr, &available);
+      if (available == 0 && name != nullptr && std::ranges::find(names, name) == names.end())
+        names.emplace_back(name);
+    }
+  }
+  return names;
 }
 
 bool Tzu_reproj_xy_exec::verify_pj4str(char const* definition) {

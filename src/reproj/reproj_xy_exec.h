@@ -25,6 +25,12 @@ class Tzu_reproj_xy_exec {
   // The same two definitions again keep the operation, whose making is dear.
   bool init(char const* source, char const* target);
   bool init(wchar_t const* source, wchar_t const* target);
+  // Takes two coordinate systems in any notation that PROJ reads (a definition, a
+  // code, a name, WKT, a URN), in UTF-8, and hands them over as they are written:
+  // nothing is read, dropped or added, and longitudes are PROJ's own. For who wants
+  // PROJ's answer, as the command line does; hosts' data live by the definitions as
+  // the library reads them, which init gives. False as there.
+  bool init_as_written(std::string const& source, std::string const& target);
   void clear() noexcept;
   bool has_operation() const noexcept { return normalized_ != nullptr; }
 
@@ -43,6 +49,16 @@ class Tzu_reproj_xy_exec {
   // would hand it over. Narrow text in the system's code page.
   static bool verify_pj4str(char const* definition);
 
+  // Whether PROJ finds a coordinate system in a text as it is written, and whether
+  // its coordinates are angles.
+  static bool verify_as_written(std::string const& text);
+  static bool is_geographic_as_written(std::string const& text);
+
+  // The grids of the best ways between two systems as written that are not there, so
+  // that PROJ has to take another way. None is ever fetched. Takes milliseconds.
+  static std::vector<std::string> find_missing_grids(std::string const& source,
+                                                     std::string const& target);
+
   // Arrays from this size on are shared among the processors.
   static std::size_t get_parallel_size() noexcept;
 
@@ -53,6 +69,7 @@ class Tzu_reproj_xy_exec {
     zu::proj_library::object operation;
   };
 
+  bool take(std::string source, std::string target);
   bool create();
   bool transform_shared(std::size_t count, double* x, double* y, PJ_DIRECTION direction);
   // How many of the wanted there are.

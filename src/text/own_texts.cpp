@@ -1,5 +1,6 @@
 #include "text/own_texts.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -14,7 +15,7 @@ struct Tentry {
   wchar_t const* russian;
 };
 
-constexpr std::array<Tentry, 2> entries{{
+constexpr std::array<Tentry, 11> entries{{
     {own_text::no_catalogue,
      L"The catalogue of projections, datums and ellipsoids is missing.\n"
      L"None of these folders is there:",
@@ -22,6 +23,21 @@ constexpr std::array<Tentry, 2> entries{{
      L"Ни одной из этих папок нет:"},
     {own_text::type_a_point, L"Type \".\" before the decimals, not \",\".",
      L"Дробную часть отделяйте точкой \".\", а не запятой."},
+    {own_text::text_before, L"%1: text before the first \"+\" is not read",
+     L"%1: текст перед первым \"+\" не читается"},
+    {own_text::unknown_key, L"%1: this key is not read", L"%1: этот ключ не читается"},
+    {own_text::repeated_key, L"%1: given twice, this one is not read",
+     L"%1: задано дважды, это значение не читается"},
+    {own_text::unread_value, L"%1: the value cannot be read", L"%1: значение не читается"},
+    {own_text::unread_tail, L"%1: only %2 is read", L"%1: читается только %2"},
+    {own_text::eighth_number, L"%1: only the first seven numbers are read",
+     L"%1: читаются только первые семь чисел"},
+    {own_text::changed_number, L"%1: is written as %2, which is read as another number",
+     L"%1: записывается как %2 и затем читается как другое число"},
+    {own_text::sphere_shift, L"%1: a sphere is written without its datum shift",
+     L"%1: сфера записывается без сдвига датума"},
+    {own_text::other_lon_wrap, L"%1: +lon_wrap=45 is written instead",
+     L"%1: вместо этого записывается +lon_wrap=45"},
 }};
 
 constexpr bool is_in_order() {
@@ -36,6 +52,21 @@ static_assert(is_in_order());
 wchar_t const* get_own_text(own_text which) {
   Tentry const& entry = entries.at(static_cast<std::size_t>(which));
   return Tzu_rc::is_russian() ? entry.russian : entry.english;
+}
+
+std::wstring fill_own_text(own_text which, std::wstring_view first, std::wstring_view second) {
+  constexpr std::size_t longest = 200;
+  std::wstring text;
+  for (std::wstring_view rest = get_own_text(which); !rest.empty();) {
+    auto const mark = std::min(rest.find(L'%'), rest.size());
+    text.append(rest.substr(0, mark));
+    rest.remove_prefix(mark);
+    if (rest.size() < 2) break;
+    std::wstring_view const value = rest[1] == L'1' ? first : second;
+    text.append(value.substr(0, longest)).append(value.size() > longest ? L"..." : L"");
+    rest.remove_prefix(2);
+  }
+  return text;
 }
 
 }  // namespace zu

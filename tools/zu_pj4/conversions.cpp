@@ -18,21 +18,15 @@
 #include "terminal.h"
 #include "text/strconv.h"
 #include "text/string_adapter.h"
+#include "text_lines.h"
 #include "transformations.h"
 #include "zu_pj_edit/zu_pj4_layer.h"
 
 namespace conversions {
 namespace {
 
-// For a message of one line.
-std::string in_one_line(std::string_view text) {
-  std::string line(zu::str::trim(text));
-  std::ranges::replace_if(
-      line, [](char c) { return c == '\n' || c == '\r'; }, ' ');
-  return line;
-}
-
-std::string in_quotes(std::string_view text) { return '"' + in_one_line(text) + '"'; }
+using text_lines::in_one_line;
+using text_lines::in_quotes;
 
 // Collects what GDAL and PROJ say while a conversion runs.
 class Treasons {
@@ -73,39 +67,14 @@ bool is_esri_name(std::string_view name) {
 
 using convert_text = int (*)(wchar_t const*, Izu_string_adp*);
 
-// Prints a line for each text, and an empty one for what fails, so that lines
-// stay beside those they were made of. Empty lines of input make empty lines.
-// `failure` tells what cannot be done with a text.
-int convert_texts(std::vector<std::string> const& texts, convert_text convert,
-                  std::function<std::string(std::string const&)> const& failure, Tzu_env& env) {
+// What a text gives; throws `failure` and why.
+std::string converted(std::string const& text, convert_text convert, std::string const& failure) {
   Treasons reasons;
-  int status = 0;
-  auto const convert_one = [&](std::string const& text) {
-    std::wstring result;
-    std::wstring const wide = terminal::to_wide(text);
-    auto const produce = [&](Izu_string_adp* adapter) {
-      return convert(wide.c_str(), adapter) != 0;
-    };
-    if (!collect(produce, result)) {
-      env.error(failure(text) + reasons.take());
-      status = exit_some_failed;
-    }
-    std::cout << terminal::from_wide(result) << '\n';
-    reasons.take();
-  };
-  for (std::string const& text : texts) {
-    if (text != "-") {
-      convert_one(text);
-      continue;
-    }
-    for (std::string line; std::getline(std::cin, line);) {
-      if (zu::str::trim(line).empty())
-        std::cout << '\n';
-      else
-        convert_one(line);
-    }
-  }
-  return status;
+  std::wstring result;
+  std::wstring const wide = terminal::to_wide(text);
+  auto const produce = [&](Izu_string_adp* adapter) { return convert(wide.c_str(), adapter) != 0; };
+  if (!collect(produce, result)) throw Terror(failure + reasons.take());
+  return terminal::from_wide(result);
 }
 
 std::string no_esri(std::string const& definition) {
@@ -135,17 +104,21 @@ std::string load_file(std::string const& name, bool is_esri) try {
 
 }  // namespace
 
-int to_esri(std::vector<std::string> const& definitions, Tzu_env& env) {
-  constexpr auto convert = [](wchar_t const* text, Izu_string_adp* adapter) {
-    std::string const definition = transformations::definition_of(terminal::from_wide(text));
-    return zu_pj4_export_esri(terminal::to_wide(definition).c_str(), adapter);
+int to_esri(std::vector<std::string> const& definitions, Tzu_env& env, Tlosses const& losses) {
+  auto const convert = [&losses](std::string const& text, std::string const& where) {
+    std::string const definition = transformations::definition_of(text);
+    std::string const wkt = converted(definition, &zu_pj4_export_esri, no_esri(text));
+    losses.tell(terminal::to_library(definition), where);
+    return wkt;
   };
-  return convert_texts(definitions, convert, no_esri, env);
+  return text_lines::print_each(definitions, env, text_lines::on_failure::go_on, convert);
 }
 
 int import(std::vector<std::string> const& texts, Tzu_env& env) {
-  auto const failure = [](std::string const& text) { return "cannot import " + in_quotes(text); };
-  return convert_texts(texts, &zu_pj4_import_crs, failure, env);
+  auto const convert = [](std::string const& text, std::string const&) {
+    return converted(text, &zu_pj4_import_crs, "cannot import " + in_quotes(text));
+  };
+  return text_lines::print_each(texts, env, text_lines::on_failure::go_on, convert);
 }
 
 std::string from_esri(std::string const& name) {
@@ -162,7 +135,7 @@ std::string from_esri(std::string const& name) {
 }
 
 int convert(std::vector<std::string> const& names, std::string const& kind,
-            std::string const& folder, Tzu_env& env) {
+            std::string const& folder, Tzu_env& env, Tlosses const& losses) {
   std::wstring const wide_folder = terminal::to_wide(folder);
   if (!folder.empty() && !zu::file_system::make_folders(wide_folder))
     throw Terror("cannot make the folder " + folder);
@@ -184,14 +157,21 @@ int convert(std::vector<std::string> const& names, std::string const& kind,
       throw Terror("would overwrite " + shown + ", which is to be converted, too");
     if (auto const made = outputs.find(identity); made != outputs.end())
       throw Terror("would overwrite " + shown + ", which was made of " + made->second);
-    save(read_file(name, is_esri_name(name)), shown);
+    std::string const definition = read_file(name, is_esri_name(name));
+    losses.tell(terminal::to_library(definition), name + ": ");
+    save(definition, shown);
     outputs.emplace(identity, name);
   };
   std::size_t done = 0;
   std::size_t failed = 0;
+  int status = 0;
   for (std::string const& name : names) {
     try {
       convert_one(name);
+    } catch (Tloss_error const& error) {
+      env.error(error.what());
+      ++failed;
+      status = exit_error;
     } catch (std::exception const& error) {
       env.error(name + ": " + error.what());
       ++failed;
@@ -201,7 +181,7 @@ int convert(std::vector<std::string> const& names, std::string const& kind,
   env.finished(std::to_string(done - failed) + " of " + std::to_string(done) + " files converted");
   if (failed == 0) return 0;
   env.error(std::to_string(failed) + " of " + std::to_string(done) + " files not converted");
-  return exit_some_failed;
+  return std::max(status, exit_some_failed);
 }
 
 std::string load(std::string const& name) { return load_file(name, is_esri_name(name)); }

@@ -9,12 +9,13 @@
 #include <vector>
 
 #include "basic/env.h"
+#include "losses.h"
 
 namespace conversions {
 
 // Print one line for each text, empty where it fails; "-" reads them from
 // standard input.
-int to_esri(std::vector<std::string> const& definitions, Tzu_env& env);
+int to_esri(std::vector<std::string> const& definitions, Tzu_env& env, Tlosses const& losses);
 int import(std::vector<std::string> const& texts, Tzu_env& env);
 
 // The definition of one file, or of standard input for "-".
@@ -23,7 +24,7 @@ std::string from_esri(std::string const& name);
 // Files of either kind, told apart by the extension ".prj"; `kind` is "pj4" or
 // "prj", an empty folder is each file's own. No input of the run is overwritten.
 int convert(std::vector<std::string> const& names, std::string const& kind,
-            std::string const& folder, Tzu_env& env);
+            std::string const& folder, Tzu_env& env, Tlosses const& losses);
 
 // One definition file, by its extension.
 std::string load(std::string const& name);

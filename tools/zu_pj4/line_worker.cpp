@@ -69,13 +69,6 @@ line_view parse(std::string_view text) {
 Tline_worker::Tline_worker() = default;
 Tline_worker::~Tline_worker() = default;
 
-bool Tline_worker::init(std::string const& from, std::string const& to, reproj_direction direction,
-                        int digits) {
-  digits_ = digits;
-  direction_ = direction;
-  return exec_.has_operation() || exec_.init(from.c_str(), to.c_str());
-}
-
 void Tline_worker::start(std::string& text) {
   text_.swap(text);
   output_.clear();

@@ -22,9 +22,14 @@ class Tline_worker {
   Tline_worker(Tline_worker const&) = delete;
   Tline_worker& operator=(Tline_worker const&) = delete;
 
-  // Definitions in the library's encoding. False when there is no transformation.
-  // Costs nothing the second time.
-  bool init(std::string const& from, std::string const& to, reproj_direction direction, int digits);
+  // Takes what inits a PROJ step, and tells the digits. False when there is no
+  // transformation. Costs nothing the second time.
+  template <class Systems>
+  bool init(Systems const& systems, reproj_direction direction) {
+    digits_ = systems.digits();
+    direction_ = direction;
+    return exec_.has_operation() || systems.init(exec_);
+  }
 
   // Swaps a text of whole lines with the one before, and starts on it; on a thread of
   // its own where there is one to be had. Otherwise it is done by now.

@@ -18,7 +18,9 @@
 #include "proj4/proj4_str.h"
 #include "reproj/reproj_d2.h"
 #include "terminal.h"
+#include "text/strconv.h"
 #include "text/string_adapter.h"
+#include "text_lines.h"
 #include "zu_pj_edit/zu_pj4_layer.h"
 
 namespace transformations {
@@ -36,24 +38,65 @@ bool is_geographic(std::string const& definition) {
   return set.get_is_long_lat();
 }
 
-// The two definitions of a request in the library's encoding, and how many
-// digits its results have: those of a tenth of a millimetre, or finer.
-struct prepared {
-  std::string from;
-  std::string to;
-  int digits;
-
-  explicit prepared(request const& wanted)
-      : from(terminal::to_library(definition_of(wanted.from))),
-        to(terminal::to_library(definition_of(wanted.to))),
-        digits(wanted.digits.value_or(is_geographic(wanted.inverse ? from : to) ? 9 : 4)) {}
-
-  [[noreturn]] void complain(request const& wanted) const {
-    for (auto const& [text, definition] : {std::pair(wanted.from, from), {wanted.to, to}})
-      if (!Tzu_reproj_xy_exec::verify_pj4str(definition.c_str()))
-        throw Terror("PROJ cannot transform coordinates of \"" + text + '"');
-    throw Terror("no transformation from \"" + wanted.from + "\" to \"" + wanted.to + '"');
+// The two systems of a request as its transformer takes them, and how many digits
+// its results have: those of a tenth of a millimetre, or finer.
+class Tsystems {
+ public:
+  Tsystems(request const& wanted, Tlosses const& losses) : wanted_(&wanted) {
+    from_ = prepare(wanted.from, losses);
+    to_ = prepare(wanted.to, losses);
+    std::string const& result = wanted.inverse ? from_ : to_;
+    bool const has_degrees = wanted.by_library
+                                 ? is_geographic(result)
+                                 : Tzu_reproj_xy_exec::is_geographic_as_written(result);
+    digits_ = wanted.digits.value_or(has_degrees ? 9 : 4);
   }
+
+  // Of a PROJ step or a chain with one.
+  template <class Reproj>
+  bool init(Reproj& reproj) const {
+    return wanted_->by_library ? reproj.init(from_.c_str(), to_.c_str())
+                               : reproj.init_as_written(from_, to_);
+  }
+  int digits() const noexcept { return digits_; }
+
+  [[noreturn]] void complain() const {
+    for (auto const& [text, system] : {std::pair(wanted_->from, from_), {wanted_->to, to_}}) {
+      bool const is_known = wanted_->by_library ? Tzu_reproj_xy_exec::verify_pj4str(system.c_str())
+                                                : Tzu_reproj_xy_exec::verify_as_written(system);
+      if (!is_known)
+        throw Terror("PROJ cannot transform coordinates of " + text_lines::in_quotes(text));
+    }
+    throw Terror("no transformation from " + text_lines::in_quotes(wanted_->from) + " to " +
+                 text_lines::in_quotes(wanted_->to));
+  }
+
+  void tell_missing_grids(Tlosses const& losses) const {
+    for (std::string const& name :
+         Tzu_reproj_xy_exec::find_missing_grids(as_written(from_), as_written(to_)))
+      losses.tell_one("PROJ would use the grid " + name + ", which is not there");
+  }
+
+ private:
+  std::string prepare(std::string const& text, Tlosses const& losses) const {
+    if (!wanted_->by_library) return zu::strconv::to_utf8(terminal::to_wide(text));
+    std::string const definition = terminal::to_library(definition_of(text));
+    losses.tell(definition);
+    return definition;
+  }
+  std::string as_written(std::string const& system) const {
+    if (!wanted_->by_library) return system;
+    Tzu_proj4_str set;
+    set.set(system.c_str());
+    set.decompose();
+    set.compose_for_proj4();
+    return set.get();
+  }
+
+  request const* wanted_;
+  std::string from_;
+  std::string to_;
+  int digits_ = 0;
 };
 
 // A piece of the text at a time, so that input of any length takes little memory,
@@ -61,11 +104,12 @@ struct prepared {
 // processors transform others.
 class Ttransformer {
  public:
-  explicit Ttransformer(request const& wanted)
-      : texts_(wanted),
+  Ttransformer(request const& wanted, Tlosses const& losses)
+      : systems_(wanted, losses),
         direction_(wanted.inverse ? reproj_direction::backward : reproj_direction::forward),
         workers_(std::max(1U, std::thread::hardware_concurrency()) + 1) {
-    if (!init(workers_.front())) texts_.complain(wanted);
+    if (!init(workers_.front())) systems_.complain();
+    systems_.tell_missing_grids(losses);
   }
 
   // Takes whole lines, and gives the memory of an earlier piece for them.
@@ -86,9 +130,7 @@ class Ttransformer {
   std::uint64_t failed() const { return sum(&Tline_worker::failed); }
 
  private:
-  bool init(Tline_worker& worker) const {
-    return worker.init(texts_.from, texts_.to, direction_, texts_.digits);
-  }
+  bool init(Tline_worker& worker) const { return worker.init(systems_, direction_); }
 
   static void write(Tline_worker& worker) {
     std::string const& output = worker.finish();
@@ -102,14 +144,13 @@ class Ttransformer {
     return total;
   }
 
-  prepared texts_;
+  Tsystems systems_;
   reproj_direction direction_;
   std::vector<Tline_worker> workers_;
   std::size_t next_ = 0;
 };
 
-// What begins many a text in UTF-8; no part of its first line.
-constexpr std::string_view utf8_mark = "\xEF\xBB\xBF";
+using text_lines::utf8_mark;
 
 double read_number(std::string const& text) {
   auto const value = zu::number::read_double(text);
@@ -125,27 +166,30 @@ std::string definition_of(std::string const& text) {
   Tzu_std_wstring_adapter target(&definition);
   zu::string_adp const adapter(target);
   if (zu_pj4_import_crs(terminal::to_wide(zu::str::trim(text)).c_str(), adapter.get()) == 0)
-    throw Terror("no coordinate system " + text);
+    throw Terror("no coordinate system " + text_lines::in_one_line(text));
   return terminal::from_wide(definition);
 }
 
-std::string describe(std::string const& text, bool is_short) {
+std::string describe(std::string const& text, bool is_short, Tlosses const& losses) {
   std::string const definition = terminal::to_library(definition_of(text));
+  losses.tell(definition);
   std::wstring told;
   Tzu_std_wstring_adapter target(&told);
   zu::string_adp const adapter(target);
   auto const tell = is_short ? &zu_pj4_get_short_text : &zu_pj4_get_text;
-  if (tell(definition.c_str(), adapter.get()) == 0) throw Terror("no projection in " + text);
+  if (tell(definition.c_str(), adapter.get()) == 0)
+    throw Terror("no projection in " + text_lines::in_one_line(text));
   if (is_short) told += L'\n';
   std::erase(told, L'\r');
   return terminal::from_wide(told);
 }
 
-int transform(request const& wanted, std::string const& file, Tzu_env& env) {
-  Ttransformer transformer(wanted);
+int transform(request const& wanted, std::string const& file, Tzu_env& env, Tlosses const& losses) {
+  Ttransformer transformer(wanted, losses);
+  bool const is_stream = file.empty() || file == "-";
   zu::file::stream const owned =
-      file.empty() ? nullptr : zu::file::open(terminal::to_wide(file), "rb");
-  if (!owned && !file.empty()) throw Terror("cannot read " + file);
+      is_stream ? nullptr : zu::file::open(terminal::to_wide(file), "rb");
+  if (!owned && !is_stream) throw Terror("cannot read " + file);
   std::FILE* const input = owned ? owned.get() : stdin;
   std::uint64_t const total = owned ? zu::file::size(input) : 0;
 
@@ -187,10 +231,12 @@ int transform(request const& wanted, std::string const& file, Tzu_env& env) {
   return exit_some_failed;
 }
 
-std::string box(request const& wanted, std::vector<std::string> const& corners) {
-  prepared const texts(wanted);
+std::string box(request const& wanted, std::vector<std::string> const& corners,
+                Tlosses const& losses) {
+  Tsystems const systems(wanted, losses);
   Tzu_reproj_fb_d2 reproj;
-  if (!reproj.init_ex(texts.from.c_str(), texts.to.c_str())) texts.complain(wanted);
+  if (!systems.init(reproj.get_reproj())) systems.complain();
+  systems.tell_missing_grids(losses);
   Tzu_box_d2 box{};
   zu_box_d2_init_xy(&box, read_number(corners.at(0)), read_number(corners.at(1)),
                     read_number(corners.at(2)), read_number(corners.at(3)));
@@ -199,7 +245,7 @@ std::string box(request const& wanted, std::vector<std::string> const& corners) 
   std::string line;
   for (double const value : {box.min_x, box.min_y, box.max_x, box.max_y}) {
     if (!line.empty()) line.push_back(' ');
-    zu::number::append_fixed(line, value, texts.digits);
+    zu::number::append_fixed(line, value, systems.digits());
   }
   return line + '\n';
 }

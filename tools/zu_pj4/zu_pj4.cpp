@@ -14,10 +14,12 @@
 #include "catalogue_listing.h"
 #include "conversions.h"
 #include "error.h"
+#include "losses.h"
 #include "pj_edit/edit_rules.h"
 #include "proj4/proj4_str.h"
 #include "terminal.h"
 #include "text/rc.h"
+#include "text_lines.h"
 #include "transformations.h"
 #include "vcl/look_scope.h"
 #include "vcl/toolkit.h"
@@ -28,21 +30,17 @@ namespace {
 
 constexpr int exit_cancelled = 1;
 
-// Passes each definition, or each line of standard input for "-", through
-// `convert`, which works on the library's texts, and prints one line for each.
-void for_each_definition(std::vector<std::string> const& definitions,
-                         std::function<std::string(std::string const&)> const& convert) {
-  auto const print = [&convert](std::string const& definition) {
-    std::string const text = transformations::definition_of(definition);
-    std::cout << terminal::from_library(convert(terminal::to_library(text))) << '\n';
+using convert_definition = std::function<std::string(std::string const&)>;
+
+// Prints what `convert` makes of each definition; it works on the library's texts.
+int print_each(std::vector<std::string> const& definitions, Tzu_env& env, Tlosses const& losses,
+               convert_definition const& convert) {
+  auto const line_of = [&](std::string const& text, std::string const& where) {
+    std::string const definition = terminal::to_library(transformations::definition_of(text));
+    losses.tell(definition, where);
+    return terminal::from_library(convert(definition));
   };
-  for (std::string const& definition : definitions) {
-    if (definition != "-") {
-      print(definition);
-      continue;
-    }
-    for (std::string line; std::getline(std::cin, line);) print(line);
-  }
+  return text_lines::print_each(definitions, env, text_lines::on_failure::stop, line_of);
 }
 
 std::string normalize(std::string const& definition) {
@@ -59,21 +57,23 @@ void need_catalogue() {
                  terminal::from_library(Tzu_pj_dbf::get_ellipse_db_path()));
 }
 
-void apply(std::vector<std::string> const& definitions) {
+int apply(std::vector<std::string> const& definitions, Tzu_env& env, Tlosses const& losses) {
   need_catalogue();
   zu::Tzu_pj_editor editor(zu::catalogue_lists::shipped());
-  for_each_definition(definitions, [&editor](std::string const& definition) -> std::string {
+  auto const convert = [&editor](std::string const& definition) -> std::string {
     editor.set_proj4_string(definition.c_str());
     return editor.get_proj4_string();
-  });
+  };
+  return print_each(definitions, env, losses, convert);
 }
 
-int edit(std::string const& definition) {
+int edit(std::string const& definition, Tlosses const& losses) {
   // Without a display the dialog's call would be the same as a cancelled one.
   zu::vcl::Tzu_look_scope const look;
   zu::vcl::start();
   unsigned char changed = 0;
   std::string const input = terminal::to_library(transformations::definition_of(definition));
+  losses.tell(input);
   std::cout << terminal::from_library(zu_proj4_form_execute(nullptr, input.c_str(), &changed))
             << '\n';
   return changed != 0 ? 0 : exit_cancelled;
@@ -92,6 +92,8 @@ struct options {
   bool json = false;
   bool all = false;
   bool is_short = false;
+  bool strict = false;
+  bool quiet = false;
   transformations::request transformation;
   std::vector<std::string> corners;
 };
@@ -102,7 +104,7 @@ int known(options const& chosen) {
   if (chosen.all)
     conversions::list_known(std::cout);
   else if (!conversions::show_known(std::cout, chosen.definition))
-    throw Terror("no known system: " + chosen.definition);
+    throw Terror("no known system: " + text_lines::in_one_line(chosen.definition));
   return 0;
 }
 
@@ -134,12 +136,17 @@ transformation_commands add_transformation_commands(CLI::App& app, options& chos
   describe->add_flag("--short", chosen.is_short, "in one line, by the catalogue");
   auto const add_ways = [&](CLI::App* command) {
     auto& wanted = chosen.transformation;
-    command->add_option("--from", wanted.from, "PROJ.4 definition or EPSG:code of what is given")
+    command
+        ->add_option("--from", wanted.from,
+                     "coordinate system that is given, in any notation that PROJ reads")
         ->type_name("DEF")
         ->required();
-    command->add_option("--to", wanted.to, "PROJ.4 definition or EPSG:code of what is wanted")
+    command->add_option("--to", wanted.to, "coordinate system that is wanted")
         ->type_name("DEF")
         ->required();
+    command->add_flag("--library", wanted.by_library,
+                      "as the library does it for hosts, not PROJ: what is not among the 21 "
+                      "parameters is dropped, longitudes run from -135 to 225");
     command->add_flag("--inverse", wanted.inverse, "the other way, from --to to --from");
     command
         ->add_option("--digits", wanted.digits,
@@ -150,7 +157,7 @@ transformation_commands add_transformation_commands(CLI::App& app, options& chos
   auto* const transform = app.add_subcommand(
       "transform", "Transform the points that are the first two columns of a text");
   add_ways(transform);
-  transform->add_option("FILE", chosen.file, "the text (default: standard input)");
+  transform->add_option("FILE", chosen.file, "the text (default, and for -: standard input)");
   auto* const box = app.add_subcommand("box", "Transform a box");
   add_ways(box);
   box->add_option("X0 Y0 X1 Y1", chosen.corners, "two opposite corners")->required()->expected(4);
@@ -173,6 +180,11 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
   app.add_option("--lang", chosen.lang, "language of the dialog and of descriptions: en or ru")
       ->type_name("LANG")
       ->check(CLI::IsMember({"en", "ru"}));
+
+  auto* const strict =
+      app.add_flag("--strict", chosen.strict,
+                   "what a definition loses on being read is an error, not a warning");
+  app.add_flag("--quiet", chosen.quiet, "no warnings of what a definition loses")->excludes(strict);
 
   auto const add_definitions = [&](CLI::App* command) {
     command
@@ -237,8 +249,8 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
   // Behind the commands, whose own help needs none of it.
   app.footer(
       "Example: zu_pj4 normalize \"+units=m +proj=utm +zone=37 +datum=WGS84\"\n"
-      "Exit status: 0 done, 1 cancelled by the user (edit) or not all done (to-esri, import,\n"
-      "convert, transform), 2 error.");
+      "Exit status: 0 done, 1 cancelled by the user (edit) or not all done (streams, to-esri,\n"
+      "import, convert, transform), 2 error.");
 
   try {
     // The parser takes them from the last to the first.
@@ -250,25 +262,34 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
     throw Terror(std::string(error.what()) + " (zu_pj4 --help tells more)");
   }
   use_options(chosen);
-  if (*edit_command) return edit(chosen.definition);
-  if (*apply_command) apply(chosen.definitions);
-  if (*normalize_command) for_each_definition(chosen.definitions, normalize);
+  Tlosses const losses(env, chosen.strict  ? loss_mode::refuse
+                            : chosen.quiet ? loss_mode::quiet
+                                           : loss_mode::warn);
+  if (*edit_command) return edit(chosen.definition, losses);
+  if (*apply_command) return apply(chosen.definitions, env, losses);
+  if (*normalize_command) return print_each(chosen.definitions, env, losses, normalize);
   if (*catalogue_command) {
     need_catalogue();
     print_catalogue(std::cout, chosen.list, chosen.json);
   }
   if (*load_command) std::cout << conversions::load(chosen.file) << '\n';
-  if (*save_command)
-    conversions::save(transformations::definition_of(chosen.definition), chosen.file);
-  if (*to_esri_command) return conversions::to_esri(chosen.definitions, env);
+  if (*save_command) {
+    std::string const definition = transformations::definition_of(chosen.definition);
+    losses.tell(terminal::to_library(definition));
+    conversions::save(definition, chosen.file);
+  }
+  if (*to_esri_command) return conversions::to_esri(chosen.definitions, env, losses);
   if (*from_esri_command) std::cout << conversions::from_esri(chosen.file) << '\n';
   if (*import_command) return conversions::import(chosen.definitions, env);
-  if (*convert_command) return conversions::convert(chosen.files, chosen.kind, chosen.folder, env);
+  if (*convert_command)
+    return conversions::convert(chosen.files, chosen.kind, chosen.folder, env, losses);
   if (*known_command) return known(chosen);
-  if (*describe_command) std::cout << transformations::describe(chosen.definition, chosen.is_short);
+  if (*describe_command)
+    std::cout << transformations::describe(chosen.definition, chosen.is_short, losses);
   if (*transform_command)
-    return transformations::transform(chosen.transformation, chosen.file, env);
-  if (*box_command) std::cout << transformations::box(chosen.transformation, chosen.corners);
+    return transformations::transform(chosen.transformation, chosen.file, env, losses);
+  if (*box_command)
+    std::cout << transformations::box(chosen.transformation, chosen.corners, losses);
   return 0;
 }
 

@@ -1,0 +1,282 @@
+#include "proj4/reading_report.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <span>
+#include <utility>
+
+#include "basic/number.h"
+#include "basic/str.h"
+#include "proj4/proj4_str.h"
+#include "text/own_texts.h"
+#include "text/strconv.h"
+
+namespace zu {
+namespace {
+
+using str::equal_no_case;
+
+enum class value_kind { text, angle, number, whole, flag, shift };
+
+struct Tkey {
+  std::string_view name;
+  value_kind kind;
+};
+
+// The keys that are read, the other names last.
+constexpr std::array<Tkey, Tzu_proj4_str::params_count + 2> keys{
+    {{"proj", value_kind::text},   {"zone", value_kind::whole},  {"lon_0", value_kind::angle},
+     {"lonc", value_kind::angle},  {"lat_0", value_kind::angle}, {"x_0", value_kind::number},
+     {"y_0", value_kind::number},  {"lat_1", value_kind::angle}, {"lat_ts", value_kind::angle},
+     {"lat_2", value_kind::angle}, {"south", value_kind::flag},  {"k_0", value_kind::number},
+     {"alpha", value_kind::angle}, {"datum", value_kind::text},  {"towgs84", value_kind::shift},
+     {"a", value_kind::number},    {"b", value_kind::number},    {"rf", value_kind::number},
+     {"ellps", value_kind::text},  {"units", value_kind::text},  {"nadgrids", value_kind::text},
+     {"k", value_kind::number},    {"R", value_kind::number}}};
+
+constexpr std::size_t place_of(std::string_view name) {
+  return static_cast<std::size_t>(
+      std::ranges::find_if(keys,
+                           [name](Tkey const& key) { return equal_no_case(key.name, name); }) -
+      keys.begin());
+}
+
+// What says only what is so without it. An empty value stands for any.
+constexpr std::array<str::name_value, 7> needless{{{"no_defs", ""},
+                                                   {"wktext", ""},
+                                                   {"type", "crs"},
+                                                   {"pm", "greenwich"},
+                                                   {"pm", "0"},
+                                                   {"axis", "enu"},
+                                                   {"to_meter", "1"}}};
+// Keys that say nothing of a point's place.
+constexpr std::array<std::string_view, 5> idle_keys{"title", "vunits", "vto_meter", "geoidgrids",
+                                                    "geoid_crs"};
+
+bool is_needless(str::name_value const& piece) {
+  return std::ranges::any_of(needless, [&piece](auto const& each) {
+    return each.name == piece.name && (each.value.empty() || each.value == piece.value);
+  });
+}
+
+// "37d", "39E": PROJ reads the same number.
+bool is_degree_mark(std::string_view tail) {
+  if (!tail.empty() && (tail.front() == 'd' || tail.front() == 'D')) tail.remove_prefix(1);
+  return tail.empty() ||
+         (tail.size() == 1 && std::string_view("eEnN").find(tail[0]) != std::string_view::npos);
+}
+
+struct Tpiece {
+  std::string_view text;
+  str::name_value parts;
+  std::size_t place;  // of its key; that behind the last for one that is not read
+};
+
+class Treport {
+ public:
+  explicit Treport(std::string_view definition);
+  std::vector<reading_loss> take() { return std::move(losses_); }
+
+ private:
+  void add(std::string_view piece, loss_reason reason, bool moves_points,
+           std::string_view kept = {});
+  void check_begin(std::string_view text);
+  void check_unknown(Tpiece const& piece);
+  void check_value(Tpiece const& piece);
+  void check_number(Tpiece const& piece, std::string_view value, bool is_angle);
+  void check_zone(Tpiece const& piece);
+  void check_shift(Tpiece const& piece);
+  bool is_sphere() const;
+  bool is_given_elsewhere(std::size_t place) const;
+  // The piece with the next one, where the "+" of an exponent has cut its number.
+  std::string_view whole_number(std::size_t index) const;
+
+  std::string_view definition_;
+  std::vector<Tpiece> pieces_;
+  // Of each key, whether there is a piece with it, and whether one was passed.
+  std::array<bool, keys.size() + 1> given_{};
+  std::array<bool, keys.size() + 1> taken_{};
+  std::vector<reading_loss> losses_;
+};
+
+Treport::Treport(std::string_view definition) : definition_(definition) {
+  auto const texts = str::split(definition, "+");
+  check_begin(str::trim(texts.front()));
+  pieces_.reserve(texts.size());
+  for (std::size_t i = 1; i < texts.size(); ++i) {
+    auto const parts = str::divide_str(texts[i], '=');
+    pieces_.push_back({str::trim(texts[i]), parts, place_of(parts.name)});
+    given_.at(pieces_.back().place) = true;
+  }
+  for (std::size_t i = 0; i < pieces_.size(); ++i) {
+    Tpiece const& piece = pieces_[i];
+    if (piece.text.empty()) continue;
+    if (piece.place == keys.size()) {
+      check_unknown(piece);
+    } else if (is_given_elsewhere(piece.place)) {
+      add(piece.text, loss_reason::repeated_key, true);
+    } else if (auto const whole = whole_number(i); !whole.empty()) {
+      add(whole, loss_reason::unread_tail, true,
+          piece.parts.value.substr(0, piece.parts.value.size() - 1));
+      ++i;
+    } else {
+      check_value(piece);
+    }
+    taken_.at(piece.place) = true;
+  }
+}
+
+void Treport::add(std::string_view piece, loss_reason reason, bool moves_points,
+                  std::string_view kept) {
+  std::string text(reason == loss_reason::text_before ? "" : "+");
+  losses_.push_back({text.append(piece), reason, std::string(kept), moves_points});
+}
+
+void Treport::check_begin(std::string_view text) {
+  if (text.empty()) return;
+  bool const says_something =
+      text.find('=') != std::string_view::npos || equal_no_case(text, keys[place_of("south")].name);
+  add(text, loss_reason::text_before, says_something);
+}
+
+void Treport::check_unknown(Tpiece const& piece) {
+  if (is_needless(piece.parts)) return;
+  if (piece.parts.name != "lon_wrap")
+    add(piece.text, loss_reason::unknown_key,
+        std::ranges::find(idle_keys, piece.parts.name) == idle_keys.end());
+  else if (number::read_double(piece.parts.value) != 45.0)
+    add(piece.text, loss_reason::other_lon_wrap, true);
+}
+
+void Treport::check_value(Tpiece const& piece) {
+  std::string_view const value = piece.parts.value;
+  switch (keys.at(piece.place).kind) {
+    case value_kind::text:
+      if (value.empty()) add(piece.text, loss_reason::unread_value, true);
+      break;
+    case value_kind::flag:
+      // Nothing and "T" are how PROJ spells yes.
+      if (!value.empty() && !equal_no_case(value, "t"))
+        add(piece.text, loss_reason::unread_value, true);
+      break;
+    case value_kind::angle:
+      check_number(piece, value, true);
+      break;
+    case value_kind::number:
+      check_number(piece, value, false);
+      break;
+    case value_kind::whole:
+      check_zone(piece);
+      break;
+    case value_kind::shift:
+      check_shift(piece);
+      break;
+  }
+}
+
+void Treport::check_number(Tpiece const& piece, std::string_view value, bool is_angle) {
+  // Their exponent is written with a "+", which cuts them when they are read.
+  constexpr double too_large = 999999999999.5;
+  auto const number = number::scan_double(value);
+  if (!number) {
+    add(piece.text, loss_reason::unread_value, true);
+  } else if (std::abs(*number) >= too_large) {
+    add(piece.text, loss_reason::changed_number, true, number::format_double(*number));
+  } else if (!number::read_double(value)) {
+    auto const digits = std::min(value.find_last_of("0123456789."), value.size() - 1) + 1;
+    bool const is_same = is_angle && is_degree_mark(value.substr(digits)) &&
+                         number::read_double(value.substr(0, digits)) == number;
+    add(piece.text, loss_reason::unread_tail, !is_same, number::format_double(*number));
+  }
+}
+
+void Treport::check_zone(Tpiece const& piece) {
+  std::string_view const value = piece.parts.value;
+  auto const zone = number::scan_int(value);
+  if (!zone)
+    add(piece.text, loss_reason::unread_value, true);
+  else if (number::read_double(value) != static_cast<double>(*zone))
+    add(piece.text, loss_reason::unread_tail, true, number::format_int(*zone));
+}
+
+void Treport::check_shift(Tpiece const& piece) {
+  auto const numbers = str::split(piece.parts.value, ",");
+  std::size_t const before = losses_.size();
+  for (std::size_t i = 0; i < std::min(numbers.size(), Tzu_proj4_param_towgs84::count); ++i) {
+    // One sentence for the seven.
+    if (losses_.size() == before) check_number(piece, str::trim(numbers[i]), false);
+  }
+  if (numbers.size() > Tzu_proj4_param_towgs84::count)
+    add(piece.text, loss_reason::eighth_number, true);
+  if (is_sphere()) add(piece.text, loss_reason::sphere_shift, true);
+}
+
+bool Treport::is_sphere() const {
+  if (!given_.at(place_of("ellps")) && !given_.at(place_of("a")) && !given_.at(place_of("R")))
+    return false;
+  Tzu_proj4_str set;
+  set.set(std::string(definition_).c_str());
+  set.decompose();
+  return set.is_sphere();
+}
+
+bool Treport::is_given_elsewhere(std::size_t place) const {
+  if (taken_.at(place)) return true;
+  if (place == place_of("k")) return given_.at(place_of("k_0"));
+  return place == place_of("R") && given_.at(place_of("a")) && given_.at(place_of("b"));
+}
+
+std::string_view Treport::whole_number(std::size_t index) const {
+  Tpiece const& piece = pieces_[index];
+  auto const kind = keys.at(piece.place).kind;
+  if ((kind != value_kind::number && kind != value_kind::angle) || index + 1 == pieces_.size())
+    return {};
+  std::string_view const value = piece.parts.value;
+  std::string_view const next = pieces_[index + 1].text;
+  bool const is_cut = value.size() > 1 && (value.back() == 'e' || value.back() == 'E') &&
+                      number::read_double(value.substr(0, value.size() - 1)) && !next.empty() &&
+                      next.find_first_not_of("0123456789") == std::string_view::npos;
+  if (!is_cut) return {};
+  auto const begin = static_cast<std::size_t>(piece.text.data() - definition_.data());
+  auto const end = static_cast<std::size_t>(next.data() - definition_.data()) + next.size();
+  return definition_.substr(begin, end - begin);
+}
+
+own_text sentence_of(loss_reason reason) {
+  switch (reason) {
+    case loss_reason::text_before:
+      return own_text::text_before;
+    case loss_reason::unknown_key:
+      return own_text::unknown_key;
+    case loss_reason::repeated_key:
+      return own_text::repeated_key;
+    case loss_reason::unread_value:
+      return own_text::unread_value;
+    case loss_reason::unread_tail:
+      return own_text::unread_tail;
+    case loss_reason::eighth_number:
+      return own_text::eighth_number;
+    case loss_reason::changed_number:
+      return own_text::changed_number;
+    case loss_reason::sphere_shift:
+      return own_text::sphere_shift;
+    case loss_reason::other_lon_wrap:
+      break;
+  }
+  return own_text::other_lon_wrap;
+}
+
+}  // namespace
+
+std::vector<reading_loss> find_reading_losses(std::string_view definition) {
+  return Treport(definition).take();
+}
+
+std::wstring tell(reading_loss const& loss) {
+  return fill_own_text(sentence_of(loss.reason), strconv::from_system(loss.piece),
+                       strconv::from_system(loss.kept));
+}
+
+}  // namespace zu

@@ -1,0 +1,75 @@
+#include "text_lines.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <iostream>
+
+#include "basic/str.h"
+#include "error.h"
+#include "losses.h"
+#include "terminal.h"
+
+namespace text_lines {
+namespace {
+
+int print_line(std::string const& text, std::string const& where, Tzu_env& env,
+               converter const& convert) {
+  int status = 0;
+  std::string line;
+  try {
+    line = convert(text, where);
+  } catch (Tloss_error const& error) {
+    env.error(error.what());
+    status = exit_error;
+  } catch (std::runtime_error const& error) {
+    env.error(where + error.what());
+    status = exit_some_failed;
+  }
+  std::cout << line << '\n';
+  return status;
+}
+
+int print_stream(Tzu_env& env, converter const& convert) {
+  int status = 0;
+  std::size_t number = 0;
+  for (std::string line; std::getline(std::cin, line);) {
+    ++number;
+    if (number == 1 && line.starts_with(utf8_mark)) line.erase(0, utf8_mark.size());
+    if (zu::str::trim(line).empty())
+      std::cout << '\n';
+    else
+      status =
+          std::max(status, print_line(line, "line " + std::to_string(number) + ": ", env, convert));
+  }
+  if (std::cin.bad() || std::ferror(stdin) != 0) throw Terror("cannot read all of standard input");
+  return status;
+}
+
+}  // namespace
+
+std::string in_one_line(std::string_view text) {
+  constexpr std::size_t longest = 200;
+  std::wstring line = terminal::to_wide(zu::str::trim(text));
+  std::ranges::replace_if(
+      line, [](wchar_t c) { return c == L'\n' || c == L'\r'; }, L' ');
+  if (line.size() > longest) line.replace(longest, std::wstring::npos, L"...");
+  return terminal::from_wide(line);
+}
+
+std::string in_quotes(std::string_view text) { return '"' + in_one_line(text) + '"'; }
+
+int print_each(std::vector<std::string> const& texts, Tzu_env& env, on_failure of_arguments,
+               converter const& convert) {
+  int status = 0;
+  for (std::string const& text : texts) {
+    if (text == "-")
+      status = std::max(status, print_stream(env, convert));
+    else if (of_arguments == on_failure::stop)
+      std::cout << convert(text, {}) << '\n';
+    else
+      status = std::max(status, print_line(text, {}, env, convert));
+  }
+  return status;
+}
+
+}  // namespace text_lines
