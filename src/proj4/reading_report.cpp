@@ -25,16 +25,25 @@ struct Tkey {
   value_kind kind;
 };
 
-// The keys that are read, the other names last.
+// The keys that are read, and the other names "k" and "R", by first letter.
 constexpr std::array<Tkey, Tzu_proj4_str::params_count + 2> keys{
-    {{"proj", value_kind::text},   {"zone", value_kind::whole},  {"lon_0", value_kind::angle},
-     {"lonc", value_kind::angle},  {"lat_0", value_kind::angle}, {"x_0", value_kind::number},
-     {"y_0", value_kind::number},  {"lat_1", value_kind::angle}, {"lat_ts", value_kind::angle},
-     {"lat_2", value_kind::angle}, {"south", value_kind::flag},  {"k_0", value_kind::number},
-     {"alpha", value_kind::angle}, {"datum", value_kind::text},  {"towgs84", value_kind::shift},
-     {"a", value_kind::number},    {"b", value_kind::number},    {"rf", value_kind::number},
-     {"ellps", value_kind::text},  {"units", value_kind::text},  {"nadgrids", value_kind::text},
-     {"k", value_kind::number},    {"R", value_kind::number}}};
+    {{"R", value_kind::number},      {"a", value_kind::number},    {"alpha", value_kind::angle},
+     {"b", value_kind::number},      {"datum", value_kind::text},  {"ellps", value_kind::text},
+     {"k", value_kind::number},      {"k_0", value_kind::number},  {"lat_0", value_kind::angle},
+     {"lat_1", value_kind::angle},   {"lat_2", value_kind::angle}, {"lat_ts", value_kind::angle},
+     {"lon_0", value_kind::angle},   {"lonc", value_kind::angle},  {"nadgrids", value_kind::text},
+     {"proj", value_kind::text},     {"rf", value_kind::number},   {"south", value_kind::flag},
+     {"towgs84", value_kind::shift}, {"units", value_kind::text},  {"x_0", value_kind::number},
+     {"y_0", value_kind::number},    {"zone", value_kind::whole}}};
+
+// Where the keys with each first letter begin.
+constexpr auto first_places = [] {
+  std::array<std::size_t, 128> places{};
+  places.fill(keys.size());
+  for (std::size_t i = keys.size(); i-- > 0;)
+    places.at(static_cast<std::size_t>(keys.at(i).name.front())) = i;
+  return places;
+}();
 
 constexpr std::size_t place_of(std::string_view name) {
   return static_cast<std::size_t>(
@@ -66,6 +75,80 @@ bool is_degree_mark(std::string_view tail) {
   if (!tail.empty() && (tail.front() == 'd' || tail.front() == 'D')) tail.remove_prefix(1);
   return tail.empty() ||
          (tail.size() == 1 && std::string_view("eEnN").find(tail[0]) != std::string_view::npos);
+}
+
+bool is_short_number(std::string_view value) {
+  if (!value.empty() && value.front() == '-') value.remove_prefix(1);
+  bool has_point = false;
+  for (char const c : value) {
+    if (c == '.' && !has_point)
+      has_point = true;
+    else if (c < '0' || c > '9')
+      return false;
+  }
+  return value.size() >= (has_point ? 2U : 1U) && value.size() <= 12;
+}
+
+bool are_short_numbers(std::string_view value) {
+  std::size_t count = 1;
+  for (auto cut = value.find(','); cut != std::string_view::npos; cut = value.find(','), ++count) {
+    if (!is_short_number(value.substr(0, cut))) return false;
+    value.remove_prefix(cut + 1);
+  }
+  return count <= Tzu_proj4_param_towgs84::count && is_short_number(value);
+}
+
+bool is_read_whole(value_kind kind, std::string_view value) {
+  switch (kind) {
+    case value_kind::text:
+      return !value.empty();
+    case value_kind::flag:
+      return value.empty();
+    case value_kind::whole:
+      return is_short_number(value) && value.size() < 9 &&
+             value.find('.') == std::string_view::npos;
+    case value_kind::shift:
+      return are_short_numbers(value);
+    case value_kind::angle:
+    case value_kind::number:
+      break;
+  }
+  return is_short_number(value);
+}
+
+// Whether a text is written as nearly all are, so that a look at each letter tells
+// that nothing is lost: a stream of definitions should not take the time of reading
+// each twice. False where that is not as plain.
+bool is_plain(std::string_view text) {
+  unsigned given = 0;
+  bool may_be_sphere = false;
+  while (!text.empty()) {
+    if (text.front() != '+') return false;
+    text.remove_prefix(1);
+    auto const end = std::min(text.find('+'), text.size());
+    std::string_view piece = text.substr(0, end);
+    text.remove_prefix(end);
+    if (!piece.empty() && piece.back() == ' ') piece.remove_suffix(1);
+    auto const cut = std::min(piece.find('='), piece.size());
+    str::name_value const parts{piece.substr(0, cut),
+                                piece.substr(std::min(cut + 1, piece.size()))};
+    std::string_view const name = parts.name;
+    if (name.empty() || (static_cast<unsigned char>(name.front()) & 0x80U) != 0) return false;
+    std::size_t place = first_places.at(static_cast<std::size_t>(name.front()));
+    while (place < keys.size() && keys.at(place).name != name) ++place;
+    if (place == keys.size()) {
+      if (!is_needless(parts) && (name != "lon_wrap" || parts.value != "45")) return false;
+      continue;
+    }
+    unsigned const bit = 1U << place;
+    if ((given & bit) != 0 || !is_read_whole(keys.at(place).kind, parts.value)) return false;
+    given |= bit;
+    may_be_sphere = may_be_sphere || name == "a" || name == "R" ||
+                    (name == "ellps" && equal_no_case(parts.value, "sphere"));
+  }
+  auto const has = [given](std::string_view key) { return (given & 1U << place_of(key)) != 0; };
+  return !(has("k") && has("k_0")) && !(has("R") && (has("a") || has("b"))) &&
+         !(may_be_sphere && has("towgs84"));
 }
 
 struct Tpiece {
@@ -271,6 +354,7 @@ own_text sentence_of(loss_reason reason) {
 }  // namespace
 
 std::vector<reading_loss> find_reading_losses(std::string_view definition) {
+  if (is_plain(definition)) return {};
   return Treport(definition).take();
 }
 
