@@ -19,8 +19,12 @@ bool is_folder(std::FILE* handle) noexcept {
 }
 
 bool write_all(stream file, std::string_view content) noexcept {
-  bool const written = std::fwrite(content.data(), 1, content.size(), file.get()) == content.size();
-  // A full disk may show only when the buffered rest is written.
+  // A full disk may show only when the buffered rest is written. All is on the disk
+  // before the file gets a name, so that a power cut leaves the old content or the
+  // new one; of a pipe or a device there is nothing to wait for.
+  bool const written =
+      std::fwrite(content.data(), 1, content.size(), file.get()) == content.size() &&
+      std::fflush(file.get()) == 0 && (fsync(fileno(file.get())) == 0 || errno == EINVAL);
   return std::fclose(file.release()) == 0 && written;
 }
 

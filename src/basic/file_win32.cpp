@@ -112,7 +112,9 @@ outcome replace(handle_ptr old, std::wstring const& name, std::string_view conte
   Tpart_file part(path::folder_of(name));
   if (part.get() == nullptr || (old && permissions_of(old.get()) != permissions_of(part.get())))
     return outcome::impossible;
-  if (!write_all(part.get(), content)) return outcome::failed;
+  // All is on the disk before the name is given, so that a power cut leaves the old
+  // content or the new one.
+  if (!write_all(part.get(), content) || FlushFileBuffers(part.get()) == 0) return outcome::failed;
   old.reset();
   return part.take_place(name) ? outcome::done : outcome::impossible;
 }

@@ -38,6 +38,7 @@ bool Tzu_add_file::load_pj4_ini(std::wstring_view name, Izu_string_adp* adapter)
 bool Tzu_add_file::load_pj4_mgs(std::wstring_view name, Izu_string_adp* adapter) {
   std::wstring text;
   if (!zu::fileio::readall(name, zu::strconv::encodings::system, text)) return false;
+  zu::strutil::drop_utf8_mark(text);
   zu::strutil::trim_inplace(text);
   if (!text.starts_with(L'+')) return false;
   return expand_pj4(text, adapter);

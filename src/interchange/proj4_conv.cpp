@@ -149,7 +149,7 @@ std::string other_keys(Tzu_proj4_str& set, std::string_view definition) {
   return text;
 }
 
-// GDAL takes the second parallel that a Lambert conic of one has not for 0.
+// GDAL loses the origin of a Lambert conic of one parallel that lies elsewhere.
 std::string prepare_for_gdal(std::string const& definition) {
   Tzu_proj4_str set;
   set.set(definition.c_str());
@@ -157,9 +157,32 @@ std::string prepare_for_gdal(std::string const& definition) {
   auto const& proj = set.get_proj();
   bool const one_parallel = proj.get_def() && str::trim_stricmp_equal(proj.get_str(), "lcc") &&
                             !set.get_lat_2().get_def();
-  if (!one_parallel) return definition;
+  // With its origin on the parallel it is one of ESRI's own kinds.
+  bool const is_known = set.get_lat_0().get_def() && set.get_lat_1().get_def() &&
+                        set.get_lat_0().get_dbl() == set.get_lat_1().get_dbl();
+  if (!one_parallel || is_known) return definition;
   return Tzu_proj4_str_correct().patch_proj4_for_gdal(definition.c_str()) +
          other_keys(set, definition);
+}
+
+// The younger kind of WKT, whose keywords end so. ESRI's reader takes it for none.
+bool is_wkt2(std::string_view text) {
+  std::string_view const keyword = str::trim(text.substr(0, text.find('[')));
+  return keyword.size() > 3 && str::equal_no_case(keyword.substr(keyword.size() - 3), "CRS");
+}
+
+// Whether ESRI's programs have such a system, as far as GDAL's reader of their WKT
+// knows: GDAL also writes methods that nobody reads, and the younger WKT.
+bool is_read_as_esri(char const* wkt) {
+  std::string_view const text = wkt;
+  if (!text.starts_with("PROJCS[") && !text.starts_with("GEOGCS[")) return false;
+  spatial_reference const system(OSRNewSpatialReference(nullptr));
+  string_list const list(CSLAddString(nullptr, wkt));
+  char* exported = nullptr;
+  bool const is_read = OSRImportFromESRI(system.get(), list.get()) == OGRERR_NONE &&
+                       OSRExportToProj4(system.get(), &exported) == OGRERR_NONE;
+  exported_text const definition(exported);
+  return is_read && definition && *definition.get() != '\0';
 }
 
 // Place of the first quoted text behind the first occurrence of the tag; end is
@@ -207,6 +230,7 @@ bool proj4_conv::feed_esri(std::string const& definition, Izu_string_adp* adapte
   OGRErr const status = OSRExportToWkt(system_.get(), &exported);
   exported_text const wkt(exported);
   if (status != OGRERR_NONE || !wkt) return false;
+  if (!is_read_as_esri(wkt.get())) return false;
   mapping_type const* const row = map_esri(shift, a, rf);
   return feed(adapter, row == nullptr ? wkt.get() : remap_wkt(wkt.get(), *row).c_str());
 }
@@ -239,10 +263,17 @@ bool proj4_conv::import_esri(std::wstring_view wkt, Izu_string_adp* adapter) noe
   return run([&] {
     std::string text = strconv::to_utf8(wkt);
     if (!named_files::has_none_but(text, shift_grids::listed)) return false;
+    if (is_wkt2(text)) return feed_wkt2(text, adapter);
     fix_gsk_wkt(text);
     string_list const list(CSLAddString(nullptr, text.c_str()));
     return import_esri_lst(list.get(), adapter);
   });
+}
+
+bool proj4_conv::feed_wkt2(std::string& text, Izu_string_adp* adapter) const {
+  char* rest = text.data();
+  return has_database() && OSRImportFromWkt(system_.get(), &rest) == OGRERR_NONE &&
+         fix_towgs84(system_.get()) && feed_proj4(adapter);
 }
 
 bool proj4_conv::import_esri_pj(std::wstring_view wkt, Izu_string_adp* adapter) noexcept {
@@ -252,7 +283,9 @@ bool proj4_conv::import_esri_pj(std::wstring_view wkt, Izu_string_adp* adapter) 
 bool proj4_conv::import_esri_file(std::wstring_view name, Izu_string_adp* adapter) noexcept {
   return run([&] {
     std::wstring text;
-    return fileio::readall(name, strconv::encodings::system, text) && import_esri(text, adapter);
+    if (!fileio::readall(name, strconv::encodings::system, text)) return false;
+    strutil::drop_utf8_mark(text);
+    return import_esri(text, adapter);
   });
 }
 
@@ -267,15 +300,19 @@ bool proj4_conv::feed_proj4(Izu_string_adp* adapter) const {
   char* exported = nullptr;
   OGRErr const status = OSRExportToProj4(system_.get(), &exported);
   exported_text const text(exported);
-  // WKT has further ways to name a grid, which who gets the definition would open.
-  if (status != OGRERR_NONE || !text || !named_files::has_none_but(text.get(), shift_grids::listed))
+  // Of a height alone there is no definition. WKT has further ways to name a grid,
+  // which who gets the definition would open.
+  if (status != OGRERR_NONE || !text ||
+      std::string_view(text.get()).find("+proj=") == std::string_view::npos ||
+      !named_files::has_none_but(text.get(), shift_grids::listed))
     return false;
   return feed(adapter, text.get());
 }
 
 bool proj4_conv::import_crs(std::wstring_view text, Izu_string_adp* adapter) noexcept {
   return run([&] {
-    std::string const narrow = strconv::to_utf8(text);
+    std::string const whole = strconv::to_utf8(text);
+    std::string const narrow(str::trim(whole));
     return import_guard::is_of_sane_size(narrow) &&
            (feed_by_gdal(narrow, adapter) || feed_by_proj4(narrow, adapter));
   });
@@ -322,7 +359,8 @@ bool proj4_conv::expand_pj4(std::wstring_view definition, Izu_string_adp* adapte
     }
     std::wstring rest(definition.substr(at + init.size()));
     strutil::trim_inplace(rest);
-    return import_crs(rest, adapter);
+    // Where more stands behind the code than the code, the whole may be a definition.
+    return import_crs(rest, adapter) || (!rest.empty() && import_crs(definition, adapter));
   });
 }
 

@@ -79,6 +79,7 @@ class proj4_conv {
   // not to be tried, since its result may be another.
   static bool feed_known(std::string const& definition, Izu_string_adp* adapter);
   bool feed_esri(std::string const& definition, Izu_string_adp* adapter) const;
+  bool feed_wkt2(std::string& text, Izu_string_adp* adapter) const;
   bool feed_by_gdal(std::string const& text, Izu_string_adp* adapter) const;
   static bool feed_by_proj4(std::string const& text, Izu_string_adp* adapter);
   bool feed_proj4(Izu_string_adp* adapter) const;

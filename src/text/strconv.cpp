@@ -88,5 +88,11 @@ std::string trim(std::string_view text, std::string_view set) {
   return std::string(str::trim(text, set));
 }
 
+void drop_utf8_mark(std::wstring& text) {
+  for (std::wstring const& mark :
+       {std::wstring(1, L'\uFEFF'), strconv::from_system("\xEF\xBB\xBF")})
+    if (!mark.empty() && text.starts_with(mark)) text.erase(0, mark.size());
+}
+
 }  // namespace strutil
 }  // namespace zu

@@ -74,5 +74,9 @@ inline constexpr std::wstring_view definition_blanks = L" \t\n\r\v\f";
 void trim_inplace(std::wstring& text, std::wstring_view set = definition_blanks);
 std::string trim(std::string_view text, std::string_view set = " \t\n\r\v\f");
 
+// Removes the mark that editors put before UTF-8 from a file's text that was read in
+// the system's code page.
+void drop_utf8_mark(std::wstring& text);
+
 }  // namespace strutil
 }  // namespace zu
