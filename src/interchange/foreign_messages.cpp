@@ -41,6 +41,10 @@ void set_sink(sink wanted) {
   if (receiver()) proj_log_func(nullptr, nullptr, &on_proj_message);
 }
 
+void tell(std::string_view message) {
+  if (receiver()) receiver()(message);
+}
+
 Tscope::Tscope() : was_short_(std::exchange(memory_is_short, false)) {
   CPLPushErrorHandler(&on_gdal_message);
 }

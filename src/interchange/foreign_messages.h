@@ -14,6 +14,9 @@ namespace zu::foreign_messages {
 using sink = std::function<void(std::string_view)>;
 void set_sink(sink wanted);
 
+// Adds a message of this library's own.
+void tell(std::string_view message);
+
 // Within its scope messages of this thread go to the sink, or nowhere.
 class Tscope {
  public:

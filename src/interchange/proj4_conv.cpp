@@ -5,6 +5,7 @@
 
 #include "basic/number.h"
 #include "basic/str.h"
+#include "interchange/esri_check.h"
 #include "interchange/foreign_messages.h"
 #include "interchange/import_guard.h"
 #include "interchange/known_system_index.h"
@@ -171,20 +172,6 @@ bool is_wkt2(std::string_view text) {
   return keyword.size() > 3 && str::equal_no_case(keyword.substr(keyword.size() - 3), "CRS");
 }
 
-// Whether ESRI's programs have such a system, as far as GDAL's reader of their WKT
-// knows: GDAL also writes methods that nobody reads, and the younger WKT.
-bool is_read_as_esri(char const* wkt) {
-  std::string_view const text = wkt;
-  if (!text.starts_with("PROJCS[") && !text.starts_with("GEOGCS[")) return false;
-  spatial_reference const system(OSRNewSpatialReference(nullptr));
-  string_list const list(CSLAddString(nullptr, wkt));
-  char* exported = nullptr;
-  bool const is_read = OSRImportFromESRI(system.get(), list.get()) == OGRERR_NONE &&
-                       OSRExportToProj4(system.get(), &exported) == OGRERR_NONE;
-  exported_text const definition(exported);
-  return is_read && definition && *definition.get() != '\0';
-}
-
 // Place of the first quoted text behind the first occurrence of the tag; end is
 // npos when there is none.
 struct quoted_place {
@@ -225,12 +212,17 @@ bool proj4_conv::feed_esri(std::string const& definition, Izu_string_adp* adapte
   OSRGetTOWGS84(system_.get(), shift.data(), static_cast<int>(shift.size()));
   double const a = OSRGetSemiMajor(system_.get(), nullptr);
   double const rf = OSRGetInvFlattening(system_.get(), nullptr);
+  std::string const projection = esri_check::projection_of(system_.get());
   if (OSRMorphToESRI(system_.get()) != OGRERR_NONE) return false;
   char* exported = nullptr;
   OGRErr const status = OSRExportToWkt(system_.get(), &exported);
   exported_text const wkt(exported);
   if (status != OGRERR_NONE || !wkt) return false;
-  if (!is_read_as_esri(wkt.get())) return false;
+  std::string const fault = esri_check::find_fault(projection, wkt.get());
+  if (!fault.empty()) {
+    foreign_messages::tell(fault);
+    return false;
+  }
   mapping_type const* const row = map_esri(shift, a, rf);
   return feed(adapter, row == nullptr ? wkt.get() : remap_wkt(wkt.get(), *row).c_str());
 }
@@ -359,8 +351,9 @@ bool proj4_conv::expand_pj4(std::wstring_view definition, Izu_string_adp* adapte
     }
     std::wstring rest(definition.substr(at + init.size()));
     strutil::trim_inplace(rest);
-    // Where more stands behind the code than the code, the whole may be a definition.
-    return import_crs(rest, adapter) || (!rest.empty() && import_crs(definition, adapter));
+    // With other keys behind the code the whole is a definition.
+    return import_crs(rest, adapter) ||
+           (rest.find(L'+') != std::wstring::npos && import_crs(definition, adapter));
   });
 }
 

@@ -89,8 +89,8 @@ std::string trim(std::string_view text, std::string_view set) {
 }
 
 void drop_utf8_mark(std::wstring& text) {
-  for (std::wstring const& mark :
-       {std::wstring(1, L'\uFEFF'), strconv::from_system("\xEF\xBB\xBF")})
+  if (text.empty() || text.front() < 0x80) return;
+  for (std::wstring const& mark : {std::wstring(1, 0xFEFF), strconv::from_system("\xEF\xBB\xBF")})
     if (!mark.empty() && text.starts_with(mark)) text.erase(0, mark.size());
 }
 

@@ -49,11 +49,13 @@ int print_stream(Tzu_env& env, converter const& convert) {
 
 std::string in_one_line(std::string_view text) {
   constexpr std::size_t longest = 200;
-  std::wstring line = terminal::to_wide(zu::str::trim(text));
+  std::string line(zu::str::trim(text));
   std::ranges::replace_if(
-      line, [](wchar_t c) { return c == L'\n' || c == L'\r'; }, L' ');
-  if (line.size() > longest) line.replace(longest, std::wstring::npos, L"...");
-  return terminal::from_wide(line);
+      line, [](char c) { return c == '\n' || c == '\r'; }, ' ');
+  if (line.size() <= longest) return line;
+  // No letter is cut through.
+  std::wstring const wide = terminal::to_wide(line);
+  return terminal::from_wide(wide.substr(0, longest)) + (wide.size() > longest ? "..." : "");
 }
 
 std::string in_quotes(std::string_view text) { return '"' + in_one_line(text) + '"'; }
