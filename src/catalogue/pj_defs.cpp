@@ -95,6 +95,15 @@ Tzu_pj_proj_def const* Tzu_pj_proj_defs::find_by_name_south(std::string_view prj
   });
 }
 
+bool Tzu_pj_proj_defs::fits(Tzu_pj_proj_def const& record, std::string_view prj4_name, double lat_0,
+                            bool south) {
+  if (!equal_no_case(record.get_prj4_name(), prj4_name)) return false;
+  if (record.get_south().get_def_default() && record.get_south().get_default() != south)
+    return false;
+  return !record.get_lat_0().get_def_default() ||
+         distance(lat_0, record.get_lat_0().get_default()) < 0.0001;
+}
+
 Tzu_pj_proj_def const* Tzu_pj_proj_defs::find_by_name_lat_south(std::string_view prj4_name,
                                                                 double lat_0, bool has_lat_1,
                                                                 bool has_lat_2, bool has_lat_ts,
@@ -103,14 +112,8 @@ Tzu_pj_proj_def const* Tzu_pj_proj_defs::find_by_name_lat_south(std::string_view
     auto const lacks = [](bool given, Tzu_pj_dbl_param const& param) {
       return given && !param.get_use_proj4();
     };
-    if (!equal_no_case(record.get_prj4_name(), prj4_name)) return false;
-    if (record.get_south().get_def_default() && record.get_south().get_default() != south)
-      return false;
-    if (record.get_lat_0().get_def_default() &&
-        distance(lat_0, record.get_lat_0().get_default()) >= 0.0001)
-      return false;
-    return !lacks(has_lat_1, record.get_lat_1()) && !lacks(has_lat_2, record.get_lat_2()) &&
-           !lacks(has_lat_ts, record.get_lat_ts()) &&
+    return fits(record, prj4_name, lat_0, south) && !lacks(has_lat_1, record.get_lat_1()) &&
+           !lacks(has_lat_2, record.get_lat_2()) && !lacks(has_lat_ts, record.get_lat_ts()) &&
            !lacks(has_k_0 && !has_lat_ts, record.get_k_0());
   });
 }

@@ -210,8 +210,12 @@ class Tzu_pj_proj_defs : public Tzu_pj_defs<Tzu_pj_proj_def> {
   Tzu_pj_proj_def const* find_by_caption_and_zone(std::string_view caption, int zone) const;
   Tzu_pj_proj_def const* find_utm(std::string_view prj4_name, int zone, bool south) const;
   Tzu_pj_proj_def const* find_by_name_south(std::string_view prj4_name, bool south) const;
-  // Also: a fixed lat_0 lies within 0.0001 degree, and the record has lat_1,
-  // lat_2, lat_ts and (unless lat_ts is given) k_0 when they are given.
+  // Whether a record is of the projection and does not contradict the rest: a fixed
+  // lat_0 lies within 0.0001 degree.
+  static bool fits(Tzu_pj_proj_def const& record, std::string_view prj4_name, double lat_0,
+                   bool south);
+  // The first that fits and has lat_1, lat_2, lat_ts and (unless lat_ts is given) k_0 when they are
+  // given.
   Tzu_pj_proj_def const* find_by_name_lat_south(std::string_view prj4_name, double lat_0,
                                                 bool has_lat_1, bool has_lat_2, bool has_lat_ts,
                                                 bool has_k_0, bool south) const;

@@ -168,7 +168,7 @@ void Tzu_pj_editor::choose_usual(std::uint32_t id) {
 
 void Tzu_pj_editor::choose_zonal(std::string_view name) {
   show_zonal(name);
-  if (is_gauss_kruger()) select_gauss_kruger_datum();
+  if (is_gauss_kruger()) select_pulkovo_1942();
 }
 
 void Tzu_pj_editor::show_zonal(std::string_view name) {
@@ -206,8 +206,9 @@ bool Tzu_pj_editor::is_gauss_kruger() const {
           equal_no_case(state_.zonal_name, gauss_kruger_plus_zone));
 }
 
-// The zones of Gauss and Kruger mean Pulkovo 1942 unless something else is said.
-void Tzu_pj_editor::select_gauss_kruger_datum() {
+// What the zones of Gauss and Kruger mean, and Krasovsky's ellipsoid, unless something
+// else is said.
+void Tzu_pj_editor::select_pulkovo_1942() {
   Tzu_pj_datum_def const* record = lists_.datums.find_by_caption(pulkovo_1942);
   if (record == nullptr) record = lists_.datums.find_by_name(pulkovo_1942);
   if (record == nullptr)
@@ -271,12 +272,22 @@ Tzu_pj_proj_def const* Tzu_pj_editor::match_usual(Tzu_proj4_str& definition) con
   double const lat_0 = definition.get_lat_0().get_def() ? definition.get_lat_0().get_dbl() : 0;
   bool const south = is_given_south(definition);
   // Of several rows for one projection the one that has the definition's
-  // parameters is wanted; failing that, any that does not contradict it.
+  // parameters is wanted; failing that, the one that has most of them.
   if (auto const* const record = lists_.usual.find_by_name_lat_south(
           proj, lat_0, definition.get_lat_1().get_def(), definition.get_lat_2().get_def(),
           definition.get_lat_ts().get_def(), definition.get_k_0().get_def(), south))
     return record;
-  return lists_.usual.find_by_name_lat_south(proj, lat_0, false, false, false, false, south);
+  Tzu_pj_proj_def const* best = nullptr;
+  std::ptrdiff_t most = -1;
+  for (Tzu_pj_proj_def const& record : lists_.usual) {
+    if (!Tzu_pj_proj_defs::fits(record, proj, lat_0, south)) continue;
+    auto const held = std::ranges::count_if(all_numbers, [&](proj_number which) {
+      return param_of(definition, which).get_def() && record.get_number(which).get_use_proj4();
+    });
+    if (held > most) best = &record;
+    most = std::max(most, held);
+  }
+  return best;
 }
 
 void Tzu_pj_editor::fill_numbers(Tzu_pj_proj_def const& record, Tzu_proj4_str& definition) {
@@ -302,13 +313,16 @@ void Tzu_pj_editor::take_datum(Tzu_proj4_str& definition) {
   }
   if (has_shift) state_.shift = definition.get_towgs84().get_values();
   take_ellipse(definition);
-  if (is_gauss_kruger() && !has_datum && !has_shift) {
+  if (!has_datum && !has_shift) {
     // Only where the ellipsoid does not say otherwise: a Chinese or a GSK-2011
-    // definition on the same zones is no Pulkovo system.
+    // definition on the zones of Gauss and Kruger is no Pulkovo system. Zeros would
+    // place any system on Krasovsky's ellipsoid 120 m away.
     bool const has_ellipse = definition.get_ellipse().get_def() || definition.get_a().get_def();
     auto const* const shown = ellipse_record();
-    if (!has_ellipse || (shown != nullptr && equal_no_case(shown->get_prj4_name(), "krass"))) {
-      select_gauss_kruger_datum();
+    bool const is_krasovsky =
+        has_ellipse && shown != nullptr && equal_no_case(shown->get_prj4_name(), "krass");
+    if (is_krasovsky || (!has_ellipse && is_gauss_kruger())) {
+      select_pulkovo_1942();
       return;
     }
   }

@@ -82,7 +82,7 @@ class Tzu_pj_editor {
   bool take_usual(Tzu_proj4_str& definition);
   void take_datum(Tzu_proj4_str& definition);
   void take_ellipse(Tzu_proj4_str& definition);
-  void select_gauss_kruger_datum();
+  void select_pulkovo_1942();
   Tzu_pj_proj_def const* match_usual(Tzu_proj4_str& definition) const;
   Tzu_pj_proj_def const* match_zonal(Tzu_proj4_str& definition) const;
   void write_projection(Tzu_pj_proj_def const& record, Tzu_proj4_str& definition) const;

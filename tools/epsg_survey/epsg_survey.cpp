@@ -162,12 +162,9 @@ class Tcase {
       return;
     }
     if (is_near(distance(shifted(source_), shifted(written_)))) return;
-    bool const is_zone =
-        value_of(source_, "proj") == "tmerc" && value_of(source_, "ellps") == "krass";
-    if (silent && is_zone && value_of(written_, "ellps") == "krass" &&
+    if (silent && value_of(source_, "ellps") == "krass" && value_of(written_, "ellps") == "krass" &&
         value_of(written_, "towgs84") == "23.57,-140.95,-79.8,0,0.35,0.79,-0.22")
-      found_.causes.emplace_back(
-          "zone of Gauss and Kruger without a shift gets that of Pulkovo 1942");
+      found_.causes.emplace_back("Krasovsky's ellipsoid without a shift gets that of Pulkovo 1942");
     else
       add_unexplained("datum shift " + datum.value_or(""));
   }
