@@ -376,10 +376,11 @@ std::vector<double> numbers_of(std::string const& text) {
   return numbers;
 }
 
+// To a micrometre: the last digits are the mathematics library's own.
 std::string text_of(std::vector<double> const& numbers) {
   std::string text;
   for (double const one : numbers)
-    text.append(text.empty() ? "" : " ").append(zu::number::format_double(one, 15));
+    text.append(text.empty() ? "" : " ").append(zu::number::format_double(one));
   return text;
 }
 

@@ -8,6 +8,7 @@
 
 #include "core_support.h"
 #include "proj4/proj4_str.h"
+#include "text/rc.h"
 #include "text/strconv.h"
 
 namespace {
@@ -54,6 +55,8 @@ TEST(Proj4_str, undefined_parameters_keep_their_value) {
 }
 
 TEST(Proj4_str, is_described_in_the_page_of_the_captions) {
+  Tzu_rc::get_auto_lang();
+  Tzu_rc::set_lang(1);
   for (auto const& page : core_test::system_pages()) {
     core_test::Tsystem_page const now(page);
     if (!zu::strconv::has_system_spelling(L"\u20AC")) continue;
