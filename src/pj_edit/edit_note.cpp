@@ -43,8 +43,6 @@ class Tlist {
 std::wstring tell_losses(Tzu_pj_editor const& editor) {
   edit_state const& state = editor.state();
   Tlist list(get_own_text(own_text::not_kept));
-  for (reading_loss const& loss : find_reading_losses(editor.given()))
-    if (loss.moves_points) list.add(tell(loss));
   list.add_if(state.lost_datum, own_text::not_in_catalogue);
   list.add_if(state.lost_grids, own_text::grids_not_kept);
   auto const* const taken = editor.ellipse_record();
@@ -53,6 +51,8 @@ std::wstring tell_losses(Tzu_pj_editor const& editor) {
   else
     list.add_if(state.lost_ellipse, own_text::other_ellipsoid,
                 strconv::from_system(taken->get_caption()));
+  for (reading_loss const& loss : find_reading_losses(editor.given()))
+    if (loss.moves_points) list.add(tell(loss));
   return list.take();
 }
 

@@ -5,6 +5,8 @@
 #include <wx/textwrapper.h>
 
 #include <algorithm>
+#include <array>
+#include <utility>
 #include <vector>
 
 #include "vcl/event_guard.h"
@@ -12,25 +14,26 @@
 
 namespace {
 
-class Tlines : public wxTextWrapper {
+class Twrapper final : public wxTextWrapper {
  public:
-  Tlines(wxWindow& window, wxString const& text, int width) { Wrap(&window, text, width); }
   std::vector<wxString> take() { return std::move(lines_); }
 
- protected:
+ private:
   void OnOutputLine(wxString const& line) override { lines_.push_back(line); }
 
- private:
   std::vector<wxString> lines_;
 };
 
 }  // namespace
 
-Tzu_vcl_note_strip::Tzu_vcl_note_strip(wxWindow* parent) : Tzu_vcl_panel(parent) {}
+Tzu_vcl_note_strip::Tzu_vcl_note_strip(wxWindow* parent) : Tzu_vcl_panel(parent) {
+  // A panel without controls would take the keys itself.
+  m_container.DisableSelfFocus();
+}
 
 void Tzu_vcl_note_strip::create() {
-  label_ = zu::vcl::make_child<wxStaticText>(this, wxID_ANY, wxString());
   SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_INFOBK));
+  label_ = zu::vcl::make_child<wxStaticText>(this, wxID_ANY, wxString());
   label_->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_INFOTEXT));
   auto* const sizer = zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
   sizer->Add(label_, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(margin)));
@@ -47,8 +50,7 @@ void Tzu_vcl_note_strip::set_text(std::wstring const& text) {
   text_ = text;
   Show(!text.empty());
   if (text.empty()) return;
-  for (wxWindow* const each : {static_cast<wxWindow*>(this), static_cast<wxWindow*>(label_)})
-    each->SetToolTip(text);
+  for (wxWindow* const each : std::array<wxWindow*, 2>{this, label_}) each->SetToolTip(text);
   zu::vcl::set_control_name(*label_, text);
   // The width that the form is about to give it.
   wxWindow const& form = *GetParent();
@@ -67,7 +69,9 @@ void Tzu_vcl_note_strip::on_size() {
 void Tzu_vcl_note_strip::wrap(int width) {
   wrapped_width_ = width;
   int const room = std::max(1, width - 2 * FromDIP(margin));
-  auto lines = Tlines(*label_, text_, room).take();
+  Twrapper wrapper;
+  wrapper.Wrap(label_, text_, room);
+  auto lines = wrapper.take();
   if (lines.size() > most_lines) {
     lines.resize(most_lines);
     lines.back() += L" ...";
