@@ -15,7 +15,8 @@
 #include "fed_by.h"
 #include "interchange/known_systems.h"
 #include "interchange/proj4_conv.h"
-#include "pj_edit/edit_rules.h"
+#include "pj_edit/edit_files.h"
+#include "pj_edit/edit_note.h"
 #include "proj4/short_text.h"
 #include "reproj/reproj_d2.h"
 #include "text/rc.h"
@@ -59,7 +60,7 @@ std::string normalize_for_proj(scope& /*in*/, words const& a) {
 // Each loss: the piece, why, what is kept, and "!" where points move.
 std::string losses(scope& /*in*/, words const& a) {
   static constexpr std::array reasons{"before", "unknown", "repeated", "unread",  "tail",
-                               "eighth", "changed", "sphere",   "lon_wrap"};
+                                      "eighth", "changed", "sphere",   "lon_wrap"};
   std::string text;
   auto const add = [](void* context, zu_pj4_loss const* loss) {
     auto& told = *static_cast<std::string*>(context);
@@ -231,6 +232,27 @@ std::string choose(scope& in, words const& a) {
   if (a[0] == "number") editor.set_number(static_cast<proj_number>(id()), number(2));
   if (a[0] == "shift") editor.set_shift(id(), number(2));
   return shown(in);
+}
+
+// What is to be told of the catalogue and of a definition that is opened, or of that
+// which is there.
+std::string note(scope& in, words const& a) {
+  auto& [projections, datums, editor] = catalogue_of(in);
+  speak(a.at(0));
+  if (a.size() > 1) editor.set_proj4_string(a[1].c_str());
+  auto faults = projections.get_faults();
+  std::ranges::copy(datums.get_faults(), std::back_inserter(faults));
+  return in.without_folder(to_utf8(zu::compose_note(L"", zu::tell_catalogue({}, faults), editor)));
+}
+
+// What is to be told of a file that is loaded, or into which a definition is saved.
+std::string file_note(scope& in, words const& a) {
+  speak(a.at(0));
+  std::wstring const name = in.folder.wide(from_utf8(a.at(1)));
+  auto const kind = a[1].ends_with(".prj") ? zu::file_kind::esri : zu::file_kind::parameters;
+  return to_utf8(zu::compose_note(a.size() > 2 ? zu::save_definition(name, kind, a[2])
+                                               : zu::load_definition(name, kind).failure,
+                                  L"", catalogue_of(in).editor));
 }
 
 std::string zonal_names(scope& in, words const& /*a*/) {
@@ -428,6 +450,8 @@ case_file::operations const& case_file::of_program() {
                               {"applied", &applied},
                               {"open", &opened},
                               {"choose", &choose},
+                              {"note", &note},
+                              {"file_note", &file_note},
                               {"zonal_names", &zonal_names},
                               {"projection", &projection},
                               {"datums", &datums},

@@ -181,7 +181,7 @@ TEST(Interface_text, table_is_full_in_both_languages_and_ends_where_it_should) {
     for (int const lang : {0, 1}) EXPECT_EQ(interface_text(lang, group, size), none) << group;
     ++group;
   }
-  for (auto const which : {zu::own_text::no_catalogue, zu::own_text::type_a_point}) {
+  for (auto const which : {zu::own_text::no_catalogue, zu::own_text::grids_not_kept}) {
     for (int const lang : {0, 1}) {
       Tzu_rc::set_lang(lang);
       std::wstring_view const text = zu::get_own_text(which);

@@ -2,7 +2,16 @@
 
 #include <utility>
 
-#include "catalogue/pj_dbf.h"
+namespace {
+
+template <class List>
+void load_table(std::string const& path, int (*load)(std::string const&, List&, std::string*),
+                List& list, std::vector<zu::catalogue_fault>& faults) {
+  std::string column;
+  if (load(path, list, &column) != Tzu_pj_dbf::loaded) faults.push_back({path, column});
+}
+
+}  // namespace
 
 Tzu_pj_def_dbf& Tzu_pj_def_dbf::instance() {
   static Tzu_pj_def_dbf catalogue;
@@ -13,11 +22,13 @@ Tzu_pj_def_dbf& Tzu_pj_def_dbf::instance() {
 void Tzu_pj_def_dbf::load() {
   Tzu_pj_proj_defs usual;
   Tzu_pj_proj_defs zonal;
-  Tzu_pj_dbf::load_pj_proj(Tzu_pj_dbf::get_proj_db_path(), usual);
+  std::vector<zu::catalogue_fault> faults;
+  load_table(Tzu_pj_dbf::get_proj_db_path(), &Tzu_pj_dbf::load_pj_proj, usual, faults);
   Tzu_pj_dbf::load_pj_longlat(usual);
-  Tzu_pj_dbf::load_pj_proj(Tzu_pj_dbf::get_zone_db_path(), zonal);
+  load_table(Tzu_pj_dbf::get_zone_db_path(), &Tzu_pj_dbf::load_pj_proj, zonal, faults);
   usual_ = std::move(usual);
   zonal_ = std::move(zonal);
+  faults_ = std::move(faults);
   last_usual_ = nullptr;
   last_zonal_ = nullptr;
 }
@@ -52,8 +63,17 @@ Tzu_datum_def_dbf& Tzu_datum_def_dbf::instance() {
 void Tzu_datum_def_dbf::load() {
   Tzu_pj_datum_defs datums;
   Tzu_pj_ellipse_defs ellipses;
-  Tzu_pj_dbf::load_pj_datum(Tzu_pj_dbf::get_datum_db_path(), datums);
-  Tzu_pj_dbf::load_pj_ellipse(Tzu_pj_dbf::get_ellipse_db_path(), ellipses);
+  std::vector<zu::catalogue_fault> faults;
+  load_table(Tzu_pj_dbf::get_datum_db_path(), &Tzu_pj_dbf::load_pj_datum, datums, faults);
+  load_table(Tzu_pj_dbf::get_ellipse_db_path(), &Tzu_pj_dbf::load_pj_ellipse, ellipses, faults);
   datums_ = std::move(datums);
   ellipses_ = std::move(ellipses);
+  faults_ = std::move(faults);
+}
+
+std::vector<zu::catalogue_fault> zu::get_catalogue_faults() {
+  auto faults = Tzu_pj_def_dbf::instance().get_faults();
+  auto const& others = Tzu_datum_def_dbf::instance().get_faults();
+  faults.insert(faults.end(), others.begin(), others.end());
+  return faults;
 }

@@ -4,7 +4,9 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "catalogue/pj_dbf.h"
 #include "catalogue/pj_defs.h"
 
 // Projections. Used on the dialog's thread only: the look-ups remember what
@@ -19,6 +21,8 @@ class Tzu_pj_def_dbf {
 
   Tzu_pj_proj_defs const& get_proj_defs() const noexcept { return usual_; }
   Tzu_pj_proj_defs const& get_zone_defs() const noexcept { return zonal_; }
+  // Of the tables that are not loaded.
+  std::vector<zu::catalogue_fault> const& get_faults() const noexcept { return faults_; }
   Tzu_pj_proj_def const* get_last_proj() const noexcept { return last_usual_; }
   Tzu_pj_proj_def const* get_last_zone() const noexcept { return last_zonal_; }
 
@@ -35,6 +39,7 @@ class Tzu_pj_def_dbf {
  private:
   Tzu_pj_proj_defs usual_;
   Tzu_pj_proj_defs zonal_;
+  std::vector<zu::catalogue_fault> faults_;
   Tzu_pj_proj_def const* last_usual_ = nullptr;
   Tzu_pj_proj_def const* last_zonal_ = nullptr;
 };
@@ -51,8 +56,17 @@ class Tzu_datum_def_dbf {
 
   Tzu_pj_datum_defs const& get_datum_defs() const noexcept { return datums_; }
   Tzu_pj_ellipse_defs const& get_ellipse_defs() const noexcept { return ellipses_; }
+  std::vector<zu::catalogue_fault> const& get_faults() const noexcept { return faults_; }
 
  private:
   Tzu_pj_datum_defs datums_;
   Tzu_pj_ellipse_defs ellipses_;
+  std::vector<zu::catalogue_fault> faults_;
 };
+
+namespace zu {
+
+// Of all tables of the installation's catalogue.
+std::vector<catalogue_fault> get_catalogue_faults();
+
+}  // namespace zu

@@ -72,12 +72,17 @@ std::uint64_t Tzu_file_dbf_exe::record_offset(std::uint32_t record) const noexce
   return header_length() + static_cast<std::uint64_t>(record) * record_length();
 }
 
-std::uint32_t Tzu_file_dbf_exe::get_records_in_file() const noexcept {
+std::uint32_t Tzu_file_dbf_exe::get_records_in_file() noexcept {
   if (!file_ || record_length() == 0) return 0;
   std::uint64_t const size = zu::file::size(file_.get());
   if (size <= header_length()) return 0;
   std::uint64_t const begun = (size - header_length() + record_length() - 1) / record_length();
-  return static_cast<std::uint32_t>(std::min<std::uint64_t>(begun, get_nr()));
+  auto count = static_cast<std::uint32_t>(std::min<std::uint64_t>(begun, get_nr()));
+  // The mark of the file's end is no record; some writers fill a block with it.
+  std::uint8_t first = 0;
+  while (count > 0 && read_at(record_offset(count - 1), {&first, 1}) == 1 && first == end_of_file)
+    --count;
+  return count;
 }
 
 // Reads what the file has at `offset`; the rest of the target is zeroed.

@@ -74,9 +74,9 @@ class Tzu_file_dbf_exe {
 
   std::uint32_t get_nr() const noexcept;  // records, as the header claims
   std::uint32_t get_np() const noexcept { return static_cast<std::uint32_t>(fields_.size()); }
-  // Records that begin inside the file; a header can claim any number, so this
-  // bounds a loop over all of them.
-  std::uint32_t get_records_in_file() const noexcept;
+  // Records that begin inside the file and before its end mark; a header can claim
+  // any number, so this bounds a loop over all of them.
+  std::uint32_t get_records_in_file() noexcept;
 
   // First field of that name, trimmed, without regard to case.
   bool find_prp_by_name(std::string_view name, std::uint32_t& index) const;
@@ -159,7 +159,7 @@ class Tzu_file_dbf {
   bool close() { return exe_->close(); }
   std::uint32_t get_nr() const noexcept { return exe_->get_nr(); }
   std::uint32_t get_np() const noexcept { return exe_->get_np(); }
-  std::uint32_t get_records_in_file() const noexcept { return exe_->get_records_in_file(); }
+  std::uint32_t get_records_in_file() noexcept { return exe_->get_records_in_file(); }
   bool find_prp_by_name(std::string_view name, std::uint32_t& index) const {
     return exe_->find_prp_by_name(name, index);
   }

@@ -55,15 +55,15 @@ std::string table_path(std::string_view name) {
 // The record under the cursor of a table, by position of the wanted columns.
 class Trow {
  public:
-  // Finds the columns; false when one is missing.
-  bool attach(Tzu_file_dbf& table, std::span<std::string_view const> names) {
+  // Finds the columns. Returns the name of the first one that is missing, else empty.
+  std::string_view attach(Tzu_file_dbf& table, std::span<std::string_view const> names) {
     table_ = &table;
     for (std::string_view const name : names) {
       std::uint32_t index = 0;
-      if (!table.find_prp_by_name(name, index)) return false;
+      if (!table.find_prp_by_name(name, index)) return name;
       columns_.push_back(index);
     }
-    return true;
+    return {};
   }
 
   std::string text(std::size_t column) const { return std::string(cleaned(column)); }
@@ -102,13 +102,16 @@ class Trow {
 
 template <class List, std::size_t Count, class Read>
 int load(std::string const& name, List& list, std::array<std::string_view, Count> const& columns,
-         Read read_record) {
+         std::string* missing, Read read_record) {
   list.clear();
   List records;
   Tzu_file_dbf table;
   if (int const result = table.open(name.c_str(), true); result != 0) return result;
   Trow row;
-  if (!row.attach(table, columns)) return Tzu_pj_dbf::column_missing;
+  if (auto const column = row.attach(table, columns); !column.empty()) {
+    if (missing != nullptr) *missing = column;
+    return Tzu_pj_dbf::column_missing;
+  }
   // The header may claim more records than there are.
   std::uint32_t const count = table.get_records_in_file();
   for (std::uint32_t i = 0; i < count; ++i) {
@@ -246,23 +249,26 @@ std::string Tzu_pj_dbf::wrk_str(std::string_view text) {
   return std::string(zu::str::trim(cleaned));
 }
 
-int Tzu_pj_dbf::load_pj_ellipse(std::string const& name, Tzu_pj_ellipse_defs& list) {
-  return load(name, list, ellipse_columns, [](Trow const& row, Tzu_pj_ellipse_def& record) {
-    record.set_index(static_cast<std::uint32_t>(row.integer(0).value_or(0)));
-    record.set_caption(row.text(1));
-    record.set_prj4_name(row.text(2));
-    record.set_semi_major(row.number_or_0(3));
-    auto const b = row.number(4);
-    record.set_def_semi_minor(b.has_value());
-    record.set_semi_minor(b.value_or(0));
-    auto const rf = row.number(5);
-    record.set_def_inv_flattening(rf.has_value());
-    record.set_inv_flattening(rf.value_or(0));
-  });
+int Tzu_pj_dbf::load_pj_ellipse(std::string const& name, Tzu_pj_ellipse_defs& list,
+                                std::string* missing) {
+  return load(name, list, ellipse_columns, missing,
+              [](Trow const& row, Tzu_pj_ellipse_def& record) {
+                record.set_index(static_cast<std::uint32_t>(row.integer(0).value_or(0)));
+                record.set_caption(row.text(1));
+                record.set_prj4_name(row.text(2));
+                record.set_semi_major(row.number_or_0(3));
+                auto const b = row.number(4);
+                record.set_def_semi_minor(b.has_value());
+                record.set_semi_minor(b.value_or(0));
+                auto const rf = row.number(5);
+                record.set_def_inv_flattening(rf.has_value());
+                record.set_inv_flattening(rf.value_or(0));
+              });
 }
 
-int Tzu_pj_dbf::load_pj_datum(std::string const& name, Tzu_pj_datum_defs& list) {
-  return load(name, list, datum_columns, [](Trow const& row, Tzu_pj_datum_def& record) {
+int Tzu_pj_dbf::load_pj_datum(std::string const& name, Tzu_pj_datum_defs& list,
+                              std::string* missing) {
+  return load(name, list, datum_columns, missing, [](Trow const& row, Tzu_pj_datum_def& record) {
     record.set_caption(row.text(0));
     record.set_prj4_name(row.text(1));
     std::array<double, 7> shift{};
@@ -272,8 +278,9 @@ int Tzu_pj_dbf::load_pj_datum(std::string const& name, Tzu_pj_datum_defs& list) 
   });
 }
 
-int Tzu_pj_dbf::load_pj_proj(std::string const& name, Tzu_pj_proj_defs& list) {
-  return load(name, list, proj_columns, read_proj);
+int Tzu_pj_dbf::load_pj_proj(std::string const& name, Tzu_pj_proj_defs& list,
+                             std::string* missing) {
+  return load(name, list, proj_columns, missing, read_proj);
 }
 
 void Tzu_pj_dbf::load_pj_longlat(Tzu_pj_proj_defs& list) {

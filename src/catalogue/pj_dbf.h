@@ -7,6 +7,17 @@
 
 #include "catalogue/pj_defs.h"
 
+namespace zu {
+
+// Why a table of the catalogue is not loaded: it lacks the column, or, where that is
+// empty, it cannot be opened.
+struct catalogue_fault {
+  std::string table;  // path, in the system's code page
+  std::string column;
+};
+
+}  // namespace zu
+
 class Tzu_pj_dbf {
  public:
   // Results of loading.
@@ -37,10 +48,13 @@ class Tzu_pj_dbf {
 
   // Each clears the list and fills it in the order of the table. A table that
   // cannot be opened or lacks a column leaves the list empty, and so does a lack of
-  // memory, which is thrown.
-  static int load_pj_ellipse(std::string const& name, Tzu_pj_ellipse_defs& list);
-  static int load_pj_datum(std::string const& name, Tzu_pj_datum_defs& list);
-  static int load_pj_proj(std::string const& name, Tzu_pj_proj_defs& list);
+  // memory, which is thrown. The name of the first missing column goes to `missing`.
+  static int load_pj_ellipse(std::string const& name, Tzu_pj_ellipse_defs& list,
+                             std::string* missing = nullptr);
+  static int load_pj_datum(std::string const& name, Tzu_pj_datum_defs& list,
+                           std::string* missing = nullptr);
+  static int load_pj_proj(std::string const& name, Tzu_pj_proj_defs& list,
+                          std::string* missing = nullptr);
 
   // Appends the two geographic entries that need no table.
   static void load_pj_longlat(Tzu_pj_proj_defs& list);

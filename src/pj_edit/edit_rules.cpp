@@ -192,13 +192,18 @@ void Tzu_pj_editor::apply_record(Tzu_pj_proj_def const* record) {
 
 void Tzu_pj_editor::choose_datum(std::uint32_t id) {
   state_.datum_id = id;
+  state_.lost_datum.clear();
+  state_.lost_grids.clear();
   Tzu_pj_datum_def const* const record = datum_record();
   if (id == edit_state::custom_datum || record == nullptr) return;
   state_.shift = record->get_towgs84();
   choose_ellipse(record->get_ellipse_index());
 }
 
-void Tzu_pj_editor::choose_ellipse(std::uint32_t id) { state_.ellipse_id = id; }
+void Tzu_pj_editor::choose_ellipse(std::uint32_t id) {
+  state_.ellipse_id = id;
+  state_.lost_ellipse.clear();
+}
 
 bool Tzu_pj_editor::is_gauss_kruger() const {
   return state_.kind == definition_kind::zonal &&
@@ -218,6 +223,7 @@ void Tzu_pj_editor::select_pulkovo_1942() {
 }
 
 void Tzu_pj_editor::set_proj4_string(char const* text) {
+  given_ = text == nullptr ? "" : text;
   definition_.set(text);
   definition_.set_all_undefined();
   definition_.decompose();
@@ -225,6 +231,7 @@ void Tzu_pj_editor::set_proj4_string(char const* text) {
   if (definition_.get_units().get_def()) state_.units = definition_.get_units().get_str();
   if (!take_zonal(definition_) && !take_usual(definition_)) choose_kind(definition_kind::none);
   take_datum(definition_);
+  keep_lost_pieces(definition_);
 }
 
 bool Tzu_pj_editor::take_zonal(Tzu_proj4_str& definition) {
@@ -330,16 +337,39 @@ void Tzu_pj_editor::take_datum(Tzu_proj4_str& definition) {
   state_.datum_id = same == nullptr ? edit_state::custom_datum : same->get_index();
 }
 
+Tzu_pj_ellipse_def const* Tzu_pj_editor::match_ellipse(Tzu_proj4_str& definition) const {
+  if (definition.get_ellipse().get_def()) {
+    if (auto const* const record = lists_.ellipses.find_by_name(definition.get_ellipse().get_str()))
+      return record;
+  }
+  return lists_.ellipses.find_by_params(
+      definition.get_a().get_def(), definition.get_a().get_dbl(), definition.get_b().get_def(),
+      definition.get_b().get_dbl(), definition.get_rf().get_def(), definition.get_rf().get_dbl());
+}
+
 void Tzu_pj_editor::take_ellipse(Tzu_proj4_str& definition) {
-  Tzu_pj_ellipse_def const* record = nullptr;
-  if (definition.get_ellipse().get_def())
-    record = lists_.ellipses.find_by_name(definition.get_ellipse().get_str());
-  if (record == nullptr)
-    record = lists_.ellipses.find_by_params(
-        definition.get_a().get_def(), definition.get_a().get_dbl(), definition.get_b().get_def(),
-        definition.get_b().get_dbl(), definition.get_rf().get_def(), definition.get_rf().get_dbl());
+  Tzu_pj_ellipse_def const* record = match_ellipse(definition);
   if (record == nullptr) record = lists_.ellipses.find_by_name("wgs84");
   if (record != nullptr) choose_ellipse(record->get_index());
+}
+
+// A datum of the catalogue brings all that there is of it. Of another one the key goes,
+// and with it what the definition does not say by numbers.
+void Tzu_pj_editor::keep_lost_pieces(Tzu_proj4_str& definition) {
+  auto const piece_of = [](Tzu_proj4_param& param) {
+    return std::string(str::trim(param.get_out_str()));
+  };
+  if (definition.get_nadgrids().get_def()) state_.lost_grids = piece_of(definition.get_nadgrids());
+  bool const has_datum = definition.get_datum().get_def();
+  if (has_datum && lists_.datums.find_by_name(definition.get_datum().get_str()) != nullptr) return;
+  std::array<Tzu_proj4_param*, 4> const shape{&definition.get_ellipse(), &definition.get_a(),
+                                              &definition.get_b(), &definition.get_rf()};
+  auto const* const given =
+      std::ranges::find_if(shape, [](auto const* param) { return param->get_def(); });
+  bool const has_ellipse = given != shape.end();
+  if (has_datum && !(has_ellipse && definition.get_towgs84().get_def()))
+    state_.lost_datum = piece_of(definition.get_datum());
+  if (has_ellipse && match_ellipse(definition) == nullptr) state_.lost_ellipse = piece_of(**given);
 }
 
 char const* Tzu_pj_editor::get_proj4_string() {

@@ -32,6 +32,8 @@ class Tzu_pj_editor {
 
   edit_state const& state() const noexcept { return state_; }
   catalogue_lists const& lists() const noexcept { return lists_; }
+  // The definition that was taken last, as it was.
+  std::string const& given() const noexcept { return given_; }
 
   // Takes a definition: zonal first, then usual, else none; then its datum and
   // ellipsoid. Nothing of an earlier definition stays. Null counts as empty.
@@ -82,15 +84,18 @@ class Tzu_pj_editor {
   bool take_usual(Tzu_proj4_str& definition);
   void take_datum(Tzu_proj4_str& definition);
   void take_ellipse(Tzu_proj4_str& definition);
+  void keep_lost_pieces(Tzu_proj4_str& definition);
   void select_pulkovo_1942();
   Tzu_pj_proj_def const* match_usual(Tzu_proj4_str& definition) const;
   Tzu_pj_proj_def const* match_zonal(Tzu_proj4_str& definition) const;
+  Tzu_pj_ellipse_def const* match_ellipse(Tzu_proj4_str& definition) const;
   void write_projection(Tzu_pj_proj_def const& record, Tzu_proj4_str& definition) const;
   void write_datum(Tzu_proj4_str& definition) const;
   void write_ellipse(Tzu_proj4_str& definition) const;
 
   catalogue_lists lists_;
   edit_state state_;
+  std::string given_;
   Tzu_proj4_str definition_;
 };
 

@@ -35,6 +35,11 @@ struct edit_state {
   std::uint32_t datum_id = custom_datum;
   std::array<double, 7> shift{};  // as towgs84
   std::uint32_t ellipse_id = 0;
+  // The pieces of the definition for which there is no place here, until the user
+  // chooses another in their stead; empty when none.
+  std::string lost_datum;
+  std::string lost_grids;
+  std::string lost_ellipse;
 
   number_state& number(proj_number which) noexcept {
     return numbers[static_cast<std::size_t>(which)];

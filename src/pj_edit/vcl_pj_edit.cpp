@@ -1,8 +1,6 @@
 #include "pj_edit/vcl_pj_edit.h"
 
-#include "catalogue/pj_dbf.h"
 #include "pj_edit/panel_tools.h"
-#include "text/own_texts.h"
 
 using zu::definition_kind;
 
@@ -10,14 +8,6 @@ namespace {
 
 constexpr int type_left = 4;
 constexpr int type_width = 300;
-
-std::wstring describe_missing_catalogue() {
-  auto const folders = Tzu_pj_dbf::get_missing_folders();
-  if (folders.empty()) return {};
-  std::wstring text = zu::get_own_text(zu::own_text::no_catalogue);
-  for (auto const& folder : folders) text.append(L"\n").append(folder);
-  return text;
-}
 
 }  // namespace
 
@@ -50,15 +40,12 @@ void Tzu_vcl_pj_edit::create() {
   datum_->create();
   datum_->on_layout = [this] { call_on_layout(); };
 
-  note_ = zu::vcl::make_child<wxStaticText>(this, wxID_ANY, wxString());
-
   auto* const panels = zu::vcl::make_sizer<wxBoxSizer>(wxHORIZONTAL);
   panels->Add(proj_, wxSizerFlags().Expand());
   panels->Add(datum_, wxSizerFlags(1).Expand());
   room->SetSizer(panels);
   auto* const sizer = zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
   sizer->Add(top_, wxSizerFlags().Expand());
-  sizer->Add(note_, wxSizerFlags().Border(wxALL, FromDIP(type_left)));
   sizer->Add(room, wxSizerFlags(1).Expand());
   SetSizer(sizer);
   refresh();
@@ -70,7 +57,6 @@ void Tzu_vcl_pj_edit::load_rc() {
     type_->set_item_captions(i, zu::vcl::rc_text(zu::editor_texts, 29 + static_cast<int>(i)));
   proj_->load_rc();
   datum_->load_rc();
-  note_->SetLabelText(describe_missing_catalogue());
   refresh();
 }
 
@@ -89,7 +75,6 @@ void Tzu_vcl_pj_edit::refresh() {
   type_->set_active_idx(static_cast<unsigned>(kind));
   proj_->Show(kind != definition_kind::none);
   datum_->Show(kind != definition_kind::none);
-  note_->Show(kind == definition_kind::none && !note_->GetLabelText().empty());
   proj_->refresh();
   datum_->refresh();
   call_on_layout();

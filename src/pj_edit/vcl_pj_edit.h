@@ -19,11 +19,13 @@ class Tzu_vcl_pj_edit : public Tzu_vcl_panel {
   // The composed definition; valid until the next call.
   char const* get_proj4_string() { return editor_.get_proj4_string(); }
 
+  zu::Tzu_pj_editor const& get_rules() const noexcept { return editor_; }
   Tzu_vcl_caption_selbox* get_type() const noexcept { return type_; }
   Tzu_vcl_pj_proj* get_proj() const noexcept { return proj_; }
   Tzu_vcl_pj_datum* get_datum() const noexcept { return datum_; }
 
-  // Fired when the need of room may have changed.
+  // Fired after a choice of the user and a new definition: the need of room, and what is
+  // to be told, may have changed.
   std::function<void()> on_layout;
 
  private:
@@ -36,6 +38,4 @@ class Tzu_vcl_pj_edit : public Tzu_vcl_panel {
   Tzu_vcl_caption_selbox* type_ = nullptr;
   Tzu_vcl_pj_proj* proj_ = nullptr;
   Tzu_vcl_pj_datum* datum_ = nullptr;
-  // In the place of the panels where there is no catalogue.
-  wxStaticText* note_ = nullptr;
 };

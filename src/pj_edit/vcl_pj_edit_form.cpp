@@ -2,19 +2,26 @@
 
 #include <wx/msgdlg.h>
 
+#include <optional>
+
 #include "basic/file.h"
 #include "basic/path.h"
+#include "catalogue/catalogue.h"
+#include "pj_edit/edit_files.h"
+#include "pj_edit/edit_note.h"
 #include "pj_edit/panel_tools.h"
-#include "text/strconv.h"
-#include "text/string_adapter.h"
+#include "text/own_texts.h"
 #include "vcl/event_guard.h"
 #include "vcl/toolkit.h"
-#include "zu_pj_edit/zu_pj4_layer.h"
 
 namespace {
 
-// Position of a file type in the filter of both file dialogs.
-enum file_type { parameters_file = 0, esri_file = 1 };
+// By the position in the filter of both file dialogs.
+std::optional<zu::file_kind> kind_at(int filter_index) {
+  if (filter_index == 0) return zu::file_kind::parameters;
+  if (filter_index == 1) return zu::file_kind::esri;
+  return {};
+}
 
 // The file dialog asks before it replaces the file that the user named, but not
 // when the forced extension leads to another one.
@@ -32,10 +39,14 @@ bool may_replace(wxWindow* parent, std::wstring const& chosen, std::wstring cons
 void Tzu_vcl_pj_edit_form::create() {
   editor_ = zu::vcl::make_child<Tzu_vcl_pj_edit>(this);
   editor_->create();
+  note_ = zu::vcl::make_child<Tzu_vcl_note_strip>(this);
+  note_->create();
+  note_->on_layout = [this] { fit_to_content(); };
   buttons_ = zu::vcl::make_child<Tzu_vcl_bottom_buttons>(this);
   buttons_->create();
   auto* const sizer = zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
   sizer->Add(editor_, wxSizerFlags(1).Expand());
+  sizer->Add(note_, wxSizerFlags().Expand());
   sizer->Add(buttons_, wxSizerFlags().Expand());
   SetSizer(sizer);
   zu::vcl::bind_guarded(*this, wxEVT_SHOW, [this] {
@@ -55,6 +66,8 @@ void Tzu_vcl_pj_edit_form::load_rc() {
   set_caption(zu::vcl::rc_text(zu::editor_texts, 14));
   editor_->load_rc();
   buttons_->load_rc();
+  catalogue_note_ =
+      zu::tell_catalogue(Tzu_pj_dbf::get_missing_folders(), zu::get_catalogue_faults());
   open_->set_title(buttons_->get_button(Tzu_vcl_bottom_buttons::load)->get_caption());
   save_->set_title(buttons_->get_button(Tzu_vcl_bottom_buttons::save)->get_caption());
   for (auto* const files : {open_.get(), save_.get()})
@@ -66,12 +79,18 @@ char const* Tzu_vcl_pj_edit_form::pj_edit(char const* text, unsigned char* chang
   source_text_ = text == nullptr ? "" : text;
   applied_ = false;
   editor_->set_proj4_string(source_text_.c_str());
-  editor_->on_layout = [this] { fit_to_content(); };
-  fit_to_content();
+  editor_->on_layout = [this] { refresh_note(); };
+  file_note_.clear();
+  refresh_note();
   show_modal();
   result_text_ = applied_ ? editor_->get_proj4_string() : source_text_;
   *changed = applied_ ? 1 : 0;
   return result_text_.c_str();
+}
+
+void Tzu_vcl_pj_edit_form::refresh_note() {
+  note_->set_text(zu::compose_note(file_note_, catalogue_note_, editor_->get_rules()));
+  fit_to_content();
 }
 
 // A number that was typed and not left yet counts; one that is refused keeps
@@ -90,27 +109,23 @@ void Tzu_vcl_pj_edit_form::on_cancel() {
 void Tzu_vcl_pj_edit_form::on_save() {
   if (!commit_edits()) return;
   if (!save_->execute()) return;
-  std::wstring const definition = zu::strconv::from_system(editor_->get_proj4_string());
   std::wstring const& chosen = save_->get_file_name();
-  int const type = save_->get_filter_index();
-  if (type != parameters_file && type != esri_file) return;
+  auto const kind = kind_at(save_->get_filter_index());
+  if (!kind) return;
   std::wstring const name =
-      zu::path::replace_extension(chosen, type == parameters_file ? L".pj4" : L".prj");
+      zu::path::replace_extension(chosen, *kind == zu::file_kind::esri ? L".prj" : L".pj4");
   if (!may_replace(this, chosen, name)) return;
-  if (type == parameters_file)
-    zu_pj4_save_simple_w(name.c_str(), definition.c_str());
-  else
-    zu_pj4_export_esri_prj(definition.c_str(), name.c_str());
+  file_note_ = zu::save_definition(name, *kind, editor_->get_proj4_string());
+  if (file_note_.empty() && name != chosen)
+    file_note_ = zu::fill_own_text(zu::own_text::saved_as, zu::path::file_name_of(name));
+  refresh_note();
 }
 
 void Tzu_vcl_pj_edit_form::on_load() {
   if (!open_->execute()) return;
-  std::string definition;
-  std::wstring const& name = open_->get_file_name();
-  Tzu_std_string_adapter target(&definition);
-  zu::string_adp const adapter(target);
-  int const type = open_->get_filter_index();
-  if (type == parameters_file) zu_pj4_load_simple_w(name.c_str(), adapter.get());
-  if (type == esri_file) zu_pj4_import_esri(name.c_str(), adapter.get());
-  editor_->set_proj4_string(definition.c_str());
+  zu::load_result loaded;
+  if (auto const kind = kind_at(open_->get_filter_index()))
+    loaded = zu::load_definition(open_->get_file_name(), *kind);
+  file_note_ = loaded.failure;
+  editor_->set_proj4_string(loaded.definition.c_str());
 }

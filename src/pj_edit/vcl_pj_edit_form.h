@@ -8,6 +8,7 @@
 #include "vcl/bottom_buttons.h"
 #include "vcl/file_dialog.h"
 #include "vcl/form.h"
+#include "vcl/note_strip.h"
 
 class Tzu_vcl_pj_edit_form : public Tzu_vcl_form {
  public:
@@ -20,6 +21,7 @@ class Tzu_vcl_pj_edit_form : public Tzu_vcl_form {
   char const* pj_edit(char const* text, unsigned char* changed);
 
   Tzu_vcl_pj_edit* get_editor() const noexcept { return editor_; }
+  Tzu_vcl_note_strip* get_note() const noexcept { return note_; }
   Tzu_vcl_bottom_buttons* get_buttons() const noexcept { return buttons_; }
 
  private:
@@ -27,12 +29,17 @@ class Tzu_vcl_pj_edit_form : public Tzu_vcl_form {
   void on_cancel();
   void on_save();
   void on_load();
+  // Tells what there is to tell now, and gives it room.
+  void refresh_note();
 
   bool applied_ = false;
   Tzu_vcl_pj_edit* editor_ = nullptr;
+  Tzu_vcl_note_strip* note_ = nullptr;
   Tzu_vcl_bottom_buttons* buttons_ = nullptr;
   std::unique_ptr<Tzu_vcl_file_dialog> open_;
   std::unique_ptr<Tzu_vcl_file_dialog> save_;
+  std::wstring file_note_;  // of the last Load or Save
+  std::wstring catalogue_note_;
   std::string source_text_;
   std::string result_text_;
 };

@@ -15,12 +15,11 @@ struct Tentry {
   wchar_t const* russian;
 };
 
-constexpr std::array<Tentry, 11> entries{{
+constexpr std::array<Tentry, 27> entries{{
     {own_text::no_catalogue,
-     L"The catalogue of projections, datums and ellipsoids is missing.\n"
-     L"None of these folders is there:",
-     L"Нет каталога проекций, датумов и эллипсоидов.\n"
-     L"Ни одной из этих папок нет:"},
+     L"The catalogue of projections, datums and ellipsoids is missing. None of these folders is "
+     L"there:",
+     L"Нет каталога проекций, датумов и эллипсоидов. Ни одной из этих папок нет:"},
     {own_text::type_a_point, L"Type \".\" before the decimals, not \",\".",
      L"Дробную часть отделяйте точкой \".\", а не запятой."},
     {own_text::text_before, L"%1: text before the first \"+\" is not read",
@@ -38,6 +37,33 @@ constexpr std::array<Tentry, 11> entries{{
      L"%1: сфера записывается без сдвига датума"},
     {own_text::other_lon_wrap, L"%1: +lon_wrap=45 is written instead",
      L"%1: вместо этого записывается +lon_wrap=45"},
+    {own_text::damaged_catalogue, L"The catalogue in %1 is not whole:",
+     L"Каталог в папке %1 неполон:"},
+    {own_text::table_not_opened, L"%1 cannot be opened", L"%1 не открывается"},
+    {own_text::column_missing, L"%1 has no column %2", L"в %1 нет столбца %2"},
+    {own_text::load_no_file, L"Load failed: there is no file %1", L"Не загружено: нет файла %1"},
+    {own_text::load_unreadable, L"Load failed: %1 cannot be read",
+     L"Не загружено: файл %1 не читается"},
+    {own_text::load_no_definition, L"Load failed: there is no PROJ.4 definition in %1",
+     L"Не загружено: в файле %1 нет определения PROJ.4"},
+    {own_text::load_no_wkt, L"Load failed: there is no ESRI WKT in %1",
+     L"Не загружено: в файле %1 нет ESRI WKT"},
+    {own_text::save_unwritten, L"Save failed: %1 cannot be written",
+     L"Не сохранено: файл %1 не записывается"},
+    {own_text::save_unconverted, L"Save failed: the definition cannot be converted to ESRI WKT",
+     L"Не сохранено: определение не переводится в ESRI WKT"},
+    {own_text::saved_as, L"Saved as %1", L"Сохранено под именем %1"},
+    {own_text::returns_empty, L"Unknown: Apply returns an empty definition",
+     L"Не определена: \"Применить\" вернёт пустое определение"},
+    {own_text::returns_empty_instead, L"Unknown: Apply returns an empty definition in place of %1",
+     L"Не определена: \"Применить\" вернёт пустое определение вместо %1"},
+    {own_text::not_kept, L"Not all of the definition is kept:",
+     L"Определение сохраняется не полностью:"},
+    {own_text::not_in_catalogue, L"%1: not in the catalogue", L"%1: нет в каталоге"},
+    {own_text::other_ellipsoid, L"%1: not in the catalogue, %2 is taken",
+     L"%1: нет в каталоге, взят %2"},
+    {own_text::grids_not_kept, L"%1: shift grids are not kept",
+     L"%1: сетки сдвигов не сохраняются"},
 }};
 
 constexpr bool is_in_order() {

@@ -8,7 +8,7 @@
 namespace zu {
 
 enum class own_text {
-  no_catalogue,  // stands above the folders that were looked for
+  no_catalogue,  // stands before the folders that were looked for
   type_a_point,  // for who types a decimal comma
   // What a definition lost on being read: "%1" is the piece, "%2" what is kept.
   text_before,
@@ -20,6 +20,23 @@ enum class own_text {
   changed_number,
   sphere_shift,
   other_lon_wrap,
+  // The dialog's note. "%1" is a folder, a table, a file or a piece of a definition.
+  damaged_catalogue,  // stands before the next two
+  table_not_opened,
+  column_missing,  // "%2" is the column
+  load_no_file,
+  load_unreadable,
+  load_no_definition,
+  load_no_wkt,
+  save_unwritten,
+  save_unconverted,
+  saved_as,
+  returns_empty,
+  returns_empty_instead,
+  not_kept,  // stands before what a definition loses
+  not_in_catalogue,
+  other_ellipsoid,  // "%2" is the one in its place
+  grids_not_kept,
 };
 
 wchar_t const* get_own_text(own_text which);

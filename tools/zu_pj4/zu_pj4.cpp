@@ -52,9 +52,13 @@ std::string normalize(std::string const& definition) {
 }
 
 void need_catalogue() {
-  if (Tzu_datum_def_dbf::get_ellipses().get_size() == 0)
-    throw Terror("no catalogue of projections and datums: cannot read " +
-                 terminal::from_library(Tzu_pj_dbf::get_ellipse_db_path()));
+  std::string reasons;
+  for (auto const& [table, column] : zu::get_catalogue_faults()) {
+    reasons.append(reasons.empty() ? "" : "; ").append(column.empty() ? "cannot open " : "");
+    reasons.append(terminal::from_library(table));
+    if (!column.empty()) reasons.append(" has no column ").append(column);
+  }
+  if (!reasons.empty()) throw Terror("no catalogue of projections and datums: " + reasons);
 }
 
 int apply(std::vector<std::string> const& definitions, Tzu_env& env, Tlosses const& losses) {

@@ -1,0 +1,27 @@
+// The dialog's note: what its user has to be told beside what the panels show. Free of
+// the form toolkit.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "catalogue/pj_dbf.h"
+#include "pj_edit/edit_rules.h"
+
+namespace zu {
+
+// Of a catalogue that is not there or not whole; empty of a good one.
+std::wstring tell_catalogue(std::vector<std::wstring> const& missing_folders,
+                            std::vector<catalogue_fault> const& faults);
+
+// What Apply does not return of the definition that the editor has taken; empty when
+// nothing. `is_warned` says that the user has been told of a file: then an empty
+// definition is worth telling even if the one that was taken was empty, too.
+std::wstring tell_definition(Tzu_pj_editor const& editor, bool is_warned);
+
+// The whole note, a line each of the file that was loaded or saved last, of the
+// catalogue and of the definition. What is empty has no line.
+std::wstring compose_note(std::wstring const& file, std::wstring const& catalogue,
+                          Tzu_pj_editor const& editor);
+
+}  // namespace zu
