@@ -81,14 +81,15 @@ void Tline_worker::run() noexcept try {
   output_.reserve(text_.size());
   rest_ = text_;
   while (!rest_.empty()) transform_lines();
+  untold_ = output_;
 } catch (...) {
   failure_ = std::current_exception();
 }
 
-std::string const& Tline_worker::finish() {
+std::string_view Tline_worker::finish() {
   thread_.join();
   if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
-  return output_;
+  return std::exchange(untold_, {});
 }
 
 // Fewer lines at a time than would be shared among threads once more.

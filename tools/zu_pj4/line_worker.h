@@ -34,9 +34,9 @@ class Tline_worker {
   // Swaps a text of whole lines with the one before, and starts on it; on a thread of
   // its own where there is one to be had. Otherwise it is done by now.
   void start(std::string& text);
-  // What has become of the text, or nothing without one; valid until the next start.
-  // Throws what went wrong.
-  std::string const& finish();
+  // What has become of the text, once; nothing without one. Valid until the next
+  // start. Throws what went wrong.
+  std::string_view finish();
 
   // The points so far, and those of them that could not be transformed.
   std::uint64_t count() const { return count_; }
@@ -57,6 +57,7 @@ class Tline_worker {
   std::vector<line_view> lines_;
   Tzu_xy_array points_;
   std::string output_;
+  std::string_view untold_;  // of the output
   std::uint64_t count_ = 0;
   std::uint64_t failed_ = 0;
   std::exception_ptr failure_;

@@ -3,7 +3,10 @@
 // UTF-8 on Windows, where arguments and file names hold letters of any script.
 #pragma once
 
+#include <cstddef>
+#include <cstdio>
 #include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,6 +19,12 @@ std::vector<std::string> arguments(int argc, char** argv);
 // Makes standard input and output pass bytes, and a console read and show them
 // in the encoding until the program ends.
 void prepare_streams();
+
+// Reads what the stream has by now, at least a byte where it does not end there: 0
+// is the end. Its own buffer is passed by. std::runtime_error where it fails.
+std::size_t read_some(std::FILE* stream, std::span<char> buffer);
+// Whether the next read would not wait for whoever writes the stream.
+bool is_ready(std::FILE* stream);
 
 std::wstring to_wide(std::string_view text);
 std::string from_wide(std::wstring_view text);

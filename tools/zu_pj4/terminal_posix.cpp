@@ -1,4 +1,11 @@
 #include "terminal.h"
+
+#include <poll.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <stdexcept>
+
 #include "text/strconv.h"
 
 namespace terminal {
@@ -8,6 +15,19 @@ std::vector<std::string> arguments(int argc, char** argv) {
 }
 
 void prepare_streams() {}
+
+std::size_t read_some(std::FILE* stream, std::span<char> buffer) {
+  for (;;) {
+    ssize_t const got = read(fileno(stream), buffer.data(), buffer.size());
+    if (got >= 0) return static_cast<std::size_t>(got);
+    if (errno != EINTR) throw std::runtime_error("cannot read");
+  }
+}
+
+bool is_ready(std::FILE* stream) {
+  pollfd input{fileno(stream), POLLIN, 0};
+  return poll(&input, 1, 0) != 0;
+}
 
 std::wstring to_wide(std::string_view text) { return zu::strconv::from_system(text); }
 std::string from_wide(std::wstring_view text) { return zu::strconv::to_system(text); }

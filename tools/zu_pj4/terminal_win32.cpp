@@ -55,6 +55,22 @@ void prepare_streams() {
   for (std::FILE* const stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
 }
 
+std::size_t read_some(std::FILE* stream, std::span<char> buffer) {
+  int const got = _read(_fileno(stream), buffer.data(), static_cast<unsigned>(buffer.size()));
+  if (got < 0) throw std::runtime_error("cannot read");
+  return static_cast<std::size_t>(got);
+}
+
+bool is_ready(std::FILE* stream) {
+  auto* const handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
+  if (GetFileType(handle) == FILE_TYPE_DISK) return true;
+  DWORD there = 0;
+  // Of a pipe that is closed the read tells so at once; a person is waited for.
+  if (PeekNamedPipe(handle, nullptr, 0, nullptr, &there, nullptr) == 0)
+    return GetFileType(handle) == FILE_TYPE_PIPE;
+  return there > 0;
+}
+
 std::wstring to_wide(std::string_view text) { return zu::strconv::from_utf8(text); }
 std::string from_wide(std::wstring_view text) { return zu::strconv::to_utf8(text); }
 std::filesystem::path to_path(std::string const& name) { return to_wide(name); }

@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <iostream>
 #include <new>
+#include <span>
+#include <stdexcept>
 #include <string_view>
 #include <thread>
 #include <utility>
@@ -133,7 +135,7 @@ class Ttransformer {
   bool init(Tline_worker& worker) const { return worker.init(systems_, direction_); }
 
   static void write(Tline_worker& worker) {
-    std::string const& output = worker.finish();
+    std::string_view const output = worker.finish();
     if (!std::cout.write(output.data(), static_cast<std::streamsize>(output.size())))
       throw Terror("cannot write to standard output");
   }
@@ -151,6 +153,28 @@ class Ttransformer {
 };
 
 using text_lines::utf8_mark;
+
+// Adds to the piece until there is enough, or until more would have to be waited for,
+// which makes the result false.
+bool fill(std::FILE* input, std::string& piece, std::size_t enough, bool& at_end,
+          std::string const& name) {
+  std::size_t size = piece.size();
+  std::size_t const wanted = size + enough;
+  piece.resize(wanted);
+  bool is_ready = true;
+  while (size < wanted && is_ready && !at_end) {
+    try {
+      std::size_t const got = terminal::read_some(input, std::span(piece).subspan(size));
+      size += got;
+      at_end = got == 0;
+    } catch (std::runtime_error const&) {
+      throw Terror("cannot read all of " + name);
+    }
+    is_ready = terminal::is_ready(input);
+  }
+  piece.resize(size);
+  return is_ready || at_end;
+}
 
 double read_number(std::string const& text) {
   auto const value = zu::number::read_double(text);
@@ -202,16 +226,11 @@ int transform(request const& wanted, std::string const& file, Tzu_env& env, Tlos
   std::string rest;
   for (bool at_end = false; !at_end;) {
     piece.swap(rest);
-    std::size_t const kept = piece.size();
-    piece.resize(kept + piece_size);
-    std::size_t const got = std::fread(piece.data() + kept, 1, piece_size, input);
-    piece.resize(kept + got);
-    at_end = got < piece_size;
-    if (std::ferror(input) != 0)
-      throw Terror("cannot read all of " + (owned ? file : "standard input"));
+    bool const waits = !fill(input, piece, piece_size, at_end, owned ? file : "standard input");
     if (done == 0 && piece.starts_with(utf8_mark)) {
       std::cout << utf8_mark;
       piece.erase(0, utf8_mark.size());
+      done += utf8_mark.size();
     }
     std::size_t const whole = at_end ? piece.size() : piece.rfind('\n') + 1;
     rest.assign(piece, whole);
@@ -219,8 +238,13 @@ int transform(request const& wanted, std::string const& file, Tzu_env& env, Tlos
       throw Terror("this is no text of points: it has a line of more than " +
                    std::to_string(zu::file::size_limit >> 20U) + " MB");
     piece.resize(whole);
+    done += whole;
     if (!piece.empty()) transformer.transform(piece);
-    done += got;
+    // Who asks point by point has the answer before the next question.
+    if (waits) {
+      transformer.finish();
+      std::cout.flush();
+    }
     if (done >= long_size) env.wait(done, total, "transforming");
   }
   transformer.finish();
