@@ -116,37 +116,46 @@ bool is_read_whole(value_kind kind, std::string_view value) {
   return is_short_number(value);
 }
 
+// The place of a key as it is usually spelled; that behind the last for none.
+std::size_t usual_place_of(std::string_view name) {
+  if (name.empty() || (static_cast<unsigned char>(name.front()) & 0x80U) != 0) return keys.size();
+  std::size_t place = first_places.at(static_cast<std::size_t>(name.front()));
+  while (place < keys.size() && keys.at(place).name != name) ++place;
+  return place;
+}
+
+// Cuts the next piece, which begins with "+", off a text.
+str::name_value take_piece(std::string_view& text) {
+  text.remove_prefix(1);
+  auto const end = std::min(text.find('+'), text.size());
+  std::string_view piece = text.substr(0, end);
+  text.remove_prefix(end);
+  if (!piece.empty() && piece.back() == ' ') piece.remove_suffix(1);
+  auto const cut = std::min(piece.find('='), piece.size());
+  return {piece.substr(0, cut), piece.substr(std::min(cut + 1, piece.size()))};
+}
+
 // Whether a text is written as nearly all are, so that a look at each letter tells
 // that nothing is lost: a stream of definitions should not take the time of reading
 // each twice. False where that is not as plain.
 bool is_plain(std::string_view text) {
+  if (!text.empty() && text.front() != '+') return false;
   unsigned given = 0;
   bool may_be_sphere = false;
   while (!text.empty()) {
-    if (text.front() != '+') return false;
-    text.remove_prefix(1);
-    auto const end = std::min(text.find('+'), text.size());
-    std::string_view piece = text.substr(0, end);
-    text.remove_prefix(end);
-    if (!piece.empty() && piece.back() == ' ') piece.remove_suffix(1);
-    auto const cut = std::min(piece.find('='), piece.size());
-    str::name_value const parts{piece.substr(0, cut),
-                                piece.substr(std::min(cut + 1, piece.size()))};
-    std::string_view const name = parts.name;
-    if (name.empty() || (static_cast<unsigned char>(name.front()) & 0x80U) != 0) return false;
-    std::size_t place = first_places.at(static_cast<std::size_t>(name.front()));
-    while (place < keys.size() && keys.at(place).name != name) ++place;
+    auto const parts = take_piece(text);
+    std::size_t const place = usual_place_of(parts.name);
     if (place == keys.size()) {
-      if (!is_needless(parts) && (name != "lon_wrap" || parts.value != "45")) return false;
-      continue;
+      if (is_needless(parts) || (parts.name == "lon_wrap" && parts.value == "45")) continue;
+      return false;
     }
     unsigned const bit = 1U << place;
     if ((given & bit) != 0 || !is_read_whole(keys.at(place).kind, parts.value)) return false;
     given |= bit;
-    may_be_sphere = may_be_sphere || name == "a" || name == "R" ||
-                    (name == "ellps" && equal_no_case(parts.value, "sphere"));
+    may_be_sphere = may_be_sphere || equal_no_case(parts.value, "sphere");
   }
   auto const has = [given](std::string_view key) { return (given & 1U << place_of(key)) != 0; };
+  may_be_sphere = may_be_sphere || has("a") || has("R");
   return !(has("k") && has("k_0")) && !(has("R") && (has("a") || has("b"))) &&
          !(may_be_sphere && has("towgs84"));
 }
