@@ -107,7 +107,7 @@ std::string load_file(std::string const& name, bool is_esri) try {
 int to_esri(std::vector<std::string> const& definitions, Tzu_env& env, Tlosses const& losses) {
   auto const convert = [&losses](std::string const& text, std::string const& where) {
     std::string const definition = transformations::definition_of(text);
-    std::string const wkt = converted(definition, &zu_pj4_export_esri, no_esri(text));
+    std::string wkt = converted(definition, &zu_pj4_export_esri, no_esri(text));
     losses.tell(terminal::to_library(definition), where);
     return wkt;
   };
