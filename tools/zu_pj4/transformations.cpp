@@ -82,7 +82,7 @@ class Tsystems {
  private:
   std::string prepare(std::string const& text, Tlosses const& losses) const {
     if (!wanted_->by_library) return zu::strconv::to_utf8(terminal::to_wide(text));
-    std::string const definition = terminal::to_library(definition_of(text));
+    std::string definition = terminal::to_library(definition_of(text));
     losses.tell(definition);
     return definition;
   }
