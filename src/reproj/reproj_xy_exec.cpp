@@ -272,6 +272,18 @@ bool Tzu_reproj_xy_exec::verify_as_written(std::string const& text) {
   return context && create_system(context.get(), as_written(text)) != nullptr;
 }
 
+bool Tzu_reproj_xy_exec::has_operation_as_written(std::string const& text, std::string& reason) {
+  auto const context = make_lenient_context();
+  if (!context) return false;
+  auto const operation = zu::proj_library::object(proj_create_crs_to_crs(
+      context.get(), "EPSG:4326", as_written(text).c_str(), nullptr));
+  if (operation) return true;
+  int const error = proj_context_errno(context.get());
+  char const* const said = error == 0 ? nullptr : proj_context_errno_string(context.get(), error);
+  reason = said == nullptr ? "" : said;
+  return false;
+}
+
 bool Tzu_reproj_xy_exec::is_geographic_as_written(std::string const& text) {
   auto const context = make_lenient_context();
   if (!context) return false;
@@ -286,6 +298,23 @@ bool Tzu_reproj_xy_exec::is_geographic_as_written(std::string const& text) {
   if (!system) return false;
   auto const type = proj_get_type(system.get());
   return type == PJ_TYPE_GEOGRAPHIC_2D_CRS || type == PJ_TYPE_GEOGRAPHIC_3D_CRS;
+}
+
+std::optional<std::array<double, 4>> Tzu_reproj_xy_exec::find_area_of_use(std::string const& text) {
+  auto const context = make_lenient_context();
+  if (!context) return {};
+  auto const system = create_system(context.get(), as_written(text));
+  double west = 0;
+  double south = 0;
+  double east = 0;
+  double north = 0;
+  // A bound of less than -180 says that nobody knows.
+  if (!system ||
+      proj_get_area_of_use(context.get(), system.get(), &west, &south, &east, &north, nullptr) ==
+          0 ||
+      west < -180)
+    return {};
+  return std::array{west, south, east < west ? east + 360 : east, north};
 }
 
 std::vector<std::string> Tzu_reproj_xy_exec::find_missing_grids(std::string const& source_text,

@@ -1,8 +1,10 @@
 // The PROJ step of a transformation: from one definition to another.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -52,7 +54,14 @@ class Tzu_reproj_xy_exec {
   // Whether PROJ finds a coordinate system in a text as it is written, and whether
   // its coordinates are angles.
   static bool verify_as_written(std::string const& text);
+  // The same, also whether PROJ gets from it to geographic coordinates; PROJ's reason
+  // where not.
+  static bool has_operation_as_written(std::string const& text, std::string& reason);
   static bool is_geographic_as_written(std::string const& text);
+
+  // West, south, east and north of where a system as written is used, in degrees;
+  // nothing where PROJ does not know. East is more than 180 over that meridian.
+  static std::optional<std::array<double, 4>> find_area_of_use(std::string const& text);
 
   // The grids of the best ways between two systems as written that are not there, so
   // that PROJ has to take another way. None is ever fetched. Takes milliseconds.

@@ -15,7 +15,7 @@ struct Tentry {
   wchar_t const* russian;
 };
 
-constexpr std::array<Tentry, 27> entries{{
+constexpr std::array<Tentry, 39> entries{{
     {own_text::no_catalogue,
      L"The catalogue of projections, datums and ellipsoids is missing. None of these folders is "
      L"there:",
@@ -64,6 +64,29 @@ constexpr std::array<Tentry, 27> entries{{
      L"%1: нет в каталоге, взят %2"},
     {own_text::grids_not_kept, L"%1: shift grids are not kept",
      L"%1: сетки сдвигов не сохраняются"},
+    {own_text::least_distance, L"least distance: %1 m at %2",
+     L"наименьшее расстояние: %1 м в точке %2"},
+    {own_text::most_distance, L"largest distance: %1 m at %2",
+     L"наибольшее расстояние: %1 м в точке %2"},
+    {own_text::no_operation, L"PROJ does not transform coordinates of it: %1",
+     L"PROJ не преобразует координаты этой системы: %1"},
+    {own_text::out_of_limits, L"%1 is outside of the limits of the catalogue, %2",
+     L"%1: вне пределов каталога, %2"},
+    {own_text::apply_empties, L"the dialog cannot hold it: Apply returns an empty definition",
+     L"диалог не вмещает эту систему: \"Применить\" вернёт пустое определение"},
+    {own_text::apply_changes, L"Apply in the dialog returns %1",
+     L"\"Применить\" в диалоге вернёт %1"},
+    {own_text::apply_moves, L"after Apply in the dialog points move by up to %1 m, at %2",
+     L"после \"Применить\" точки смещаются до %1 м, в точке %2"},
+    {own_text::prj_refused, L"no .prj file can be written: ESRI WKT has no such system",
+     L"файл .prj записать нельзя: в ESRI WKT такой системы нет"},
+    {own_text::prj_changes, L"a .prj file comes back as %1", L"файл .prj читается как %1"},
+    {own_text::prj_moves, L"by way of a .prj file points move by up to %1 m, at %2",
+     L"после записи в .prj и чтения точки смещаются до %1 м, в точке %2"},
+    {own_text::pulkovo_added, L"the dialog adds the seven numbers of PULKOVO_1942",
+     L"диалог добавит семь параметров PULKOVO_1942"},
+    {own_text::zeros_added, L"the dialog adds a shift of zeros, which claims WGS 84",
+     L"диалог добавит нулевой сдвиг, то есть WGS 84"},
 }};
 
 constexpr bool is_in_order() {

@@ -37,6 +37,19 @@ enum class own_text {
   not_in_catalogue,
   other_ellipsoid,  // "%2" is the one in its place
   grids_not_kept,
+  // A check of a definition. "%1" is metres, a value or a reason, "%2" a place or limits.
+  least_distance,
+  most_distance,
+  no_operation,
+  out_of_limits,
+  apply_empties,
+  apply_changes,
+  apply_moves,
+  prj_refused,
+  prj_changes,
+  prj_moves,
+  pulkovo_added,
+  zeros_added,
 };
 
 wchar_t const* get_own_text(own_text which);

@@ -29,19 +29,28 @@ int print_line(std::string const& text, std::string const& where, Tzu_env& env,
   return status;
 }
 
-int print_stream(Tzu_env& env, converter const& convert) {
-  int status = 0;
+// The callback gets blank lines, too.
+template <class Act>
+void read_lines(Act act) {
   std::size_t number = 0;
   for (std::string line; std::getline(std::cin, line);) {
     ++number;
     if (number == 1 && line.starts_with(utf8_mark)) line.erase(0, utf8_mark.size());
+    act(line, number);
+  }
+  if (std::cin.bad() || std::ferror(stdin) != 0) throw Terror("cannot read all of standard input");
+}
+
+std::string place_of(std::size_t line) { return "line " + std::to_string(line) + ": "; }
+
+int print_stream(Tzu_env& env, converter const& convert) {
+  int status = 0;
+  read_lines([&](std::string const& line, std::size_t number) {
     if (zu::str::trim(line).empty())
       std::cout << '\n';
     else
-      status =
-          std::max(status, print_line(line, "line " + std::to_string(number) + ": ", env, convert));
-  }
-  if (std::cin.bad() || std::ferror(stdin) != 0) throw Terror("cannot read all of standard input");
+      status = std::max(status, print_line(line, place_of(number), env, convert));
+  });
   return status;
 }
 
@@ -59,6 +68,13 @@ std::string in_one_line(std::string_view text) {
 }
 
 std::string in_quotes(std::string_view text) { return '"' + in_one_line(text) + '"'; }
+
+void for_each_line(
+    std::function<void(std::string const& text, std::string const& where)> const& act) {
+  read_lines([&act](std::string const& line, std::size_t number) {
+    if (!zu::str::trim(line).empty()) act(std::string(zu::str::trim(line)), place_of(number));
+  });
+}
 
 int print_each(std::vector<std::string> const& texts, Tzu_env& env, on_failure of_arguments,
                converter const& convert) {

@@ -21,6 +21,10 @@ std::string in_quotes(std::string_view text);
 // stream, nothing of an argument. Throws Terror for a text that gives no line.
 using converter = std::function<std::string(std::string const& text, std::string const& where)>;
 
+// Calls with each line of standard input that is not blank, and "line 7: ".
+void for_each_line(
+    std::function<void(std::string const& text, std::string const& where)> const& act);
+
 enum class on_failure { stop, go_on };
 
 // Prints the line of each text; "-" stands for the lines of standard input. A line of

@@ -12,6 +12,7 @@
 #include "basic/float_environment.h"
 #include "catalogue/pj_dbf.h"
 #include "catalogue_listing.h"
+#include "comparisons.h"
 #include "conversions.h"
 #include "error.h"
 #include "losses.h"
@@ -126,6 +127,29 @@ void use_options(options const& chosen) {
   // The host's language is fetched once; only what is set after that stays.
   Tzu_rc::get_auto_lang();
   Tzu_rc::set_lang(chosen.lang == "ru" ? 1 : 0);
+}
+
+struct comparison_commands {
+  CLI::App* check;
+  CLI::App* diff;
+};
+
+comparison_commands add_comparison_commands(CLI::App& app, options& chosen) {
+  auto* const check =
+      app.add_subcommand("check",
+                         "Tell what becomes of definitions: read, by PROJ, in the dialog, "
+                         "in a .prj file");
+  check
+      ->add_option("DEF|FILE", chosen.definitions,
+                   "coordinate system in any notation, or a .pj4 or .prj file; - reads one a line "
+                   "from standard input")
+      ->required();
+  check->add_flag("--json", chosen.json, "a line of JSON for each");
+  auto* const diff = app.add_subcommand(
+      "diff", "Tell where two coordinate systems differ, and how far apart they lie");
+  diff->add_option("A", chosen.definition, "coordinate system in any notation")->required();
+  diff->add_option("B", chosen.file, "the other one")->required();
+  return {check, diff};
 }
 
 struct transformation_commands {
@@ -250,6 +274,8 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
   auto const [describe_command, transform_command, box_command] =
       add_transformation_commands(app, chosen);
 
+  auto const [check_command, diff_command] = add_comparison_commands(app, chosen);
+
   // Behind the commands, whose own help needs none of it.
   app.footer(
       "Example: zu_pj4 normalize \"+units=m +proj=utm +zone=37 +datum=WGS84\"\n"
@@ -290,6 +316,11 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
   if (*known_command) return known(chosen);
   if (*describe_command)
     std::cout << transformations::describe(chosen.definition, chosen.is_short, losses);
+  if (*check_command) {
+    need_catalogue();
+    return comparisons::check(std::cout, chosen.definitions, chosen.json, env);
+  }
+  if (*diff_command) return comparisons::diff(std::cout, chosen.definition, chosen.file);
   if (*transform_command)
     return transformations::transform(chosen.transformation, chosen.file, env, losses);
   if (*box_command)

@@ -1,0 +1,145 @@
+#include "pj_edit/definition_check.h"
+
+#include <array>
+#include <cmath>
+#include <utility>
+
+#include "basic/number.h"
+#include "basic/str.h"
+#include "proj4/reading_report.h"
+#include "reproj/reproj_xy_exec.h"
+#include "reproj/system_distance.h"
+#include "text/own_texts.h"
+#include "text/strconv.h"
+#include "text/string_adapter.h"
+#include "zu_pj_edit/zu_pj4_layer.h"
+
+namespace zu {
+namespace {
+
+constexpr double millimetre = 1e-3;
+
+std::wstring wide_number(double value, int digits) {
+  std::string text;
+  number::append_fixed(text, value, digits);
+  return strconv::from_system(text);
+}
+
+class Tcheck {
+ public:
+  Tcheck(std::string const& definition, std::string const& given, Tzu_pj_editor& editor)
+      : definition_(definition), given_(given), editor_(&editor), area_(area_of_system(given)) {
+    set_.set(definition.c_str());
+    set_.decompose();
+  }
+
+  std::vector<check_finding> run() {
+    for (reading_loss const& loss : find_reading_losses(definition_))
+      add(check_kind::reading, tell(loss));
+    check_operation();
+    editor_->set_proj4_string(definition_.c_str());
+    check_limits();
+    check_dialog();
+    check_file();
+    return std::move(findings_);
+  }
+
+ private:
+  void add(check_kind kind, std::wstring sentence, std::optional<double> metres = {}) {
+    findings_.push_back({kind, std::move(sentence), metres});
+  }
+
+  void check_operation() {
+    std::string reason;
+    is_transformed_ = Tzu_reproj_xy_exec::has_operation_as_written(given_, reason);
+    if (!is_transformed_)
+      add(check_kind::operation, fill_own_text(own_text::no_operation, strconv::from_utf8(reason)));
+  }
+
+  void check_limits() {
+    edit_state const& state = editor_->state();
+    Tzu_pj_proj_def const* const record =
+        state.kind == definition_kind::usual ? editor_->usual_record() : editor_->zonal_record();
+    if (state.kind == definition_kind::none || record == nullptr) return;
+    for (std::size_t i = 0; i < proj_numbers_count; ++i) {
+      auto const which = static_cast<proj_number>(i);
+      auto const& range = record->get_number(which);
+      double const value = state.number(which).value;
+      bool const is_low = range.get_def_min() && value < range.get_min();
+      bool const is_high = range.get_def_max() && value > range.get_max();
+      if (!range.get_show() || (!is_low && !is_high)) continue;
+      std::string const piece =
+          std::string(proj_number_key(which)) + "=" + number::format_double(value);
+      std::string const limits =
+          number::format_double(range.get_min()) + " ... " + number::format_double(range.get_max());
+      add(check_kind::limits, fill_own_text(own_text::out_of_limits, strconv::from_system(piece),
+                                            strconv::from_system(limits)));
+    }
+  }
+
+  // How far points move on the way to another definition; whether they do.
+  bool add_moves(check_kind kind, own_text which, std::string const& other) {
+    if (!area_ || !is_transformed_) return false;
+    auto const found =
+        compare_systems(given_, strconv::to_utf8(strconv::from_system(other)), *area_);
+    if (!found || found->most.metres <= millimetre) return false;
+    moved_place const& most = found->most;
+    std::wstring const place =
+        wide_number(most.longitude, 4) + L" " + wide_number(most.latitude, 4);
+    add(kind, fill_own_text(which, wide_number(most.metres, 3), place), most.metres);
+    return true;
+  }
+
+  void check_dialog() {
+    std::string const result = editor_->get_proj4_string();
+    if (result.empty()) {
+      add(check_kind::dialog, get_own_text(own_text::apply_empties));
+      return;
+    }
+    Tzu_proj4_str after;
+    after.set(result.c_str());
+    after.decompose();
+    bool const gains_shift = !set_.get_towgs84().get_def() && !set_.get_datum().get_def();
+    bool const is_shifted = after.get_towgs84().get_values() != std::array<double, 7>{};
+    if (gains_shift && is_shifted) add(check_kind::dialog, get_own_text(own_text::pulkovo_added));
+    std::string const ellipsoid = after.get_ellipse().get_str();
+    if (gains_shift && !is_shifted && ellipsoid != "WGS84" && ellipsoid != "GRS80")
+      add(check_kind::dialog, get_own_text(own_text::zeros_added));
+    if (add_moves(check_kind::dialog, own_text::apply_moves, result))
+      add(check_kind::dialog, fill_own_text(own_text::apply_changes, strconv::from_system(result)));
+  }
+
+  void check_file() {
+    std::wstring wkt;
+    std::wstring back;
+    Tzu_std_wstring_adapter wkt_target(&wkt);
+    Tzu_std_wstring_adapter back_target(&back);
+    string_adp const wkt_adapter(wkt_target);
+    string_adp const back_adapter(back_target);
+    std::wstring const wide = strconv::from_system(definition_);
+    if (zu_pj4_export_esri(wide.c_str(), wkt_adapter.get()) == 0 ||
+        zu_pj4_import_esri_prj(wkt.c_str(), back_adapter.get()) == 0) {
+      add(check_kind::prj_file, get_own_text(own_text::prj_refused));
+      return;
+    }
+    if (add_moves(check_kind::prj_file, own_text::prj_moves, strconv::to_system(back)))
+      add(check_kind::prj_file, fill_own_text(own_text::prj_changes, back));
+  }
+
+  std::string definition_;
+  std::string given_;
+  Tzu_pj_editor* editor_;
+  Tzu_proj4_str set_;
+  std::optional<geographic_area> area_;
+  bool is_transformed_ = false;
+  std::vector<check_finding> findings_;
+};
+
+}  // namespace
+
+std::vector<check_finding> check_definition(std::string const& definition, std::string const& given,
+                                            Tzu_pj_editor& editor) {
+  return Tcheck(definition, given, editor).run();
+}
+
+}  // namespace zu

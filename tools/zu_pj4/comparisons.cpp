@@ -1,0 +1,164 @@
+#include "comparisons.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <ostream>
+#include <stdexcept>
+
+#include "basic/file.h"
+#include "basic/number.h"
+#include "basic/str.h"
+#include "conversions.h"
+#include "error.h"
+#include "pj_edit/definition_check.h"
+#include "proj4/proj4_str.h"
+#include "proj4/reading_report.h"
+#include "reproj/system_distance.h"
+#include "terminal.h"
+#include "text/own_texts.h"
+#include "text/strconv.h"
+#include "text/string_adapter.h"
+#include "text_lines.h"
+#include "zu_pj_edit/zu_pj4_layer.h"
+
+namespace comparisons {
+namespace {
+
+// The definition of a system in any notation.
+std::string definition_in_any(std::string const& text) {
+  if (text.find("+proj=") != std::string::npos) return text;
+  std::wstring definition;
+  Tzu_std_wstring_adapter target(&definition);
+  zu::string_adp const adapter(target);
+  if (zu_pj4_import_crs(terminal::to_wide(text).c_str(), adapter.get()) == 0)
+    throw Terror("no coordinate system " + text_lines::in_one_line(text));
+  return terminal::from_wide(definition);
+}
+
+// What a definition says, by key; keys beyond the 21 are told as they stand.
+std::map<std::string, std::string> pieces_of(std::string const& definition) {
+  std::map<std::string, std::string> pieces;
+  Tzu_proj4_str set;
+  set.set(definition.c_str());
+  set.decompose();
+  for (Tzu_proj4_param* const param : set.get_list())
+    if (param->get_def()) pieces[param->get_name()] = zu::str::trim(param->get_out_str());
+  for (zu::reading_loss const& loss : zu::find_reading_losses(definition)) {
+    if (loss.reason != zu::loss_reason::unknown_key) continue;
+    auto const name = zu::str::divide_str(std::string_view(loss.piece).substr(1), '=').name;
+    pieces.emplace(name, loss.piece);
+  }
+  return pieces;
+}
+
+std::wstring place_of(zu::moved_place const& place) {
+  std::string text;
+  zu::number::append_fixed(text, place.longitude, 4);
+  text.push_back(' ');
+  zu::number::append_fixed(text, place.latitude, 4);
+  return zu::strconv::from_system(text);
+}
+
+std::wstring metres_of(zu::moved_place const& place) {
+  std::string text;
+  zu::number::append_fixed(text, place.metres, 3);
+  return zu::strconv::from_system(text);
+}
+
+}  // namespace
+
+namespace {
+
+constexpr std::array<char const*, 5> kind_names{"reading", "operation", "limits", "dialog", "prj"};
+
+struct Tsubject {
+  std::string definition;  // in the library's encoding
+  std::string given;       // UTF-8
+};
+
+Tsubject subject_of(std::string const& text) {
+  std::string whole = text;
+  bool const is_file = text.find('=') == std::string::npos && text.find('[') == std::string::npos &&
+                       zu::file::exists(terminal::to_wide(text));
+  if (is_file) whole = conversions::load(text);
+  std::string const definition = definition_in_any(whole);
+  return {terminal::to_library(definition), zu::strconv::to_utf8(terminal::to_wide(whole))};
+}
+
+std::string utf8(std::wstring const& text) { return zu::strconv::to_utf8(text); }
+
+void print_json(std::ostream& out, std::string const& text,
+                std::vector<zu::check_finding> const& findings) {
+  nlohmann::ordered_json told = nlohmann::ordered_json::array();
+  for (zu::check_finding const& finding : findings) {
+    told.push_back({{"kind", kind_names.at(static_cast<std::size_t>(finding.kind))},
+                    {"text", utf8(finding.sentence)}});
+    if (finding.metres) told.back()["metres"] = *finding.metres;
+  }
+  nlohmann::ordered_json const line{{"definition", utf8(terminal::to_wide(text))},
+                                    {"findings", told}};
+  out << line.dump() << '\n';
+}
+
+}  // namespace
+
+int check(std::ostream& out, std::vector<std::string> const& texts, bool json, Tzu_env& env) {
+  zu::Tzu_pj_editor editor(zu::catalogue_lists::shipped());
+  int status = 0;
+  auto const check_one = [&](std::string const& text, std::string const& where) {
+    try {
+      Tsubject const subject = subject_of(text);
+      auto const findings = zu::check_definition(subject.definition, subject.given, editor);
+      if (!findings.empty()) status = std::max(status, exit_some_failed);
+      if (json) return print_json(out, text, findings);
+      for (zu::check_finding const& finding : findings)
+        out << where << terminal::from_wide(finding.sentence) << '\n';
+    } catch (std::runtime_error const& error) {
+      env.error(where + error.what());
+      status = exit_error;
+    }
+  };
+  for (std::string const& text : texts) {
+    if (text == "-")
+      text_lines::for_each_line(check_one);
+    else
+      check_one(text, texts.size() == 1 ? "" : text_lines::in_one_line(text) + ": ");
+  }
+  return status;
+}
+
+int diff(std::ostream& out, std::string const& first, std::string const& second) {
+  auto const left = pieces_of(terminal::to_library(definition_in_any(first)));
+  auto const right = pieces_of(terminal::to_library(definition_in_any(second)));
+  bool differ = false;
+  auto const print = [&](std::string const& one, std::string const& other) {
+    differ = true;
+    out << terminal::from_library(one.empty() ? "-" : one) << '\t'
+        << terminal::from_library(other.empty() ? "-" : other) << '\n';
+  };
+  for (auto const& [key, piece] : left) {
+    auto const found = right.find(key);
+    std::string const other = found == right.end() ? "" : found->second;
+    if (other != piece) print(piece, other);
+  }
+  for (auto const& [key, piece] : right)
+    if (!left.contains(key)) print("", piece);
+
+  std::string const system = zu::strconv::to_utf8(terminal::to_wide(first));
+  auto const area = zu::area_of_system(system);
+  auto const distance =
+      area ? zu::compare_systems(system, zu::strconv::to_utf8(terminal::to_wide(second)), *area)
+           : std::nullopt;
+  if (!distance) throw Terror("PROJ cannot compare coordinates of the two");
+  auto const print_distance = [&out](zu::own_text which, zu::moved_place const& place) {
+    out << terminal::from_wide(zu::fill_own_text(which, metres_of(place), place_of(place))) << '\n';
+  };
+  print_distance(zu::own_text::least_distance, distance->least);
+  print_distance(zu::own_text::most_distance, distance->most);
+  constexpr double millimetre = 1e-3;
+  return differ || distance->most.metres > millimetre ? exit_some_failed : 0;
+}
+
+}  // namespace comparisons
