@@ -398,7 +398,7 @@ std::vector<double> numbers_of(std::string const& text) {
   return numbers;
 }
 
-// To a micrometre: the last digits are the mathematics library's own.
+// To twelve digits: those behind are the mathematics library's own.
 std::string text_of(std::vector<double> const& numbers) {
   std::string text;
   for (double const one : numbers)

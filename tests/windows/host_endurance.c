@@ -92,7 +92,7 @@ static size_t count_private_bytes(void) {
 
 HOST_CASE(hundred_calls_leave_nothing_behind) {
   /* Caches of the system's fill up by a few; one in ten calls is more. Of
-     bytes that is less than a hundred a call, and than twelve kilobytes. */
+     bytes that is some hundred a call in heaps, and twelve thousand in all. */
   static struct {
     char const* what;
     size_t (*count)(void);
