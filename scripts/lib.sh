@@ -8,11 +8,10 @@ die() {
 }
 
 # run_ctest BUILD [OPTION...]: the tests of a build. Wine's server now and then drops a
-# program that has just come to it, which says nothing of the program: where that was
-# reported, what failed runs once more.
+# program, and a busy machine a key: what failed runs once more, alone, and is named.
 run_ctest() {
   ctest --test-dir "$1" "${@:2}" && return
-  grep -qs 'wine client error' "$1/Testing/Temporary/LastTest.log" || return 1
-  say "Wine dropped a test; what failed runs again"
-  ctest --test-dir "$1" "${@:2}" --rerun-failed
+  say "These failed and run again, alone:"
+  ctest --test-dir "$1" --rerun-failed -N | sed -n 's/^ *Test *#[0-9]*: /  /p'
+  ctest --test-dir "$1" "${@:2}" -j 1 --rerun-failed
 }

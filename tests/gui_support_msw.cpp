@@ -46,8 +46,15 @@ void pick(Tzu_vcl_selbox& list, int position) {
   focus(list);
   press(WXK_F4);
   EXPECT_TRUE(wait_until([&] { return is_dropped_down(list); })) << "the list does not open";
-  press(WXK_HOME);
-  for (int i = 0; i < position; ++i) press(WXK_DOWN);
+  auto const is_marked = [&] {
+    return SendMessageW(list.GetHandle(), CB_GETCURSEL, 0, 0) == position;
+  };
+  // The list marks what the pointer is over, too, and it may open under it.
+  for (int tries = 0; tries < 3 && !is_marked(); ++tries) {
+    press(WXK_HOME);
+    for (int i = 0; i < position; ++i) press(WXK_DOWN);
+  }
+  EXPECT_TRUE(wait_until(is_marked)) << "the entry is not marked";
   press(WXK_RETURN);
   EXPECT_TRUE(wait_until([&] { return !is_dropped_down(list); })) << "the list does not close";
 }
