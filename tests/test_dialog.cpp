@@ -166,26 +166,29 @@ TEST_F(dialog, loads_files_of_both_types) {
     int filter_index;
     std::string content;
     std::string applied;
+    bool is_told;
   };
   for (row const& each : std::vector<row>{
-           {L"plain.pj4", 0, std::string("  ") + pulkovo_zone_7 + "\n", pulkovo_zone_7},
-           {L"code.pj4", 0, "[projection]\npj4=+init=epsg:28407\n", pulkovo_zone_7},
+           {L"plain.pj4", 0, std::string("  ") + pulkovo_zone_7 + "\n", pulkovo_zone_7, false},
+           // The code has no shift: the form adds one.
+           {L"code.pj4", 0, "[projection]\npj4=+init=epsg:28407\n", pulkovo_zone_7, true},
            // GDAL's shift for the datum's name: the file holds none.
            {L"region.prj", 1, moscow_region().wkt,
             "+proj=tmerc +lon_0=35.4833333333 +lat_0=0 +x_0=1250000 +y_0=-5712900.566 +k_0=1 "
             "+towgs84=24.47,-130.89,-81.56,0,0,0.13,-0.22 +ellps=krass +units=m +lon_wrap=45 "
-            "+no_defs"},
+            "+no_defs",
+            false},
            // What cannot be read leaves an empty definition; two are in the other's file.
-           {L"text.pj4", 0, "proj=utm\n", ""},
-           {L"none.pj4", 0, "+init=epsg:1", ""},
-           {L"region.pj4", 0, moscow_region().wkt, ""},
-           {L"definition.prj", 1, pulkovo_zone_7, ""},
+           {L"text.pj4", 0, "proj=utm\n", "", true},
+           {L"none.pj4", 0, "+init=epsg:1", "", true},
+           {L"region.pj4", 0, moscow_region().wkt, "", true},
+           {L"definition.prj", 1, pulkovo_zone_7, "", true},
        }) {
     core_test::put_file(folder.file(wxString(each.name).ToStdString()), each.content);
     outcome const loaded = open_dialog(moscow_tm, [&](Tform& form) {
       load(form, each.name, each.filter_index);
       EXPECT_EQ(type(form).get_active_caption() == L"Unknown", each.applied.empty());
-      EXPECT_EQ(form.get_note()->IsShownOnScreen(), each.applied.empty());
+      EXPECT_EQ(form.get_note()->IsShownOnScreen(), each.is_told);
       apply(form);
     });
     EXPECT_EQ(loaded.text, each.applied) << each.content;

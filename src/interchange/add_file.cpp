@@ -1,5 +1,7 @@
 #include "interchange/add_file.h"
 
+#include <utility>
+
 #include "basic/file.h"
 #include "basic/ini.h"
 #include "basic/str.h"
@@ -16,6 +18,21 @@ bool expand_pj4(std::wstring const& definition, Izu_string_adp* adapter) {
   return zu::proj4_conv().expand_pj4(definition, adapter);
 }
 
+bool feed_ini(std::string const& content, Izu_string_adp* adapter) {
+  // An INI reader would find nothing in a plain file and call that success.
+  if (zu::str::trim(content, " \t\n\r\v\f").starts_with('+')) return false;
+  Tzu_ini ini;
+  ini.load_from_text(content);
+  if (!ini.has_sections()) return false;
+  return expand_pj4(zu::strconv::from_utf8(ini.get_as_str(section, key)), adapter);
+}
+
+bool feed_plain(std::wstring text, Izu_string_adp* adapter) {
+  zu::strutil::drop_utf8_mark(text);
+  zu::strutil::trim_inplace(text);
+  return text.starts_with(L'+') && expand_pj4(text, adapter);
+}
+
 }  // namespace
 
 bool Tzu_add_file::load_pj4_simple(std::wstring_view name, Izu_string_adp* adapter) {
@@ -26,22 +43,17 @@ bool Tzu_add_file::load_pj4_simple(std::wstring_view name, Izu_string_adp* adapt
 bool Tzu_add_file::load_pj4_ini(std::wstring_view name, Izu_string_adp* adapter) {
   if (!zu::strconv::has_system_spelling(name)) return false;
   auto const content = zu::file::read_whole(name, zu::file::content_kind::text);
-  if (!content) return false;
-  // An INI reader would find nothing in a plain file and call that success.
-  if (zu::str::trim(*content, " \t\n\r\v\f").starts_with('+')) return false;
-  Tzu_ini ini;
-  ini.load_from_text(*content);
-  if (!ini.has_sections()) return false;
-  return expand_pj4(zu::strconv::from_utf8(ini.get_as_str(section, key)), adapter);
+  return content && feed_ini(*content, adapter);
 }
 
 bool Tzu_add_file::load_pj4_mgs(std::wstring_view name, Izu_string_adp* adapter) {
   std::wstring text;
-  if (!zu::fileio::readall(name, zu::strconv::encodings::system, text)) return false;
-  zu::strutil::drop_utf8_mark(text);
-  zu::strutil::trim_inplace(text);
-  if (!text.starts_with(L'+')) return false;
-  return expand_pj4(text, adapter);
+  return zu::fileio::readall(name, zu::strconv::encodings::system, text) &&
+         feed_plain(std::move(text), adapter);
+}
+
+bool Tzu_add_file::load_pj4_text(std::string const& content, Izu_string_adp* adapter) {
+  return feed_ini(content, adapter) || feed_plain(zu::strconv::from_system(content), adapter);
 }
 
 bool Tzu_add_file::save_pj4_ini(std::wstring_view name, std::wstring_view definition) {

@@ -17,6 +17,9 @@ class Tzu_add_file {
   // The definition alone; it must begin with "+" after white space.
   static bool load_pj4_mgs(std::wstring_view name, Izu_string_adp* adapter);
 
+  // What a file of either form holds, as text.
+  static bool load_pj4_text(std::string const& content, Izu_string_adp* adapter);
+
   // Writes the INI form, the value in the system's ANSI code page.
   static bool save_pj4_ini(std::wstring_view name, std::wstring_view definition);
   // Writes the plain form.

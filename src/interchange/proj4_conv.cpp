@@ -303,6 +303,7 @@ bool proj4_conv::feed_proj4(Izu_string_adp* adapter) const {
 
 bool proj4_conv::import_crs(std::wstring_view text, Izu_string_adp* adapter) noexcept {
   return run([&] {
+    name_taken_.clear();
     std::string const whole = strconv::to_utf8(text);
     std::string const narrow(str::trim(whole));
     return import_guard::is_of_sane_size(narrow) &&
@@ -338,6 +339,7 @@ bool proj4_conv::feed_by_proj4(std::string const& text, Izu_string_adp* adapter)
   if (begin == std::string_view::npos ||
       !named_files::has_none_but(definition, shift_grids::listed))
     return false;
+  name_taken_ = proj_library::name_taken(system.get(), text);
   return feed(adapter, definition.substr(begin).data());
 }
 

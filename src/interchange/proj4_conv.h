@@ -52,7 +52,10 @@ class proj4_conv {
   // and names of files are refused.
   bool import_crs(std::wstring_view text, Izu_string_adp* adapter) noexcept;
   bool import_crs_gdal(std::string_view text, Izu_string_adp* adapter) noexcept;
-  static bool import_crs_proj4(std::string_view text, Izu_string_adp* adapter) noexcept;
+  bool import_crs_proj4(std::string_view text, Izu_string_adp* adapter) noexcept;
+  // The system that the last import took for a text that is only like its name;
+  // empty where it did not have to guess. UTF-8.
+  std::string const& get_name_taken() const noexcept { return name_taken_; }
 
   // A definition as it is, or that of the system that "+init=" names; what
   // stands before it is dropped.
@@ -81,10 +84,11 @@ class proj4_conv {
   bool feed_esri(std::string const& definition, Izu_string_adp* adapter) const;
   bool feed_wkt2(std::string& text, Izu_string_adp* adapter) const;
   bool feed_by_gdal(std::string const& text, Izu_string_adp* adapter) const;
-  static bool feed_by_proj4(std::string const& text, Izu_string_adp* adapter);
+  bool feed_by_proj4(std::string const& text, Izu_string_adp* adapter);
   bool feed_proj4(Izu_string_adp* adapter) const;
 
   spatial_reference system_;
+  std::string name_taken_;
 };
 
 }  // namespace zu

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "basic/number.h"
-#include "basic/str.h"
+#include "pj_edit/edit_note.h"
 #include "proj4/reading_report.h"
 #include "reproj/reproj_xy_exec.h"
 #include "reproj/system_distance.h"
@@ -28,12 +28,12 @@ std::wstring wide_number(double value, int digits) {
 class Tcheck {
  public:
   Tcheck(std::string const& definition, std::string const& given, Tzu_pj_editor& editor)
-      : definition_(definition), given_(given), editor_(&editor), area_(area_of_system(given)) {
-    set_.set(definition.c_str());
-    set_.decompose();
-  }
+      : definition_(definition), given_(given), editor_(&editor), area_(area_of_system(given)) {}
 
   std::vector<check_finding> run() {
+    std::string const taken = Tzu_reproj_xy_exec::find_name_taken(given_);
+    if (!taken.empty())
+      add(check_kind::reading, fill_own_text(own_text::name_taken, strconv::from_utf8(taken)));
     for (reading_loss const& loss : find_reading_losses(definition_))
       add(check_kind::reading, tell(loss));
     check_operation();
@@ -96,15 +96,8 @@ class Tcheck {
       add(check_kind::dialog, get_own_text(own_text::apply_empties));
       return;
     }
-    Tzu_proj4_str after;
-    after.set(result.c_str());
-    after.decompose();
-    bool const gains_shift = !set_.get_towgs84().get_def() && !set_.get_datum().get_def();
-    bool const is_shifted = after.get_towgs84().get_values() != std::array<double, 7>{};
-    if (gains_shift && is_shifted) add(check_kind::dialog, get_own_text(own_text::pulkovo_added));
-    std::string const ellipsoid = after.get_ellipse().get_str();
-    if (gains_shift && !is_shifted && ellipsoid != "WGS84" && ellipsoid != "GRS80")
-      add(check_kind::dialog, get_own_text(own_text::zeros_added));
+    if (std::wstring added = tell_addition(*editor_); !added.empty())
+      add(check_kind::dialog, std::move(added));
     if (add_moves(check_kind::dialog, own_text::apply_moves, result))
       add(check_kind::dialog, fill_own_text(own_text::apply_changes, strconv::from_system(result)));
   }
@@ -129,7 +122,6 @@ class Tcheck {
   std::string definition_;
   std::string given_;
   Tzu_pj_editor* editor_;
-  Tzu_proj4_str set_;
   std::optional<geographic_area> area_;
   bool is_transformed_ = false;
   std::vector<check_finding> findings_;

@@ -84,10 +84,18 @@ std::wstring tell_definition(Tzu_pj_editor const& editor, bool is_warned) {
   return is_warned ? get_own_text(own_text::returns_empty) : std::wstring();
 }
 
+std::wstring tell_addition(Tzu_pj_editor const& editor) {
+  edit_state const& state = editor.state();
+  if (state.kind == definition_kind::none || state.added == added_shift::none) return {};
+  return get_own_text(state.added == added_shift::zeros ? own_text::zeros_added
+                                                        : own_text::pulkovo_added);
+}
+
 std::wstring compose_note(std::wstring const& file, std::wstring const& catalogue,
                           Tzu_pj_editor const& editor) {
   std::wstring note;
-  for (std::wstring line : {file, catalogue, tell_definition(editor, !file.empty())}) {
+  for (std::wstring line :
+       {file, catalogue, tell_definition(editor, !file.empty()), tell_addition(editor)}) {
     if (line.empty()) continue;
     // A definition and a name may have any characters in them.
     std::ranges::replace_if(

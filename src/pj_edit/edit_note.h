@@ -19,8 +19,12 @@ std::wstring tell_catalogue(std::vector<std::wstring> const& missing_folders,
 // definition is worth telling even if the one that was taken was empty, too.
 std::wstring tell_definition(Tzu_pj_editor const& editor, bool is_warned);
 
+// What Apply returns in place of a datum shift that the definition does not give;
+// empty when nothing.
+std::wstring tell_addition(Tzu_pj_editor const& editor);
+
 // The whole note, a line each of the file that was loaded or saved last, of the
-// catalogue and of the definition. What is empty has no line.
+// catalogue, of the definition and of what is added to it. What is empty has no line.
 std::wstring compose_note(std::wstring const& file, std::wstring const& catalogue,
                           Tzu_pj_editor const& editor);
 

@@ -111,6 +111,14 @@ bool fits_range(Tzu_pj_dbl_param const& range, proj_number which,
          !(range.get_def_max() && value > range.get_max());
 }
 
+// Zeros are right on these two within a metre, and of a sphere none are written.
+bool are_zeros_meant(Tzu_pj_ellipse_def const& ellipsoid) {
+  std::string_view const name = ellipsoid.get_prj4_name();
+  return equal_no_case(name, "wgs84") || equal_no_case(name, "grs80") ||
+         (ellipsoid.get_def_semi_minor() &&
+          ellipsoid.get_semi_minor() == ellipsoid.get_semi_major());
+}
+
 constexpr std::string_view gauss_kruger = "Gauss-Kruger";
 constexpr std::string_view gauss_kruger_plus_zone = "Gauss-Kruger (plus zone)";
 constexpr std::string_view pulkovo_1942 = "PULKOVO_1942";
@@ -194,6 +202,7 @@ void Tzu_pj_editor::choose_datum(std::uint32_t id) {
   state_.datum_id = id;
   state_.lost_datum.clear();
   state_.lost_grids.clear();
+  state_.added = added_shift::none;
   Tzu_pj_datum_def const* const record = datum_record();
   if (id == edit_state::custom_datum || record == nullptr) return;
   state_.shift = record->get_towgs84();
@@ -330,8 +339,10 @@ void Tzu_pj_editor::take_datum(Tzu_proj4_str& definition) {
         has_ellipse && shown != nullptr && equal_no_case(shown->get_prj4_name(), "krass");
     if (is_krasovsky || (!has_ellipse && is_gauss_kruger())) {
       select_pulkovo_1942();
+      if (datum_record() != nullptr) state_.added = added_shift::pulkovo_1942;
       return;
     }
+    if (shown != nullptr && !are_zeros_meant(*shown)) state_.added = added_shift::zeros;
   }
   auto const* const same = lists_.datums.find_by_params(state_.ellipse_id, state_.shift);
   state_.datum_id = same == nullptr ? edit_state::custom_datum : same->get_index();

@@ -13,6 +13,9 @@ namespace zu {
 // Kind of a definition; the numbers are the keys of the type selector.
 enum class definition_kind : unsigned { none = 1, usual = 2, zonal = 3 };
 
+// What a definition without a datum gets in place of a shift.
+enum class added_shift { none, pulkovo_1942, zeros };
+
 // One number edit. Limits are inclusive and count only with their use flag.
 struct number_state {
   bool shown = false;
@@ -40,6 +43,8 @@ struct edit_state {
   std::string lost_datum;
   std::string lost_grids;
   std::string lost_ellipse;
+  // Until the user chooses a datum.
+  added_shift added = added_shift::none;
 
   number_state& number(proj_number which) noexcept {
     return numbers[static_cast<std::size_t>(which)];

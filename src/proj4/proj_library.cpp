@@ -3,6 +3,7 @@
 #include "basic/file.h"
 #include "basic/module.h"
 #include "basic/path.h"
+#include "basic/str.h"
 #include "text/strconv.h"
 
 namespace zu::proj_library {
@@ -48,6 +49,19 @@ context make_context() {
   show_shipped_data(made.get());
   proj_context_set_enable_network(made.get(), 0);
   return made;
+}
+
+std::string name_taken(PJ const* system, std::string_view text) {
+  // Names have none of these, codes and definitions do.
+  if (text.find_first_of(":+=[{") != std::string_view::npos) return {};
+  char const* const name = proj_get_name(system);
+  if (name == nullptr || str::trim_stricmp_equal(name, text)) return {};
+  char const* const authority = proj_get_id_auth_name(system, 0);
+  char const* const code = proj_get_id_code(system, 0);
+  std::string taken = name;
+  if (authority != nullptr && code != nullptr)
+    taken.append(" (").append(authority).append(":").append(code).append(")");
+  return taken;
 }
 
 }  // namespace zu::proj_library

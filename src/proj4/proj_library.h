@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace zu::proj_library {
 
@@ -35,5 +36,9 @@ bool has_database();
 // A context of the caller's own that finds the database, says nothing and never
 // asks the network. Null only without memory.
 context make_context();
+
+// The name and code of a system that PROJ found for a text that is only like its name;
+// empty where the text is that name, whatever its case, or no name at all. UTF-8.
+std::string name_taken(PJ const* system, std::string_view text);
 
 }  // namespace zu::proj_library

@@ -275,8 +275,8 @@ bool Tzu_reproj_xy_exec::verify_as_written(std::string const& text) {
 bool Tzu_reproj_xy_exec::has_operation_as_written(std::string const& text, std::string& reason) {
   auto const context = make_lenient_context();
   if (!context) return false;
-  auto const operation = zu::proj_library::object(proj_create_crs_to_crs(
-      context.get(), "EPSG:4326", as_written(text).c_str(), nullptr));
+  auto const operation = zu::proj_library::object(
+      proj_create_crs_to_crs(context.get(), "EPSG:4326", as_written(text).c_str(), nullptr));
   if (operation) return true;
   int const error = proj_context_errno(context.get());
   char const* const said = error == 0 ? nullptr : proj_context_errno_string(context.get(), error);
@@ -298,6 +298,13 @@ bool Tzu_reproj_xy_exec::is_geographic_as_written(std::string const& text) {
   if (!system) return false;
   auto const type = proj_get_type(system.get());
   return type == PJ_TYPE_GEOGRAPHIC_2D_CRS || type == PJ_TYPE_GEOGRAPHIC_3D_CRS;
+}
+
+std::string Tzu_reproj_xy_exec::find_name_taken(std::string const& text) {
+  auto const context = make_lenient_context();
+  if (!context) return {};
+  auto const system = create_system(context.get(), as_written(text));
+  return system ? zu::proj_library::name_taken(system.get(), text) : std::string();
 }
 
 std::optional<std::array<double, 4>> Tzu_reproj_xy_exec::find_area_of_use(std::string const& text) {

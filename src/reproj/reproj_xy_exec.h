@@ -58,6 +58,9 @@ class Tzu_reproj_xy_exec {
   // where not.
   static bool has_operation_as_written(std::string const& text, std::string& reason);
   static bool is_geographic_as_written(std::string const& text);
+  // The system that PROJ takes for a text that is only like its name; empty where the
+  // text says exactly what is meant. UTF-8.
+  static std::string find_name_taken(std::string const& text);
 
   // West, south, east and north of where a system as written is used, in degrees;
   // nothing where PROJ does not know. East is more than 180 over that meridian.

@@ -15,7 +15,7 @@ struct Tentry {
   wchar_t const* russian;
 };
 
-constexpr std::array<Tentry, 39> entries{{
+constexpr std::array<Tentry, 40> entries{{
     {own_text::no_catalogue,
      L"The catalogue of projections, datums and ellipsoids is missing. None of these folders is "
      L"there:",
@@ -83,10 +83,13 @@ constexpr std::array<Tentry, 39> entries{{
     {own_text::prj_changes, L"a .prj file comes back as %1", L"файл .prj читается как %1"},
     {own_text::prj_moves, L"by way of a .prj file points move by up to %1 m, at %2",
      L"после записи в .prj и чтения точки смещаются до %1 м, в точке %2"},
-    {own_text::pulkovo_added, L"the dialog adds the seven numbers of PULKOVO_1942",
-     L"диалог добавит семь параметров PULKOVO_1942"},
-    {own_text::zeros_added, L"the dialog adds a shift of zeros, which claims WGS 84",
-     L"диалог добавит нулевой сдвиг, то есть WGS 84"},
+    {own_text::pulkovo_added,
+     L"No datum shift is given: the dialog adds the seven numbers of PULKOVO_1942",
+     L"Сдвиг датума не задан: диалог добавляет семь параметров PULKOVO_1942"},
+    {own_text::zeros_added, L"No datum shift is given: the dialog adds zeros, which claim WGS 84",
+     L"Сдвиг датума не задан: диалог добавляет нули, то есть WGS 84"},
+    {own_text::name_taken, L"PROJ has no system of just this name and takes %1",
+     L"Точно такого имени у PROJ нет, взята система %1"},
 }};
 
 constexpr bool is_in_order() {

@@ -50,6 +50,7 @@ enum class own_text {
   prj_moves,
   pulkovo_added,
   zeros_added,
+  name_taken,  // "%1" is the name that PROJ found
 };
 
 wchar_t const* get_own_text(own_text which);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <iostream>
 #include <map>
 #include <set>
 #include <utility>
@@ -15,6 +14,7 @@
 #include "interchange/add_file.h"
 #include "interchange/foreign_messages.h"
 #include "interchange/known_system_index.h"
+#include "interchange/proj4_conv.h"
 #include "terminal.h"
 #include "text/strconv.h"
 #include "text/string_adapter.h"
@@ -65,14 +65,15 @@ bool is_esri_name(std::string_view name) {
   return name.size() >= 4 && zu::str::equal_no_case(name.substr(name.size() - 4), ".prj");
 }
 
-using convert_text = int (*)(wchar_t const*, Izu_string_adp*);
+using convert_text = std::function<bool(wchar_t const*, Izu_string_adp*)>;
 
 // What a text gives; throws `failure` and why.
-std::string converted(std::string const& text, convert_text convert, std::string const& failure) {
+std::string converted(std::string const& text, convert_text const& convert,
+                      std::string const& failure) {
   Treasons reasons;
   std::wstring result;
   std::wstring const wide = terminal::to_wide(text);
-  auto const produce = [&](Izu_string_adp* adapter) { return convert(wide.c_str(), adapter) != 0; };
+  auto const produce = [&](Izu_string_adp* adapter) { return convert(wide.c_str(), adapter); };
   if (!collect(produce, result)) throw Terror(failure + reasons.take());
   return terminal::from_wide(result);
 }
@@ -102,6 +103,10 @@ std::string load_file(std::string const& name, bool is_esri) try {
   throw Terror(name + ": " + error.what());
 }
 
+std::string definition_in_esri(std::string const& text) {
+  return converted(text, &zu_pj4_import_esri_prj, "standard input: no ESRI WKT");
+}
+
 }  // namespace
 
 int to_esri(std::vector<std::string> const& definitions, Tzu_env& env, Tlosses const& losses) {
@@ -114,24 +119,21 @@ int to_esri(std::vector<std::string> const& definitions, Tzu_env& env, Tlosses c
   return text_lines::print_each(definitions, env, text_lines::on_failure::go_on, convert);
 }
 
-int import(std::vector<std::string> const& texts, Tzu_env& env) {
-  auto const convert = [](std::string const& text, std::string const&) {
-    return converted(text, &zu_pj4_import_crs, "cannot import " + in_quotes(text));
+int import(std::vector<std::string> const& texts, Tzu_env& env, Tlosses const& losses) {
+  auto const convert = [&losses](std::string const& text, std::string const& where) {
+    zu::proj4_conv converter;
+    auto const by_converter = [&converter](wchar_t const* wide, Izu_string_adp* adapter) {
+      return converter.import_crs(wide, adapter);
+    };
+    std::string definition = converted(text, by_converter, "cannot import " + in_quotes(text));
+    losses.tell_name_taken(converter.get_name_taken(), where);
+    return definition;
   };
   return text_lines::print_each(texts, env, text_lines::on_failure::go_on, convert);
 }
 
 std::string from_esri(std::string const& name) {
-  if (name != "-") return load_file(name, true);
-  std::string const text((std::istreambuf_iterator<char>(std::cin)), {});
-  std::wstring const wkt = terminal::to_wide(text);
-  std::wstring definition;
-  Treasons reasons;
-  auto const produce = [&](Izu_string_adp* adapter) {
-    return zu_pj4_import_esri_prj(wkt.c_str(), adapter) != 0;
-  };
-  if (!collect(produce, definition)) throw Terror("standard input: no ESRI WKT" + reasons.take());
-  return terminal::from_wide(definition);
+  return name == "-" ? definition_in_esri(text_lines::read_all()) : load_file(name, true);
 }
 
 int convert(std::vector<std::string> const& names, std::string const& kind,
@@ -184,7 +186,16 @@ int convert(std::vector<std::string> const& names, std::string const& kind,
   return std::max(status, exit_some_failed);
 }
 
-std::string load(std::string const& name) { return load_file(name, is_esri_name(name)); }
+std::string load(std::string const& name) {
+  if (name != "-") return load_file(name, is_esri_name(name));
+  std::string const text = text_lines::read_all();
+  std::wstring definition;
+  auto const produce = [&](Izu_string_adp* adapter) {
+    return Tzu_add_file::load_pj4_text(text, adapter);
+  };
+  if (collect(produce, definition) && !definition.empty()) return terminal::from_wide(definition);
+  return definition_in_esri(text);
+}
 
 void save(std::string const& definition, std::string const& name) {
   std::wstring const wide = terminal::to_wide(name);

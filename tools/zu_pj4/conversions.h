@@ -16,7 +16,7 @@ namespace conversions {
 // Print one line for each text, empty where it fails; "-" reads them from
 // standard input.
 int to_esri(std::vector<std::string> const& definitions, Tzu_env& env, Tlosses const& losses);
-int import(std::vector<std::string> const& texts, Tzu_env& env);
+int import(std::vector<std::string> const& texts, Tzu_env& env, Tlosses const& losses);
 
 // The definition of one file, or of standard input for "-".
 std::string from_esri(std::string const& name);

@@ -24,6 +24,9 @@ class Tlosses {
   // Tells each loss of a definition in the library's encoding, behind `where`, which
   // ends in ": " or is empty. Throws Tloss_error instead where that is wanted.
   void tell(std::string_view definition, std::string const& where = {}) const;
+  // Tells of a system that PROJ took for a text that is only like its name, in UTF-8;
+  // empty when it did not.
+  void tell_name_taken(std::string const& name, std::string const& where) const;
   // The same of a sentence.
   void tell_one(std::string const& sentence) const;
 

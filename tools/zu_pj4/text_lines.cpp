@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <iostream>
+#include <iterator>
 
 #include "basic/str.h"
 #include "error.h"
@@ -29,6 +30,10 @@ int print_line(std::string const& text, std::string const& where, Tzu_env& env,
   return status;
 }
 
+void check_input() {
+  if (std::cin.bad() || std::ferror(stdin) != 0) throw Terror("cannot read all of standard input");
+}
+
 // The callback gets blank lines, too.
 template <class Act>
 void read_lines(Act act) {
@@ -38,7 +43,7 @@ void read_lines(Act act) {
     if (number == 1 && line.starts_with(utf8_mark)) line.erase(0, utf8_mark.size());
     act(line, number);
   }
-  if (std::cin.bad() || std::ferror(stdin) != 0) throw Terror("cannot read all of standard input");
+  check_input();
 }
 
 std::string place_of(std::size_t line) { return "line " + std::to_string(line) + ": "; }
@@ -68,6 +73,17 @@ std::string in_one_line(std::string_view text) {
 }
 
 std::string in_quotes(std::string_view text) { return '"' + in_one_line(text) + '"'; }
+
+std::string read_all() {
+  std::string text((std::istreambuf_iterator<char>(std::cin)), {});
+  check_input();
+  if (text.starts_with(utf8_mark)) text.erase(0, utf8_mark.size());
+  return text;
+}
+
+std::string text_of(std::string const& argument) {
+  return argument == "-" ? std::string(zu::str::trim(read_all())) : argument;
+}
 
 void for_each_line(
     std::function<void(std::string const& text, std::string const& where)> const& act) {

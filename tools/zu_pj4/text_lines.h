@@ -17,6 +17,11 @@ inline constexpr std::string_view utf8_mark = "\xEF\xBB\xBF";
 std::string in_one_line(std::string_view text);
 std::string in_quotes(std::string_view text);
 
+// All of standard input but a byte-order mark.
+std::string read_all();
+// An argument, or for "-" standard input without the white space at its ends.
+std::string text_of(std::string const& argument);
+
 // Makes a line of a text. `where` begins what is told of the text: "line 7: " of a
 // stream, nothing of an argument. Throws Terror for a text that gives no line.
 using converter = std::function<std::string(std::string const& text, std::string const& where)>;

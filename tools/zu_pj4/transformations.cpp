@@ -81,7 +81,11 @@ class Tsystems {
 
  private:
   std::string prepare(std::string const& text, Tlosses const& losses) const {
-    if (!wanted_->by_library) return zu::strconv::to_utf8(terminal::to_wide(text));
+    if (!wanted_->by_library) {
+      std::string system = zu::strconv::to_utf8(terminal::to_wide(text));
+      losses.tell_name_taken(Tzu_reproj_xy_exec::find_name_taken(system), "");
+      return system;
+    }
     std::string definition = terminal::to_library(definition_of(text));
     losses.tell(definition);
     return definition;
@@ -194,9 +198,10 @@ std::string definition_of(std::string const& text) {
   return terminal::from_wide(definition);
 }
 
-std::string describe(std::string const& text, bool is_short, Tlosses const& losses) {
+std::string describe(std::string const& text, bool is_short, Tlosses const& losses,
+                     std::string const& where) {
   std::string const definition = terminal::to_library(definition_of(text));
-  losses.tell(definition);
+  losses.tell(definition, where);
   std::wstring told;
   Tzu_std_wstring_adapter target(&told);
   zu::string_adp const adapter(target);

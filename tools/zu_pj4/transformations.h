@@ -16,8 +16,9 @@ namespace transformations {
 std::string definition_of(std::string const& text);
 
 // What the definition says, in the interface's language: a line for each
-// parameter, or all in one line.
-std::string describe(std::string const& text, bool is_short, Tlosses const& losses);
+// parameter, or all in one line. `where` stands before what is told of losses.
+std::string describe(std::string const& text, bool is_short, Tlosses const& losses,
+                     std::string const& where);
 
 struct request {
   std::string from;  // coordinate systems in any notation

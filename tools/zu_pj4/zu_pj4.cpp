@@ -72,12 +72,24 @@ int apply(std::vector<std::string> const& definitions, Tzu_env& env, Tlosses con
   return print_each(definitions, env, losses, convert);
 }
 
+int describe(std::string const& definition, bool is_short, Tzu_env& env, Tlosses const& losses) {
+  bool const is_stream = definition == "-";
+  auto const tell = [&](std::string const& text, std::string const& where) {
+    std::string told = transformations::describe(text, is_short, losses, where);
+    // The line that follows ends the text; a blank one parts those of a stream.
+    if (is_short || !is_stream) told.pop_back();
+    return told;
+  };
+  return text_lines::print_each({definition}, env, text_lines::on_failure::stop, tell);
+}
+
 int edit(std::string const& definition, Tlosses const& losses) {
   // Without a display the dialog's call would be the same as a cancelled one.
   zu::vcl::Tzu_look_scope const look;
   zu::vcl::start();
   unsigned char changed = 0;
-  std::string const input = terminal::to_library(transformations::definition_of(definition));
+  std::string const input =
+      terminal::to_library(transformations::definition_of(text_lines::text_of(definition)));
   losses.tell(input);
   std::cout << terminal::from_library(zu_proj4_form_execute(nullptr, input.c_str(), &changed))
             << '\n';
@@ -108,8 +120,9 @@ int known(options const& chosen) {
     throw Terror("known takes --list, a definition or a name");
   if (chosen.all)
     conversions::list_known(std::cout);
-  else if (!conversions::show_known(std::cout, chosen.definition))
-    throw Terror("no known system: " + text_lines::in_one_line(chosen.definition));
+  else if (std::string const text = text_lines::text_of(chosen.definition);
+           !conversions::show_known(std::cout, text))
+    throw Terror("no known system: " + text_lines::in_one_line(text));
   return 0;
 }
 
@@ -147,7 +160,9 @@ comparison_commands add_comparison_commands(CLI::App& app, options& chosen) {
   check->add_flag("--json", chosen.json, "a line of JSON for each");
   auto* const diff = app.add_subcommand(
       "diff", "Tell where two coordinate systems differ, and how far apart they lie");
-  diff->add_option("A", chosen.definition, "coordinate system in any notation")->required();
+  diff->add_option("A", chosen.definition,
+                   "coordinate system in any notation; - reads one of the two from standard input")
+      ->required();
   diff->add_option("B", chosen.file, "the other one")->required();
   return {check, diff};
 }
@@ -160,7 +175,10 @@ struct transformation_commands {
 
 transformation_commands add_transformation_commands(CLI::App& app, options& chosen) {
   auto* const describe = app.add_subcommand("describe", "Tell in words what a definition says");
-  describe->add_option("DEF", chosen.definition, "PROJ.4 definition or EPSG:code")->required();
+  describe
+      ->add_option("DEF", chosen.definition,
+                   "PROJ.4 definition or EPSG:code; - reads one a line from standard input")
+      ->required();
   describe->add_flag("--short", chosen.is_short, "in one line, by the catalogue");
   auto const add_ways = [&](CLI::App* command) {
     auto& wanted = chosen.transformation;
@@ -222,7 +240,8 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
   };
   auto* const edit_command =
       app.add_subcommand("edit", "Open the dialog on a definition and print the result");
-  edit_command->add_option("DEF", chosen.definition, "PROJ.4 definition (default: empty)");
+  edit_command->add_option("DEF", chosen.definition,
+                           "PROJ.4 definition (default: empty); - reads it from standard input");
   auto* const apply_command = app.add_subcommand(
       "apply", "Print what opening a definition and pressing Apply gives; needs no display");
   add_definitions(apply_command);
@@ -236,10 +255,13 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
   catalogue_command->add_flag("--json", chosen.json, "as a JSON array");
   auto* const load_command =
       app.add_subcommand("load", "Print the definition in a .pj4 or .prj file");
-  load_command->add_option("FILE", chosen.file, "the file")->required();
+  load_command->add_option("FILE", chosen.file, "the file; - reads standard input")->required();
   auto* const save_command =
       app.add_subcommand("save", "Write a definition into a .pj4 or .prj file");
-  save_command->add_option("DEF", chosen.definition, "PROJ.4 definition")->required();
+  save_command
+      ->add_option("DEF", chosen.definition,
+                   "PROJ.4 definition or EPSG:code; - reads it from standard input")
+      ->required();
   save_command->add_option("FILE", chosen.file, "the file; an existing one is replaced")
       ->required();
   auto* const to_esri_command =
@@ -304,23 +326,26 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
   }
   if (*load_command) std::cout << conversions::load(chosen.file) << '\n';
   if (*save_command) {
-    std::string const definition = transformations::definition_of(chosen.definition);
+    std::string const definition =
+        transformations::definition_of(text_lines::text_of(chosen.definition));
     losses.tell(terminal::to_library(definition));
     conversions::save(definition, chosen.file);
   }
   if (*to_esri_command) return conversions::to_esri(chosen.definitions, env, losses);
   if (*from_esri_command) std::cout << conversions::from_esri(chosen.file) << '\n';
-  if (*import_command) return conversions::import(chosen.definitions, env);
+  if (*import_command) return conversions::import(chosen.definitions, env, losses);
   if (*convert_command)
     return conversions::convert(chosen.files, chosen.kind, chosen.folder, env, losses);
   if (*known_command) return known(chosen);
-  if (*describe_command)
-    std::cout << transformations::describe(chosen.definition, chosen.is_short, losses);
+  if (*describe_command) return describe(chosen.definition, chosen.is_short, env, losses);
   if (*check_command) {
     need_catalogue();
     return comparisons::check(std::cout, chosen.definitions, chosen.json, env);
   }
-  if (*diff_command) return comparisons::diff(std::cout, chosen.definition, chosen.file);
+  if (*diff_command) {
+    return comparisons::diff(std::cout, text_lines::text_of(chosen.definition),
+                             text_lines::text_of(chosen.file));
+  }
   if (*transform_command)
     return transformations::transform(chosen.transformation, chosen.file, env, losses);
   if (*box_command)
