@@ -67,10 +67,12 @@ int zu_pj4_import_crs(wchar_t const* text, Izu_string_adp* adapter);
 
 /* Feeds a line "caption = value\r\n" for each parameter that the definition gives,
    in the host's interface language. It is fed as wide text, since the system's
-   code page need not have Russian letters. */
+   code page need not have Russian letters. Not told: the southern hemisphere, units,
+   grids, lon_wrap, and what is not among the 21 parameters (zu_pj4_find_losses tells
+   that). */
 int zu_pj4_get_text(char const* definition, Izu_string_adp* adapter);
 /* Feeds a summary in one line: the catalogue's caption of the projection and the
-   values, each followed by "; ". It is fed as narrow text. Fails for a definition
+   values, each followed by "; ", of the same parameters. It is fed as narrow text. Fails for a definition
    without a projection. */
 int zu_pj4_get_short_text(char const* definition, Izu_string_adp* adapter);
 
