@@ -59,8 +59,8 @@ std::string normalize_for_proj(scope& /*in*/, words const& a) {
 
 // Each loss: the piece, why, what is kept, and "!" where points move.
 std::string losses(scope& /*in*/, words const& a) {
-  static constexpr std::array reasons{"before", "unknown", "repeated", "unread",  "tail",
-                                      "eighth", "changed", "sphere",   "lon_wrap"};
+  static constexpr std::array reasons{"before", "unknown", "repeated", "unread",   "tail",
+                                      "eighth", "changed", "sphere",   "lon_wrap", "count"};
   std::string text;
   auto const add = [](void* context, zu_pj4_loss const* loss) {
     auto& told = *static_cast<std::string*>(context);

@@ -72,8 +72,8 @@ int zu_pj4_import_crs(wchar_t const* text, Izu_string_adp* adapter);
    that). */
 int zu_pj4_get_text(char const* definition, Izu_string_adp* adapter);
 /* Feeds a summary in one line: the catalogue's caption of the projection and the
-   values, each followed by "; ", of the same parameters. It is fed as narrow text. Fails for a definition
-   without a projection. */
+   values, each followed by "; ", of the same parameters. It is fed as narrow text. Fails for a
+   definition without a projection. */
 int zu_pj4_get_short_text(char const* definition, Izu_string_adp* adapter);
 
 /* --- What a definition loses on being read ---------------------------------- */
@@ -87,7 +87,9 @@ typedef enum zu_pj4_loss_reason {
   ZU_PJ4_LOSS_EIGHTH_NUMBER,  /* a datum shift of more than seven numbers */
   ZU_PJ4_LOSS_CHANGED_NUMBER, /* 1e12 and more: what is written is read as another number */
   ZU_PJ4_LOSS_SPHERE_SHIFT,   /* a sphere is written without its datum shift */
-  ZU_PJ4_LOSS_OTHER_LON_WRAP  /* "+lon_wrap=45" is written, whatever the text says */
+  ZU_PJ4_LOSS_OTHER_LON_WRAP, /* "+lon_wrap=45" is written, whatever the text says */
+  ZU_PJ4_LOSS_OTHER_COUNT     /* a datum shift of neither three nor seven numbers: zeros
+                                 stand for those that are missing */
 } zu_pj4_loss_reason;
 
 /* One loss. The texts are valid during the callback. */

@@ -89,13 +89,17 @@ bool is_short_number(std::string_view value) {
   return value.size() >= (has_point ? 2U : 1U) && value.size() <= 12;
 }
 
+bool is_shift_count(std::size_t count) {
+  return count == 3 || count == Tzu_proj4_param_towgs84::count;
+}
+
 bool are_short_numbers(std::string_view value) {
   std::size_t count = 1;
   for (auto cut = value.find(','); cut != std::string_view::npos; cut = value.find(','), ++count) {
     if (!is_short_number(value.substr(0, cut))) return false;
     value.remove_prefix(cut + 1);
   }
-  return count <= Tzu_proj4_param_towgs84::count && is_short_number(value);
+  return is_shift_count(count) && is_short_number(value);
 }
 
 bool is_read_whole(value_kind kind, std::string_view value) {
@@ -302,6 +306,8 @@ void Treport::check_shift(Tpiece const& piece) {
   }
   if (numbers.size() > Tzu_proj4_param_towgs84::count)
     add(piece.text, loss_reason::eighth_number, true);
+  else if (losses_.size() == before && !is_shift_count(numbers.size()))
+    add(piece.text, loss_reason::other_count, true);
   if (is_sphere()) add(piece.text, loss_reason::sphere_shift, true);
 }
 
@@ -355,9 +361,11 @@ own_text sentence_of(loss_reason reason) {
     case loss_reason::sphere_shift:
       return own_text::sphere_shift;
     case loss_reason::other_lon_wrap:
+      return own_text::other_lon_wrap;
+    case loss_reason::other_count:
       break;
   }
-  return own_text::other_lon_wrap;
+  return own_text::other_count;
 }
 
 }  // namespace

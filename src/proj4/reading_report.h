@@ -19,7 +19,8 @@ enum class loss_reason {
   eighth_number,   // a datum shift of more than seven numbers
   changed_number,  // 1e12 and more: what is written is read as another number
   sphere_shift,    // a sphere is written without its datum shift
-  other_lon_wrap   // "+lon_wrap=45" is written, whatever the text says
+  other_lon_wrap,  // "+lon_wrap=45" is written, whatever the text says
+  other_count      // zeros stand for the numbers that a datum shift lacks
 };
 
 struct reading_loss {

@@ -19,7 +19,7 @@ struct zu_pj4_params {
 
 namespace {
 
-static_assert(static_cast<int>(zu::loss_reason::other_lon_wrap) == ZU_PJ4_LOSS_OTHER_LON_WRAP);
+static_assert(static_cast<int>(zu::loss_reason::other_count) == ZU_PJ4_LOSS_OTHER_COUNT);
 
 constexpr int failed = 0;
 constexpr int done = 1;

@@ -15,7 +15,7 @@ struct Tentry {
   wchar_t const* russian;
 };
 
-constexpr std::array<Tentry, 40> entries{{
+constexpr std::array<Tentry, 41> entries{{
     {own_text::no_catalogue,
      L"The catalogue of projections, datums and ellipsoids is missing. None of these folders is "
      L"there:",
@@ -37,6 +37,8 @@ constexpr std::array<Tentry, 40> entries{{
      L"%1: сфера записывается без сдвига датума"},
     {own_text::other_lon_wrap, L"%1: +lon_wrap=45 is written instead",
      L"%1: вместо этого записывается +lon_wrap=45"},
+    {own_text::other_count, L"%1: three or seven numbers are wanted, zeros stand for the others",
+     L"%1: нужно три или семь чисел, вместо недостающих берутся нули"},
     {own_text::damaged_catalogue, L"The catalogue in %1 is not whole:",
      L"Каталог в папке %1 неполон:"},
     {own_text::table_not_opened, L"%1 cannot be opened", L"%1 не открывается"},

@@ -20,6 +20,7 @@ enum class own_text {
   changed_number,
   sphere_shift,
   other_lon_wrap,
+  other_count,
   // The dialog's note. "%1" is a folder, a table, a file or a piece of a definition.
   damaged_catalogue,  // stands before the next two
   table_not_opened,
