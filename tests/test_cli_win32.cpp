@@ -14,9 +14,10 @@ using cli_test::local_system;
 
 class Cli_win32 : public cli_test::Cli {
  protected:
-  static void expect_refusal(core_test::outcome const& result, std::string const& named) {
-    EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(result.out, "");
+  static void expect_refusal(core_test::outcome const& result, std::string const& named,
+                             int status = 2, std::string const& out = "") {
+    EXPECT_EQ(result.status, status);
+    EXPECT_EQ(result.out, out);
     EXPECT_NE(result.err.find(named), std::string::npos) << result.err;
     EXPECT_EQ(result.err.find('\n'), result.err.size() - 1) << result.err;
   }
@@ -32,7 +33,7 @@ TEST_F(Cli_win32, RefusesWhatCannotBeSpelled) {
       expect_refusal(run({"save", local_system, path(text)}), text);
       expect_refusal(run({"save", grid, path("a.pj4")}), text);
       expect_refusal(run({"normalize", grid}), text);
-      expect_refusal(run({"apply", "-"}, grid + "\n"), text);
+      expect_refusal(run({"apply", "-"}, grid + "\n"), text, 1, "\n");
       EXPECT_EQ(count(), before);
       fs::path const folder = core_test::shell_path(path(text));
       fs::create_directory(folder);
