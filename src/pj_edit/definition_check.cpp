@@ -27,8 +27,11 @@ std::wstring wide_number(double value, int digits) {
 
 class Tcheck {
  public:
-  Tcheck(std::string const& definition, std::string const& given, Tzu_pj_editor& editor)
-      : definition_(definition), given_(given), editor_(&editor), area_(area_of_system(given)) {}
+  Tcheck(std::string definition, std::string given, Tzu_pj_editor& editor)
+      : definition_(std::move(definition)),
+        given_(std::move(given)),
+        editor_(&editor),
+        area_(area_of_system(given_)) {}
 
   std::vector<check_finding> run() {
     std::string const taken = Tzu_reproj_xy_exec::find_name_taken(given_);
