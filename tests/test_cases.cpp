@@ -13,6 +13,7 @@
 #include "case_file.h"
 #include "catalogue_tables.h"
 #include "fed_by.h"
+#include "finder/system_search.h"
 #include "interchange/known_systems.h"
 #include "interchange/proj4_conv.h"
 #include "pj_edit/edit_files.h"
@@ -417,6 +418,20 @@ std::string transform(scope& /*in*/, words const& a) {
   return reproj.apply(&point.at(0), &point.at(1)) ? text_of(point) : "failed";
 }
 
+// The id of what comes first.
+std::string search(scope& /*in*/, words const& a) {
+  static zu::Tsystem_search const all = [] {
+    zu::Tsystem_search made;
+    made.add(zu::list_shipped_systems());
+    made.add(zu::list_database_systems());
+    return made;
+  }();
+  zu::search_request request;
+  request.words = a.at(0);
+  auto const found = all.find(request, 1);
+  return found.empty() ? "" : all.systems().at(found.front()).id;
+}
+
 std::string box(scope& /*in*/, words const& a) {
   Tzu_reproj_d2 d2;
   auto const limits = numbers_of(a.at(2));
@@ -429,7 +444,8 @@ std::string box(scope& /*in*/, words const& a) {
 }  // namespace
 
 case_file::operations const& case_file::of_program() {
-  static operations const all{{"normalize", &normalize},
+  static operations const all{{"search", &search},
+                              {"normalize", &normalize},
                               {"normalize_for_proj", &normalize_for_proj},
                               {"losses", &losses},
                               {"kinds", &kinds},

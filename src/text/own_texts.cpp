@@ -15,7 +15,7 @@ struct Tentry {
   wchar_t const* russian;
 };
 
-constexpr std::array<Tentry, 41> entries{{
+constexpr std::array<Tentry, 43> entries{{
     {own_text::no_catalogue,
      L"The catalogue of projections, datums and ellipsoids is missing. None of these folders is "
      L"there:",
@@ -92,6 +92,8 @@ constexpr std::array<Tentry, 41> entries{{
      L"Сдвиг датума не задан: диалог добавляет нули, то есть WGS 84"},
     {own_text::name_taken, L"PROJ has no system of just this name and takes %1",
      L"Точно такого имени у PROJ нет, взята система %1"},
+    {own_text::known_as, L"Known system = %1", L"Известная система = %1"},
+    {own_text::likely_code, L"Found by PROJ = %1 (%2 of 100)", L"Найдена PROJ = %1 (%2 из 100)"},
 }};
 
 constexpr bool is_in_order() {

@@ -52,6 +52,9 @@ enum class own_text {
   pulkovo_added,
   zeros_added,
   name_taken,  // "%1" is the name that PROJ found
+  // What a description adds, as "caption = value".
+  known_as,
+  likely_code,  // "%2" is how sure PROJ is, of 100
 };
 
 wchar_t const* get_own_text(own_text which);

@@ -16,6 +16,7 @@
 #include "proj4/proj4_str.h"
 #include "proj4/reading_report.h"
 #include "reproj/system_distance.h"
+#include "systems.h"
 #include "terminal.h"
 #include "text/own_texts.h"
 #include "text/strconv.h"
@@ -29,6 +30,8 @@ namespace {
 // The definition of a system in any notation.
 std::string definition_in_any(std::string const& text) {
   if (text.find("+proj=") != std::string::npos) return text;
+  std::string const known = systems::known_to_proj(text);
+  if (known != text) return known;
   std::wstring definition;
   Tzu_std_wstring_adapter target(&definition);
   zu::string_adp const adapter(target);
@@ -84,7 +87,8 @@ Tsubject subject_of(std::string const& text) {
                        zu::file::exists(terminal::to_wide(text));
   if (is_file) whole = conversions::load(text);
   std::string const definition = definition_in_any(whole);
-  return {terminal::to_library(definition), zu::strconv::to_utf8(terminal::to_wide(whole))};
+  return {terminal::to_library(definition),
+          zu::strconv::to_utf8(terminal::to_wide(systems::known_to_proj(whole)))};
 }
 
 std::string utf8(std::wstring const& text) { return zu::strconv::to_utf8(text); }
@@ -146,11 +150,12 @@ int diff(std::ostream& out, std::string const& first, std::string const& second)
   for (auto const& [key, piece] : right)
     if (!left.contains(key)) print("", piece);
 
-  std::string const system = zu::strconv::to_utf8(terminal::to_wide(first));
+  auto const system_of = [](std::string const& text) {
+    return zu::strconv::to_utf8(terminal::to_wide(systems::known_to_proj(text)));
+  };
+  std::string const system = system_of(first);
   auto const area = zu::area_of_system(system);
-  auto const distance =
-      area ? zu::compare_systems(system, zu::strconv::to_utf8(terminal::to_wide(second)), *area)
-           : std::nullopt;
+  auto const distance = area ? zu::compare_systems(system, system_of(second), *area) : std::nullopt;
   if (!distance) throw Terror("PROJ cannot compare coordinates of the two");
   auto const print_distance = [&out](zu::own_text which, zu::moved_place const& place) {
     out << terminal::from_wide(zu::fill_own_text(which, metres_of(place), place_of(place))) << '\n';
