@@ -17,7 +17,10 @@
 #include "interchange/known_systems.h"
 #include "interchange/proj4_conv.h"
 #include "pj_edit/edit_files.h"
+#include "pj_edit/edit_history.h"
 #include "pj_edit/edit_note.h"
+#include "pj_edit/edit_paste.h"
+#include "pj_edit/edit_tips.h"
 #include "proj4/short_text.h"
 #include "reproj/reproj_d2.h"
 #include "text/rc.h"
@@ -166,6 +169,12 @@ struct catalogue {
   Tzu_datum_def_dbf datums;
   zu::Tzu_pj_editor editor{{projections.get_proj_defs(), projections.get_zone_defs(),
                             datums.get_datum_defs(), datums.get_ellipse_defs()}};
+  zu::Tedit_history history;
+
+  catalogue() {
+    history.start(editor.step());
+    editor.on_change = [this] { history.record(editor.step()); };
+  }
 };
 
 catalogue& catalogue_of(scope& in) {
@@ -235,10 +244,46 @@ std::string choose(scope& in, words const& a) {
   return shown(in);
 }
 
+// "undo" or "redo": whether there are more, and the definition then.
+std::string step(scope& in, words const& a) {
+  auto& [projections, datums, editor, history] = catalogue_of(in);
+  editor.set_step(a.at(0) == "undo" ? history.undo() : history.redo());
+  return std::string(history.can_undo() ? "<" : "") + (history.can_redo() ? "> " : " ") +
+         editor.get_proj4_string();
+}
+
+// What is told of a paste, or the definition then.
+std::string paste(scope& in, words const& a) {
+  auto& editor = catalogue_of(in).editor;
+  speak(a.at(0));
+  auto const result = zu::paste_definition(editor, from_utf8(a.at(1)));
+  return to_utf8(result.note) + (result.taken ? editor.get_proj4_string() : "");
+}
+
+std::string paste_shift(scope& in, words const& a) {
+  auto& editor = catalogue_of(in).editor;
+  auto const numbers = zu::read_shift(from_utf8(a.at(0)));
+  if (!numbers) return "no shift";
+  editor.set_shifts(*numbers);
+  return editor.get_proj4_string();
+}
+
+// Of a key, of one of the seven numbers, of the ellipsoid, of a zone.
+std::string tip(scope& in, words const& a) {
+  auto& editor = catalogue_of(in).editor;
+  speak(a.at(0));
+  for (std::size_t i = 0; i < proj_numbers_count; ++i)
+    if (auto const which = static_cast<proj_number>(i); a.at(1) == proj_number_key(which))
+      return to_utf8(zu::tell_number(editor, which));
+  if (a[1] == "ellipsoid") return to_utf8(zu::tell_ellipse(editor));
+  if (a[1] == "zone") return to_utf8(zu::tell_zone(editor));
+  return to_utf8(zu::tell_shift(editor, std::stoul(a[1])));
+}
+
 // What is to be told of the catalogue and of a definition that is opened, or of that
 // which is there.
 std::string note(scope& in, words const& a) {
-  auto& [projections, datums, editor] = catalogue_of(in);
+  auto& [projections, datums, editor, history] = catalogue_of(in);
   speak(a.at(0));
   if (a.size() > 1) editor.set_proj4_string(a[1].c_str());
   auto faults = projections.get_faults();
@@ -445,6 +490,10 @@ std::string box(scope& /*in*/, words const& a) {
 
 case_file::operations const& case_file::of_program() {
   static operations const all{{"search", &search},
+                              {"step", &step},
+                              {"paste", &paste},
+                              {"paste_shift", &paste_shift},
+                              {"tip", &tip},
                               {"normalize", &normalize},
                               {"normalize_for_proj", &normalize_for_proj},
                               {"losses", &losses},

@@ -15,7 +15,7 @@ struct Tentry {
   wchar_t const* russian;
 };
 
-constexpr std::array<Tentry, 43> entries{{
+constexpr std::array<Tentry, 55> entries{{
     {own_text::no_catalogue,
      L"The catalogue of projections, datums and ellipsoids is missing. None of these folders is "
      L"there:",
@@ -94,6 +94,21 @@ constexpr std::array<Tentry, 43> entries{{
      L"Точно такого имени у PROJ нет, взята система %1"},
     {own_text::known_as, L"Known system = %1", L"Известная система = %1"},
     {own_text::likely_code, L"Found by PROJ = %1 (%2 of 100)", L"Найдена PROJ = %1 (%2 из 100)"},
+    {own_text::paste_nothing, L"Nothing was pasted: there is no text", L"Не вставлено: нет текста"},
+    {own_text::paste_unreadable, L"Nothing was pasted: this is no coordinate system: %1",
+     L"Не вставлено: это не система координат: %1"},
+    {own_text::paste_not_shown, L"Nothing was pasted: the catalogue has no such projection: %1",
+     L"Не вставлено: такой проекции нет в каталоге: %1"},
+    {own_text::unit_degrees, L"degrees", L"градусы"},
+    {own_text::unit_metres, L"metres", L"метры"},
+    {own_text::unit_seconds, L"arc-seconds", L"угловые секунды"},
+    {own_text::unit_millionths, L"ppm", L"миллионные доли"},
+    {own_text::unit_ratio, L"a ratio", L"отношение"},
+    {own_text::limits_between, L"%1 to %2", L"от %1 до %2"},
+    {own_text::limit_low, L"from %1", L"от %1"},
+    {own_text::limit_high, L"to %1", L"до %1"},
+    {own_text::fixed_by_datum, L"Given by the datum %1; choose _Custom to edit",
+     L"Задано датумом %1; для правки выберите _Custom"},
 }};
 
 constexpr bool is_in_order() {

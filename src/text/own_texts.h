@@ -55,6 +55,19 @@ enum class own_text {
   // What a description adds, as "caption = value".
   known_as,
   likely_code,  // "%2" is how sure PROJ is, of 100
+  paste_nothing,
+  paste_unreadable,
+  paste_not_shown,
+  // Of a number, behind its key.
+  unit_degrees,
+  unit_metres,
+  unit_seconds,
+  unit_millionths,
+  unit_ratio,
+  limits_between,
+  limit_low,
+  limit_high,
+  fixed_by_datum,
 };
 
 wchar_t const* get_own_text(own_text which);
