@@ -21,6 +21,7 @@
 #include "pj_edit/edit_note.h"
 #include "pj_edit/edit_paste.h"
 #include "pj_edit/edit_tips.h"
+#include "pj_edit/point_trial.h"
 #include "proj4/short_text.h"
 #include "reproj/reproj_d2.h"
 #include "text/rc.h"
@@ -268,6 +269,28 @@ std::string paste_shift(scope& in, words const& a) {
   return editor.get_proj4_string();
 }
 
+std::string angle(scope& /*in*/, words const& a) {
+  auto const value = zu::read_angle(from_utf8(a.at(0)));
+  return value ? zu::number::format_double(*value) : "none";
+}
+
+// A definition, a way and a point of it.
+std::string try_point(scope& /*in*/, words const& a) {
+  speak("en");
+  zu::Tpoint_trial trial;
+  trial.set_definition(a.at(0));
+  double const x = std::stod(a.at(2));
+  double const y = std::stod(a.at(3));
+  auto const result = a.at(1) == "forward" ? trial.forward(x, y) : trial.backward(x, y);
+  if (!result.place) return to_utf8(result.failure);
+  std::string text;
+  for (double const number : *result.place) {
+    text.append(text.empty() ? "" : " ");
+    zu::number::append_fixed(text, number, trial.is_geographic() ? 6 : 3);
+  }
+  return text;
+}
+
 // Of a key, of one of the seven numbers, of the ellipsoid, of a zone.
 std::string tip(scope& in, words const& a) {
   auto& editor = catalogue_of(in).editor;
@@ -494,6 +517,8 @@ case_file::operations const& case_file::of_program() {
                               {"paste", &paste},
                               {"paste_shift", &paste_shift},
                               {"tip", &tip},
+                              {"angle", &angle},
+                              {"try_point", &try_point},
                               {"normalize", &normalize},
                               {"normalize_for_proj", &normalize_for_proj},
                               {"losses", &losses},

@@ -15,7 +15,7 @@ struct Tentry {
   wchar_t const* russian;
 };
 
-constexpr std::array<Tentry, 55> entries{{
+constexpr std::array<Tentry, 57> entries{{
     {own_text::no_catalogue,
      L"The catalogue of projections, datums and ellipsoids is missing. None of these folders is "
      L"there:",
@@ -109,6 +109,9 @@ constexpr std::array<Tentry, 55> entries{{
     {own_text::limit_high, L"to %1", L"до %1"},
     {own_text::fixed_by_datum, L"Given by the datum %1; choose _Custom to edit",
      L"Задано датумом %1; для правки выберите _Custom"},
+    {own_text::no_transformation, L"PROJ makes no transformation of this definition",
+     L"PROJ не может преобразовать координаты этой системы"},
+    {own_text::point_refused, L"PROJ: %1", L"PROJ: %1"},
 }};
 
 constexpr bool is_in_order() {

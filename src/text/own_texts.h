@@ -68,6 +68,8 @@ enum class own_text {
   limit_low,
   limit_high,
   fixed_by_datum,
+  no_transformation,
+  point_refused,  // "%1" is PROJ's reason
 };
 
 wchar_t const* get_own_text(own_text which);
