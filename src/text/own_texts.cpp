@@ -15,7 +15,7 @@ struct Tentry {
   wchar_t const* russian;
 };
 
-constexpr std::array<Tentry, 57> entries{{
+constexpr std::array<Tentry, 65> entries{{
     {own_text::no_catalogue,
      L"The catalogue of projections, datums and ellipsoids is missing. None of these folders is "
      L"there:",
@@ -109,6 +109,18 @@ constexpr std::array<Tentry, 57> entries{{
     {own_text::limit_high, L"to %1", L"до %1"},
     {own_text::fixed_by_datum, L"Given by the datum %1; choose _Custom to edit",
      L"Задано датумом %1; для правки выберите _Custom"},
+    {own_text::result_name, L"Definition that Apply gives",
+     L"Определение, которое вернёт \"Применить\""},
+    {own_text::undo, L"Undo", L"Назад"},
+    {own_text::redo, L"Redo", L"Вперёд"},
+    {own_text::more, L"More...", L"Ещё..."},
+    {own_text::copy_definition, L"Copy the definition\tCtrl+Shift+C",
+     L"Копировать определение\tCtrl+Shift+C"},
+    {own_text::copy_esri, L"Copy as ESRI WKT", L"Копировать как ESRI WKT"},
+    {own_text::copy_unconverted, L"Not copied: the definition cannot be converted to ESRI WKT",
+     L"Не скопировано: определение не переводится в ESRI WKT"},
+    {own_text::paste_system, L"Paste a coordinate system\tCtrl+Shift+V",
+     L"Вставить систему координат\tCtrl+Shift+V"},
     {own_text::no_transformation, L"PROJ makes no transformation of this definition",
      L"PROJ не может преобразовать координаты этой системы"},
     {own_text::point_refused, L"PROJ: %1", L"PROJ: %1"},

@@ -68,6 +68,15 @@ enum class own_text {
   limit_low,
   limit_high,
   fixed_by_datum,
+  // The strip of the result.
+  result_name,
+  undo,
+  redo,
+  more,
+  copy_definition,
+  copy_esri,
+  copy_unconverted,
+  paste_system,
   no_transformation,
   point_refused,  // "%1" is PROJ's reason
 };

@@ -65,6 +65,9 @@ class Tzu_vcl_dbl_edit : public Tzu_vcl_edit {
   // accept. Returns false when the text was refused, after the message.
   bool commit();
 
+  // Whether there is a text that is not accepted yet.
+  bool is_being_typed() const { return get_text() != shown_text_; }
+
   // Reads the whole text, blanks around it aside, as a number with "." in
   // every locale. Returns false and leaves `result` untouched otherwise.
   static bool str2dbl(std::string_view text, double* result);
