@@ -17,7 +17,9 @@
 #include "interchange/known_systems.h"
 #include "text/own_texts.h"
 #include "text/rc.h"
+#include "text/strconv.h"
 #include "vcl/application.h"
+#include "vcl/clipboard.h"
 #include "vcl/toolkit.h"
 #include "zu_pj_edit/zu_pj_edit.h"
 
@@ -281,6 +283,9 @@ TEST_F(dialog, tab_walks_in_reading_order) {
     order.push_back(&ellipse(form));
     // The ellipsoid's two numbers are for reading, and for copying by key.
     order.insert(order.end(), 2, nullptr);
+    // Nothing has been done, so that there is no step back.
+    order.push_back(form.get_result()->get_edit());
+    order.push_back(form.get_result()->get_menu());
     for (auto const button : {Tbar::save, Tbar::load, Tbar::apply, Tbar::cancel})
       order.push_back(form.get_buttons()->get_button(button));
     for (std::size_t i = 0; i < order.size(); ++i) {
@@ -296,6 +301,60 @@ TEST_F(dialog, tab_walks_in_reading_order) {
     }
     cancel(form);
   });
+}
+
+TEST_F(dialog, steps_back_copies_and_pastes) {
+  constexpr int both = wxMOD_CONTROL | wxMOD_SHIFT;
+  std::string shown;
+  auto const edit_and_apply = [&](Tform& form) {
+    Tzu_vcl_result_strip const& strip = *form.get_result();
+    auto const result = [&strip] { return zu::strconv::to_utf8(strip.get_text()); };
+    auto const is_zone = [&](char const* meridian) {
+      return result().find(std::string("+lon_0=") + meridian + " ") != std::string::npos;
+    };
+    EXPECT_EQ(result(), pulkovo_zone_7);
+    EXPECT_FALSE(strip.get_undo()->IsEnabled() || strip.get_redo()->IsEnabled());
+    pick(*form.get_editor()->get_proj()->get_zone()->get_selbox(), L"8");
+    EXPECT_TRUE(is_zone("45"));
+    press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(result(), pulkovo_zone_7);
+    press('Y', wxMOD_CONTROL);
+    EXPECT_TRUE(is_zone("45"));
+    click(*strip.get_undo());
+    EXPECT_EQ(result(), pulkovo_zone_7);
+    pick(datum(form), L"_Custom");
+    type_over(shift(form, 0), "25");
+    // What is being typed has steps of its own.
+    press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(datum(form).get_active_caption(), L"_Custom");
+    type_over(shift(form, 0), "25");
+    press(WXK_TAB);
+    EXPECT_NE(result().find("+towgs84=25,"), std::string::npos) << result();
+
+    press('C', both);
+    EXPECT_EQ(zu::vcl::text_on_clipboard(), strip.get_text());
+    zu::vcl::put_on_clipboard(L"1, 2, 3, 4, 5, 6, 7.5");
+    press('V', both);
+    EXPECT_EQ(shift(form, 6).get_text(), L"7.5");
+    zu::vcl::put_on_clipboard(L"none such");
+    shown = result();
+    press('V', both);
+    EXPECT_EQ(result(), shown);
+    EXPECT_EQ(form.get_note()->get_text(),
+              L"Nothing was pasted: this is no coordinate system: none such");
+    zu::vcl::put_on_clipboard(L"EPSG:32637");
+    press('V', both);
+    EXPECT_EQ(type(form).get_active_caption(), L"Zonal projections");
+    EXPECT_EQ(form.get_note()->get_text(), L"");
+    EXPECT_TRUE(find_clipped(form).empty());
+    shown = result();
+    apply(form);
+  };
+  outcome const result = open_dialog(pulkovo_zone_7, edit_and_apply);
+  EXPECT_EQ(result.text,
+            "+proj=utm +zone=37 +datum=WGS84 +towgs84=0,0,0,0,0,0,0 +ellps=WGS84 +units=m "
+            "+lon_wrap=45 +no_defs");
+  EXPECT_EQ(shown, result.text);
 }
 
 TEST_F(dialog, puts_the_owner_back_on_every_way_out) {
