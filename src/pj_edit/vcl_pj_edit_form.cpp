@@ -14,6 +14,7 @@
 #include "pj_edit/edit_note.h"
 #include "pj_edit/edit_paste.h"
 #include "pj_edit/panel_tools.h"
+#include "pj_edit/vcl_pj_find.h"
 #include "text/own_texts.h"
 #include "text/strconv.h"
 #include "text/string_adapter.h"
@@ -88,7 +89,9 @@ void Tzu_vcl_pj_edit_form::load_rc() {
   result_->set_name(text(zu::own_text::result_name));
   result_->set_items({{text(zu::own_text::copy_definition), [this] { on_copy(); }},
                       {text(zu::own_text::copy_esri), [this] { on_copy_esri(); }},
-                      {text(zu::own_text::paste_system), [this] { on_paste(); }}});
+                      {text(zu::own_text::paste_system), [this] { on_paste(); }},
+                      {},
+                      {text(zu::own_text::find_system), [this] { on_find(); }}});
   buttons_->load_rc();
   catalogue_note_ =
       zu::tell_catalogue(Tzu_pj_dbf::get_missing_folders(), zu::get_catalogue_faults());
@@ -169,6 +172,14 @@ void Tzu_vcl_pj_edit_form::on_paste() {
   });
 }
 
+void Tzu_vcl_pj_edit_form::on_find() {
+  if (!commit_edits()) return;
+  Tzu_vcl_pj_find window(this, editor_->get_rules().lists());
+  if (!window.execute()) return;
+  file_note_.clear();
+  editor_->set_proj4_string(window.get_definition().c_str());
+}
+
 void Tzu_vcl_pj_edit_form::on_key(wxKeyEvent& event) {
   struct shortcut {
     int key;
@@ -176,7 +187,8 @@ void Tzu_vcl_pj_edit_form::on_key(wxKeyEvent& event) {
     void (Tzu_vcl_pj_edit_form::*act)();
   };
   constexpr int both = wxMOD_CONTROL | wxMOD_SHIFT;
-  constexpr std::array<shortcut, 4> shortcuts{{{'Z', wxMOD_CONTROL, &Tzu_vcl_pj_edit_form::on_undo},
+  constexpr std::array<shortcut, 5> shortcuts{{{'F', wxMOD_CONTROL, &Tzu_vcl_pj_edit_form::on_find},
+                                               {'Z', wxMOD_CONTROL, &Tzu_vcl_pj_edit_form::on_undo},
                                                {'Y', wxMOD_CONTROL, &Tzu_vcl_pj_edit_form::on_redo},
                                                {'C', both, &Tzu_vcl_pj_edit_form::on_copy},
                                                {'V', both, &Tzu_vcl_pj_edit_form::on_paste}}};

@@ -15,7 +15,7 @@ struct Tentry {
   wchar_t const* russian;
 };
 
-constexpr std::array<Tentry, 65> entries{{
+constexpr std::array<Tentry, 77> entries{{
     {own_text::no_catalogue,
      L"The catalogue of projections, datums and ellipsoids is missing. None of these folders is "
      L"there:",
@@ -121,6 +121,19 @@ constexpr std::array<Tentry, 65> entries{{
      L"Не скопировано: определение не переводится в ESRI WKT"},
     {own_text::paste_system, L"Paste a coordinate system\tCtrl+Shift+V",
      L"Вставить систему координат\tCtrl+Shift+V"},
+    {own_text::find_system, L"Find a system...\tCtrl+F", L"Найти систему...\tCtrl+F"},
+    {own_text::find_title, L"Find a system", L"Найти систему"},
+    {own_text::find_hint, L"Name, code, region", L"Название, код, регион"},
+    {own_text::find_words, L"Search words", L"Слова для поиска"},
+    {own_text::find_list, L"Systems found", L"Найденные системы"},
+    {own_text::find_details, L"The chosen system", L"Выбранная система"},
+    {own_text::find_deprecated, L"Deprecated, too", L"И устаревшие"},
+    {own_text::find_take, L"Take", L"Взять"},
+    {own_text::find_nothing, L"Nothing was found.", L"Ничего не найдено."},
+    {own_text::no_definition, L"Its numbers are not published: there is no definition.",
+     L"Её параметры не опубликованы: определения нет."},
+    {own_text::area_box, L"Longitudes %1, latitudes %2", L"Долготы %1, широты %2"},
+    {own_text::deprecated, L"Deprecated", L"Устарела"},
     {own_text::no_transformation, L"PROJ makes no transformation of this definition",
      L"PROJ не может преобразовать координаты этой системы"},
     {own_text::point_refused, L"PROJ: %1", L"PROJ: %1"},

@@ -77,6 +77,19 @@ enum class own_text {
   copy_esri,
   copy_unconverted,
   paste_system,
+  // Of the window that finds a system.
+  find_system,
+  find_title,
+  find_hint,
+  find_words,
+  find_list,
+  find_details,
+  find_deprecated,
+  find_take,
+  find_nothing,
+  no_definition,
+  area_box,  // "%1" is longitudes, "%2" latitudes
+  deprecated,
   no_transformation,
   point_refused,  // "%1" is PROJ's reason
 };
