@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <ostream>
@@ -99,7 +100,8 @@ void print_json(std::ostream& out, std::string const& text,
   for (zu::check_finding const& finding : findings) {
     told.push_back({{"kind", kind_names.at(static_cast<std::size_t>(finding.kind))},
                     {"text", utf8(finding.sentence)}});
-    if (finding.metres) told.back()["metres"] = *finding.metres;
+    // Behind the millimetres each machine has digits of its own.
+    if (finding.metres) told.back()["metres"] = std::round(*finding.metres * 1e3) / 1e3;
   }
   nlohmann::ordered_json const line{{"definition", utf8(terminal::to_wide(text))},
                                     {"findings", told}};
