@@ -2,6 +2,7 @@
 
 #include <wx/gbsizer.h>
 
+#include "pj_edit/edit_tips.h"
 #include "pj_edit/panel_tools.h"
 #include "vcl/toolkit.h"
 
@@ -68,7 +69,6 @@ void Tzu_vcl_pj_datum_params::load_rc() {
     if (index < scale_index)
       name = (index < axes_count ? shift_ : rotate_)->get_caption() + L", " +
              axes_[index % axes_count]->get_caption();
-    edits_[index]->SetToolTip(name);
     zu::vcl::set_control_name(*edits_[index], name);
   }
 }
@@ -77,5 +77,6 @@ void Tzu_vcl_pj_datum_params::refresh() {
   for (std::size_t index = 0; index < count; ++index) {
     edits_[index]->set_value(editor_.state().shift[index]);
     edits_[index]->set_edit_enabled(editor_.is_datum_editable());
+    edits_[index]->SetToolTip(edits_[index]->GetName() + L"\n" + zu::tell_shift(editor_, index));
   }
 }

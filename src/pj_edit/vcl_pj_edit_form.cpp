@@ -15,6 +15,7 @@
 #include "pj_edit/edit_paste.h"
 #include "pj_edit/panel_tools.h"
 #include "pj_edit/vcl_pj_find.h"
+#include "pj_edit/vcl_pj_trial.h"
 #include "text/own_texts.h"
 #include "text/strconv.h"
 #include "text/string_adapter.h"
@@ -91,7 +92,8 @@ void Tzu_vcl_pj_edit_form::load_rc() {
                       {text(zu::own_text::copy_esri), [this] { on_copy_esri(); }},
                       {text(zu::own_text::paste_system), [this] { on_paste(); }},
                       {},
-                      {text(zu::own_text::find_system), [this] { on_find(); }}});
+                      {text(zu::own_text::find_system), [this] { on_find(); }},
+                      {text(zu::own_text::try_point), [this] { on_try(); }}});
   buttons_->load_rc();
   catalogue_note_ =
       zu::tell_catalogue(Tzu_pj_dbf::get_missing_folders(), zu::get_catalogue_faults());
@@ -180,6 +182,12 @@ void Tzu_vcl_pj_edit_form::on_find() {
   editor_->set_proj4_string(window.get_definition().c_str());
 }
 
+void Tzu_vcl_pj_edit_form::on_try() {
+  if (!commit_edits()) return;
+  Tzu_vcl_pj_trial window(this, editor_->get_proj4_string());
+  window.ShowModal();
+}
+
 void Tzu_vcl_pj_edit_form::on_key(wxKeyEvent& event) {
   struct shortcut {
     int key;
@@ -187,7 +195,8 @@ void Tzu_vcl_pj_edit_form::on_key(wxKeyEvent& event) {
     void (Tzu_vcl_pj_edit_form::*act)();
   };
   constexpr int both = wxMOD_CONTROL | wxMOD_SHIFT;
-  constexpr std::array<shortcut, 5> shortcuts{{{'F', wxMOD_CONTROL, &Tzu_vcl_pj_edit_form::on_find},
+  constexpr std::array<shortcut, 6> shortcuts{{{'T', wxMOD_CONTROL, &Tzu_vcl_pj_edit_form::on_try},
+                                               {'F', wxMOD_CONTROL, &Tzu_vcl_pj_edit_form::on_find},
                                                {'Z', wxMOD_CONTROL, &Tzu_vcl_pj_edit_form::on_undo},
                                                {'Y', wxMOD_CONTROL, &Tzu_vcl_pj_edit_form::on_redo},
                                                {'C', both, &Tzu_vcl_pj_edit_form::on_copy},

@@ -40,6 +40,7 @@ class Tzu_vcl_pj_edit_form : public Tzu_vcl_form {
   void on_copy_esri();
   void on_paste();
   void on_find();
+  void on_try();
   void on_key(wxKeyEvent& event);
   void on_drop(wxDropFilesEvent& event);
   // Shows what Apply would give now, and what steps there are.

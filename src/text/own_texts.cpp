@@ -15,7 +15,7 @@ struct Tentry {
   wchar_t const* russian;
 };
 
-constexpr std::array<Tentry, 77> entries{{
+constexpr std::array<Tentry, 87> entries{{
     {own_text::no_catalogue,
      L"The catalogue of projections, datums and ellipsoids is missing. None of these folders is "
      L"there:",
@@ -134,6 +134,17 @@ constexpr std::array<Tentry, 77> entries{{
      L"Её параметры не опубликованы: определения нет."},
     {own_text::area_box, L"Longitudes %1, latitudes %2", L"Долготы %1, широты %2"},
     {own_text::deprecated, L"Deprecated", L"Устарела"},
+    {own_text::try_point, L"Try a point...\tCtrl+T", L"Проверить точку...\tCtrl+T"},
+    {own_text::trial_title, L"Try a point", L"Проверить точку"},
+    {own_text::trial_longitude, L"WGS 84 longitude", L"Долгота WGS 84"},
+    {own_text::trial_latitude, L"WGS 84 latitude", L"Широта WGS 84"},
+    {own_text::trial_x, L"x (east)", L"x (на восток)"},
+    {own_text::trial_y, L"y (north)", L"y (на север)"},
+    {own_text::trial_own_longitude, L"Longitude", L"Долгота"},
+    {own_text::trial_own_latitude, L"Latitude", L"Широта"},
+    {own_text::trial_hint, L"Type two numbers on either side: 37.5 or 37 30 00",
+     L"Введите два числа с любой стороны: 37.5 или 37 30 00"},
+    {own_text::trial_close, L"Close", L"Закрыть"},
     {own_text::no_transformation, L"PROJ makes no transformation of this definition",
      L"PROJ не может преобразовать координаты этой системы"},
     {own_text::point_refused, L"PROJ: %1", L"PROJ: %1"},

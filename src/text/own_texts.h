@@ -90,6 +90,17 @@ enum class own_text {
   no_definition,
   area_box,  // "%1" is longitudes, "%2" latitudes
   deprecated,
+  // Of the window that tries a point.
+  try_point,
+  trial_title,
+  trial_longitude,
+  trial_latitude,
+  trial_x,
+  trial_y,
+  trial_own_longitude,
+  trial_own_latitude,
+  trial_hint,
+  trial_close,
   no_transformation,
   point_refused,  // "%1" is PROJ's reason
 };
