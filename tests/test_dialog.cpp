@@ -1,6 +1,7 @@
 // The whole dialog, opened as a host opens it and driven by real input.
 
 #include <gtest/gtest.h>
+#include <wx/timer.h>
 
 #include <algorithm>
 #include <climits>
@@ -15,6 +16,8 @@
 #include "core_support.h"
 #include "gui_support.h"
 #include "interchange/known_systems.h"
+#include "pj_edit/vcl_pj_find.h"
+#include "pj_edit/vcl_pj_trial.h"
 #include "text/own_texts.h"
 #include "text/rc.h"
 #include "text/strconv.h"
@@ -355,6 +358,70 @@ TEST_F(dialog, steps_back_copies_and_pastes) {
             "+proj=utm +zone=37 +datum=WGS84 +towgs84=0,0,0,0,0,0,0 +ellps=WGS84 +units=m "
             "+lon_wrap=45 +no_defs");
   EXPECT_EQ(shown, result.text);
+}
+
+// The window of this class that is open over the form.
+template <class Window>
+Window* find_window() {
+  for (wxWindow* const each : wxTopLevelWindows)
+    if (auto* const window = dynamic_cast<Window*>(each); window != nullptr && window->IsModal())
+      return window;
+  return nullptr;
+}
+
+// Presses the key that opens such a window, and runs the script in it, which closes it.
+template <class Window>
+void run_in_window(int key, std::function<void(Window&)> const& script) {
+  constexpr int look_again_ms = 20;
+  bool done = false;
+  // The window's own loop runs within the press of the key.
+  wxTimer look;
+  look.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
+    Window* const window = find_window<Window>();
+    if (window == nullptr || !window->IsActive()) return;
+    look.Stop();
+    script(*window);
+    done = true;
+  });
+  look.Start(look_again_ms);
+  press(key, wxMOD_CONTROL);
+  EXPECT_TRUE(wait_until([&] { return done && find_window<Window>() == nullptr; }));
+}
+
+TEST_F(dialog, finds_a_system_and_tries_a_point) {
+  auto const find_and_try = [](Tform& form) {
+    run_in_window<Tzu_vcl_pj_find>('F', [](Tzu_vcl_pj_find& window) {
+      EXPECT_GT(window.get_list()->GetCount(), 0U);
+      type_over(*window.get_words(), "tyumen");
+      EXPECT_TRUE(wait_until([&] { return window.get_list()->GetCount() == 2; }));
+      press(WXK_DOWN);
+      EXPECT_EQ(window.get_list()->GetStringSelection(),
+                "Russia_Cadastre_72_3 \u2013 Tyumen Oblast");
+      EXPECT_NE(window.get_details()->get_text().find(L"+lon_0=72.05 "), std::wstring::npos);
+      press(WXK_RETURN);
+    });
+    EXPECT_EQ(number(form, proj_number::lon_0).get_text(), L"72.05");
+    run_in_window<Tzu_vcl_pj_find>('F', [](Tzu_vcl_pj_find& window) {
+      EXPECT_EQ(window.get_list()->GetStringSelection(),
+                "Russia_Cadastre_72_3 \u2013 Tyumen Oblast");
+      type_over(*window.get_words(), "nobody");
+      EXPECT_TRUE(wait_until([&] { return window.get_list()->GetCount() == 0; }));
+      press(WXK_RETURN);
+      press(WXK_ESCAPE);
+    });
+    // The origin of the zone.
+    run_in_window<Tzu_vcl_pj_trial>('T', [](Tzu_vcl_pj_trial& window) {
+      type_over(*window.get_edit(Tzu_vcl_pj_trial::longitude), "39 00 00");
+      type_over(*window.get_edit(Tzu_vcl_pj_trial::latitude), "95");
+      EXPECT_EQ(window.get_edit(Tzu_vcl_pj_trial::x)->get_text(), L"");
+      EXPECT_EQ(window.get_message(), L"PROJ: Invalid coordinate");
+      press(WXK_ESCAPE);
+    });
+    press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(form.get_result()->get_text(), zu::strconv::from_utf8(pulkovo_zone_7));
+    apply(form);
+  };
+  EXPECT_EQ(open_dialog(pulkovo_zone_7, find_and_try).text, pulkovo_zone_7);
 }
 
 TEST_F(dialog, puts_the_owner_back_on_every_way_out) {
