@@ -344,31 +344,12 @@ std::string_view Treport::whole_number(std::size_t index) const {
   return definition_.substr(begin, end - begin);
 }
 
-own_text sentence_of(loss_reason reason) {
-  switch (reason) {
-    case loss_reason::text_before:
-      return own_text::text_before;
-    case loss_reason::unknown_key:
-      return own_text::unknown_key;
-    case loss_reason::repeated_key:
-      return own_text::repeated_key;
-    case loss_reason::unread_value:
-      return own_text::unread_value;
-    case loss_reason::unread_tail:
-      return own_text::unread_tail;
-    case loss_reason::eighth_number:
-      return own_text::eighth_number;
-    case loss_reason::changed_number:
-      return own_text::changed_number;
-    case loss_reason::sphere_shift:
-      return own_text::sphere_shift;
-    case loss_reason::other_lon_wrap:
-      return own_text::other_lon_wrap;
-    case loss_reason::other_count:
-      break;
-  }
-  return own_text::other_count;
+// The sentences stand in the order of the reasons.
+constexpr own_text sentence_of(loss_reason reason) {
+  return static_cast<own_text>(static_cast<int>(own_text::text_before) + static_cast<int>(reason));
 }
+static_assert(sentence_of(loss_reason::unread_tail) == own_text::unread_tail &&
+              sentence_of(loss_reason::other_count) == own_text::other_count);
 
 }  // namespace
 

@@ -189,11 +189,15 @@ double read_number(std::string const& text) {
 }  // namespace
 
 std::string definition_of(std::string const& text) {
-  if (!is_code(text)) return text;
+  return is_code(text) ? definition_in_any(text) : text;
+}
+
+std::string definition_in_any(std::string const& text) {
+  if (text.find("+proj=") != std::string::npos) return text;
   std::wstring definition;
   Tzu_std_wstring_adapter target(&definition);
   zu::string_adp const adapter(target);
-  if (zu_pj4_import_crs(terminal::to_wide(zu::str::trim(text)).c_str(), adapter.get()) == 0)
+  if (zu_pj4_import_crs(terminal::to_wide(text).c_str(), adapter.get()) == 0)
     throw Terror("no coordinate system " + text_lines::in_one_line(text));
   return terminal::from_wide(definition);
 }
