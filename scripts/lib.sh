@@ -8,7 +8,7 @@ die() {
 }
 
 # run_ctest BUILD [OPTION...]: the tests of a build. Wine's server now and then drops a
-# program, and a busy machine a key: what failed runs once more, alone, and is named.
+# program, and a busy display a key: what failed runs once more, alone, and is named.
 run_ctest() {
   ctest --test-dir "$1" "${@:2}" && return
   say "These failed and run again, alone:"

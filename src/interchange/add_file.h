@@ -17,7 +17,8 @@ class Tzu_add_file {
   // The definition alone; it must begin with "+" after white space.
   static bool load_pj4_mgs(std::wstring_view name, Izu_string_adp* adapter);
 
-  // What a file of either form holds, as text.
+  // The same of what a file of either form holds: the INI form in UTF-8, the plain one
+  // in the system's code page or UTF-8 with a byte-order mark.
   static bool load_pj4_text(std::string const& content, Izu_string_adp* adapter);
 
   // Writes the INI form, the value in the system's ANSI code page.

@@ -1,7 +1,5 @@
 #include "pj_edit/definition_check.h"
 
-#include <array>
-#include <cmath>
 #include <utility>
 
 #include "basic/number.h"
@@ -16,14 +14,6 @@
 
 namespace zu {
 namespace {
-
-constexpr double millimetre = 1e-3;
-
-std::wstring wide_number(double value, int digits) {
-  std::string text;
-  number::append_fixed(text, value, digits);
-  return strconv::from_system(text);
-}
 
 class Tcheck {
  public:
@@ -85,11 +75,9 @@ class Tcheck {
     if (!area_ || !is_transformed_) return false;
     auto const found =
         compare_systems(given_, strconv::to_utf8(strconv::from_system(other)), *area_);
-    if (!found || found->most.metres <= millimetre) return false;
+    if (!found || found->most.metres <= same_place_metres) return false;
     moved_place const& most = found->most;
-    std::wstring const place =
-        wide_number(most.longitude, 4) + L" " + wide_number(most.latitude, 4);
-    add(kind, fill_own_text(which, wide_number(most.metres, 3), place), most.metres);
+    add(kind, fill_own_text(which, tell_metres(most), tell_place(most)), most.metres);
     return true;
   }
 

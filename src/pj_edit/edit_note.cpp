@@ -56,6 +56,16 @@ std::wstring tell_losses(Tzu_pj_editor const& editor) {
   return list.take();
 }
 
+// What Apply does not return. Where the user has been told of a file, an empty
+// definition is worth telling even if the one that was taken was empty, too.
+std::wstring tell_definition(Tzu_pj_editor const& editor, bool is_warned) {
+  if (editor.state().kind != definition_kind::none) return tell_losses(editor);
+  std::string const given(str::trim(editor.given()));
+  if (!given.empty())
+    return fill_own_text(own_text::returns_empty_instead, strconv::from_system(given));
+  return is_warned ? get_own_text(own_text::returns_empty) : std::wstring();
+}
+
 }  // namespace
 
 std::wstring tell_catalogue(std::vector<std::wstring> const& missing_folders,
@@ -74,14 +84,6 @@ std::wstring tell_catalogue(std::vector<std::wstring> const& missing_folders,
                            path::file_name_of(name), strconv::from_system(column)));
   }
   return list.take();
-}
-
-std::wstring tell_definition(Tzu_pj_editor const& editor, bool is_warned) {
-  if (editor.state().kind != definition_kind::none) return tell_losses(editor);
-  std::string const given(str::trim(editor.given()));
-  if (!given.empty())
-    return fill_own_text(own_text::returns_empty_instead, strconv::from_system(given));
-  return is_warned ? get_own_text(own_text::returns_empty) : std::wstring();
 }
 
 std::wstring tell_addition(Tzu_pj_editor const& editor) {

@@ -14,11 +14,6 @@ namespace zu {
 std::wstring tell_catalogue(std::vector<std::wstring> const& missing_folders,
                             std::vector<catalogue_fault> const& faults);
 
-// What Apply does not return of the definition that the editor has taken; empty when
-// nothing. `is_warned` says that the user has been told of a file: then an empty
-// definition is worth telling even if the one that was taken was empty, too.
-std::wstring tell_definition(Tzu_pj_editor const& editor, bool is_warned);
-
 // What Apply returns in place of a datum shift that the definition does not give;
 // empty when nothing.
 std::wstring tell_addition(Tzu_pj_editor const& editor);

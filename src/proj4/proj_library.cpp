@@ -51,9 +51,12 @@ context make_context() {
   return made;
 }
 
+bool is_name(std::string_view text) noexcept {
+  return text.find_first_of(":+=[{") == std::string_view::npos;
+}
+
 std::string name_taken(PJ const* system, std::string_view text) {
-  // Names have none of these, codes and definitions do.
-  if (text.find_first_of(":+=[{") != std::string_view::npos) return {};
+  if (!is_name(text)) return {};
   char const* const name = proj_get_name(system);
   if (name == nullptr || str::trim_stricmp_equal(name, text)) return {};
   char const* const authority = proj_get_id_auth_name(system, 0);

@@ -37,6 +37,9 @@ bool has_database();
 // asks the network. Null only without memory.
 context make_context();
 
+// Whether PROJ would look a text up among its names: codes and definitions have what
+// names have not.
+bool is_name(std::string_view text) noexcept;
 // The name and code of a system that PROJ found for a text that is only like its name;
 // empty where the text is that name, whatever its case, or no name at all. UTF-8.
 std::string name_taken(PJ const* system, std::string_view text);

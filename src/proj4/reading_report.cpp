@@ -77,29 +77,31 @@ bool is_degree_mark(std::string_view tail) {
          (tail.size() == 1 && std::string_view("eEnN").find(tail[0]) != std::string_view::npos);
 }
 
-bool is_short_number(std::string_view value) {
+// Written out in full, and far from a trillion: it is read whole.
+bool is_plain_number(std::string_view value) {
+  constexpr std::size_t most_whole_digits = 11;
   if (!value.empty() && value.front() == '-') value.remove_prefix(1);
-  bool has_point = false;
-  for (char const c : value) {
-    if (c == '.' && !has_point)
-      has_point = true;
-    else if (c < '0' || c > '9')
-      return false;
+  std::size_t const point = std::min(value.find('.'), value.size());
+  std::size_t digits = 0;
+  for (std::size_t i = 0; i < value.size(); ++i) {
+    if (i == point) continue;
+    if (value[i] < '0' || value[i] > '9') return false;
+    ++digits;
   }
-  return value.size() >= (has_point ? 2U : 1U) && value.size() <= 12;
+  return digits > 0 && point <= most_whole_digits;
 }
 
 bool is_shift_count(std::size_t count) {
   return count == 3 || count == Tzu_proj4_param_towgs84::count;
 }
 
-bool are_short_numbers(std::string_view value) {
+bool are_plain_numbers(std::string_view value) {
   std::size_t count = 1;
   for (auto cut = value.find(','); cut != std::string_view::npos; cut = value.find(','), ++count) {
-    if (!is_short_number(value.substr(0, cut))) return false;
+    if (!is_plain_number(value.substr(0, cut))) return false;
     value.remove_prefix(cut + 1);
   }
-  return is_shift_count(count) && is_short_number(value);
+  return is_shift_count(count) && is_plain_number(value);
 }
 
 bool is_read_whole(value_kind kind, std::string_view value) {
@@ -109,15 +111,15 @@ bool is_read_whole(value_kind kind, std::string_view value) {
     case value_kind::flag:
       return value.empty();
     case value_kind::whole:
-      return is_short_number(value) && value.size() < 9 &&
+      return is_plain_number(value) && value.size() < 9 &&
              value.find('.') == std::string_view::npos;
     case value_kind::shift:
-      return are_short_numbers(value);
+      return are_plain_numbers(value);
     case value_kind::angle:
     case value_kind::number:
       break;
   }
-  return is_short_number(value);
+  return is_plain_number(value);
 }
 
 // The place of a key as it is usually spelled; that behind the last for none.
@@ -342,31 +344,12 @@ std::string_view Treport::whole_number(std::size_t index) const {
   return definition_.substr(begin, end - begin);
 }
 
-own_text sentence_of(loss_reason reason) {
-  switch (reason) {
-    case loss_reason::text_before:
-      return own_text::text_before;
-    case loss_reason::unknown_key:
-      return own_text::unknown_key;
-    case loss_reason::repeated_key:
-      return own_text::repeated_key;
-    case loss_reason::unread_value:
-      return own_text::unread_value;
-    case loss_reason::unread_tail:
-      return own_text::unread_tail;
-    case loss_reason::eighth_number:
-      return own_text::eighth_number;
-    case loss_reason::changed_number:
-      return own_text::changed_number;
-    case loss_reason::sphere_shift:
-      return own_text::sphere_shift;
-    case loss_reason::other_lon_wrap:
-      return own_text::other_lon_wrap;
-    case loss_reason::other_count:
-      break;
-  }
-  return own_text::other_count;
+// The sentences stand in the order of the reasons.
+constexpr own_text sentence_of(loss_reason reason) {
+  return static_cast<own_text>(static_cast<int>(own_text::text_before) + static_cast<int>(reason));
 }
+static_assert(sentence_of(loss_reason::unread_tail) == own_text::unread_tail &&
+              sentence_of(loss_reason::other_count) == own_text::other_count);
 
 }  // namespace
 

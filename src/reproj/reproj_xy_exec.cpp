@@ -294,19 +294,21 @@ bool Tzu_reproj_xy_exec::is_geographic_as_written(std::string const& text) {
   auto const context = make_lenient_context();
   if (!context) return false;
   auto system = create_system(context.get(), as_written(text));
-  // What is bound to a datum or joined with a height stands first.
-  while (system && proj_get_type(system.get()) == PJ_TYPE_BOUND_CRS)
-    system.reset(proj_get_source_crs(context.get(), system.get()));
-  while (system && proj_get_type(system.get()) == PJ_TYPE_COMPOUND_CRS)
-    system.reset(proj_crs_get_sub_crs(context.get(), system.get(), 0));
-  while (system && proj_get_type(system.get()) == PJ_TYPE_BOUND_CRS)
-    system.reset(proj_get_source_crs(context.get(), system.get()));
-  if (!system) return false;
-  auto const type = proj_get_type(system.get());
-  return type == PJ_TYPE_GEOGRAPHIC_2D_CRS || type == PJ_TYPE_GEOGRAPHIC_3D_CRS;
+  while (system) {
+    auto const type = proj_get_type(system.get());
+    // What is bound to a datum or joined with a height is inside.
+    if (type == PJ_TYPE_BOUND_CRS)
+      system.reset(proj_get_source_crs(context.get(), system.get()));
+    else if (type == PJ_TYPE_COMPOUND_CRS)
+      system.reset(proj_crs_get_sub_crs(context.get(), system.get(), 0));
+    else
+      return type == PJ_TYPE_GEOGRAPHIC_2D_CRS || type == PJ_TYPE_GEOGRAPHIC_3D_CRS;
+  }
+  return false;
 }
 
 std::string Tzu_reproj_xy_exec::find_name_taken(std::string const& text) {
+  if (!zu::proj_library::is_name(text)) return {};
   auto const context = make_lenient_context();
   if (!context) return {};
   auto const system = create_system(context.get(), as_written(text));

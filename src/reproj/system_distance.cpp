@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "basic/number.h"
 #include "proj4/proj4_str.h"
 #include "proj4/proj_library.h"
 #include "reproj/reproj_xy_exec.h"
@@ -51,6 +52,20 @@ std::optional<geographic_area> area_of_system(std::string const& system) {
   set.decompose();
   if (!set.get_proj().get_def()) return {};
   return area_around(set);
+}
+
+std::wstring tell_metres(moved_place const& moved) {
+  std::string text;
+  number::append_fixed(text, moved.metres, 3);
+  return strconv::from_system(text);
+}
+
+std::wstring tell_place(moved_place const& moved) {
+  std::string text;
+  number::append_fixed(text, moved.longitude, 4);
+  text.push_back(' ');
+  number::append_fixed(text, moved.latitude, 4);
+  return strconv::from_system(text);
 }
 
 std::optional<system_distance> compare_systems(std::string const& first, std::string const& second,

@@ -25,6 +25,12 @@ struct moved_place {
   double longitude = 0;
   double latitude = 0;
 };
+// For a user: the metres to the millimetre, and longitude and latitude.
+std::wstring tell_metres(moved_place const& moved);
+std::wstring tell_place(moved_place const& moved);
+// No further is the same place.
+inline constexpr double same_place_metres = 1e-3;
+
 struct system_distance {
   moved_place least;
   moved_place most;

@@ -10,7 +10,8 @@ namespace zu {
 enum class own_text {
   no_catalogue,  // stands before the folders that were looked for
   type_a_point,  // for who types a decimal comma
-  // What a definition lost on being read: "%1" is the piece, "%2" what is kept.
+  // What a definition lost on being read, in the order of its reasons: "%1" is the piece,
+  // "%2" what is kept.
   text_before,
   unknown_key,
   repeated_key,

@@ -9,7 +9,6 @@
 #include <stdexcept>
 
 #include "basic/file.h"
-#include "basic/number.h"
 #include "basic/str.h"
 #include "conversions.h"
 #include "error.h"
@@ -21,25 +20,10 @@
 #include "terminal.h"
 #include "text/own_texts.h"
 #include "text/strconv.h"
-#include "text/string_adapter.h"
 #include "text_lines.h"
-#include "zu_pj_edit/zu_pj4_layer.h"
 
 namespace comparisons {
 namespace {
-
-// The definition of a system in any notation.
-std::string definition_in_any(std::string const& text) {
-  if (text.find("+proj=") != std::string::npos) return text;
-  std::string const known = systems::known_to_proj(text);
-  if (known != text) return known;
-  std::wstring definition;
-  Tzu_std_wstring_adapter target(&definition);
-  zu::string_adp const adapter(target);
-  if (zu_pj4_import_crs(terminal::to_wide(text).c_str(), adapter.get()) == 0)
-    throw Terror("no coordinate system " + text_lines::in_one_line(text));
-  return terminal::from_wide(definition);
-}
 
 // What a definition says, by key; keys beyond the 21 are told as they stand.
 std::map<std::string, std::string> pieces_of(std::string const& definition) {
@@ -57,24 +41,6 @@ std::map<std::string, std::string> pieces_of(std::string const& definition) {
   return pieces;
 }
 
-std::wstring place_of(zu::moved_place const& place) {
-  std::string text;
-  zu::number::append_fixed(text, place.longitude, 4);
-  text.push_back(' ');
-  zu::number::append_fixed(text, place.latitude, 4);
-  return zu::strconv::from_system(text);
-}
-
-std::wstring metres_of(zu::moved_place const& place) {
-  std::string text;
-  zu::number::append_fixed(text, place.metres, 3);
-  return zu::strconv::from_system(text);
-}
-
-}  // namespace
-
-namespace {
-
 constexpr std::array<char const*, 5> kind_names{"reading", "operation", "limits", "dialog", "prj"};
 
 struct Tsubject {
@@ -87,7 +53,7 @@ Tsubject subject_of(std::string const& text) {
   bool const is_file = text.find('=') == std::string::npos && text.find('[') == std::string::npos &&
                        zu::file::exists(terminal::to_wide(text));
   if (is_file) whole = conversions::load(text);
-  std::string const definition = definition_in_any(whole);
+  std::string const definition = systems::definition_in_any(whole);
   return {terminal::to_library(definition),
           zu::strconv::to_utf8(terminal::to_wide(systems::known_to_proj(whole)))};
 }
@@ -136,8 +102,8 @@ int check(std::ostream& out, std::vector<std::string> const& texts, bool json, T
 }
 
 int diff(std::ostream& out, std::string const& first, std::string const& second) {
-  auto const left = pieces_of(terminal::to_library(definition_in_any(first)));
-  auto const right = pieces_of(terminal::to_library(definition_in_any(second)));
+  auto const left = pieces_of(terminal::to_library(systems::definition_in_any(first)));
+  auto const right = pieces_of(terminal::to_library(systems::definition_in_any(second)));
   bool differ = false;
   auto const print = [&](std::string const& one, std::string const& other) {
     differ = true;
@@ -160,12 +126,13 @@ int diff(std::ostream& out, std::string const& first, std::string const& second)
   auto const distance = area ? zu::compare_systems(system, system_of(second), *area) : std::nullopt;
   if (!distance) throw Terror("PROJ cannot compare coordinates of the two");
   auto const print_distance = [&out](zu::own_text which, zu::moved_place const& place) {
-    out << terminal::from_wide(zu::fill_own_text(which, metres_of(place), place_of(place))) << '\n';
+    out << terminal::from_wide(
+               zu::fill_own_text(which, zu::tell_metres(place), zu::tell_place(place)))
+        << '\n';
   };
   print_distance(zu::own_text::least_distance, distance->least);
   print_distance(zu::own_text::most_distance, distance->most);
-  constexpr double millimetre = 1e-3;
-  return differ || distance->most.metres > millimetre ? exit_some_failed : 0;
+  return differ || distance->most.metres > zu::same_place_metres ? exit_some_failed : 0;
 }
 
 }  // namespace comparisons

@@ -1,7 +1,6 @@
 // What definitions lose on being read, for who called the program.
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 

@@ -63,8 +63,14 @@ std::string known_to_proj(std::string const& text) {
 }
 
 std::string definition_of(std::string const& text) {
+  bool const is_code = may_be_id(text) && text.find(':') != std::string::npos;
+  return is_code ? definition_in_any(text) : known_to_proj(text);
+}
+
+std::string definition_in_any(std::string const& text) {
+  if (text.find("+proj=") != std::string::npos) return text;
   std::string const known = known_to_proj(text);
-  if (known != text || !may_be_id(text) || text.find(':') == std::string::npos) return known;
+  if (known != text) return known;
   std::wstring definition;
   Tzu_std_wstring_adapter target(&definition);
   zu::string_adp const adapter(target);

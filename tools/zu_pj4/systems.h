@@ -13,6 +13,9 @@ namespace systems {
 // Terror for an id that nobody has or that has no definition.
 std::string definition_of(std::string const& text);
 
+// The same of a system in any notation; a text with "+proj=" is a definition.
+std::string definition_in_any(std::string const& text);
+
 // The same of a known system and a zone only: PROJ knows the others itself.
 std::string known_to_proj(std::string const& text);
 
