@@ -52,7 +52,7 @@ void prepare_display() {
 // What the toolkit knows of a window runs ahead of the display server and lags
 // behind it; input goes by the server. Without a window manager nobody else
 // gives a new window the keyboard.
-bool has_keyboard(Tzu_vcl_form& form) {
+bool has_keyboard(wxTopLevelWindow& form) {
   GtkWidget* const widget = form.GetHandle();
   if (!is_x11()) return gtk_widget_get_mapped(widget) != 0;
   server_window const window(widget);

@@ -17,7 +17,7 @@ namespace platform {
 
 void prepare_display() {}
 
-bool has_keyboard(Tzu_vcl_form& form) {
+bool has_keyboard(wxTopLevelWindow& form) {
   HWND const window = form.GetHandle();
   if (GetForegroundWindow() == window) return true;
   SetForegroundWindow(window);

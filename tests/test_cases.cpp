@@ -261,14 +261,6 @@ std::string paste(scope& in, words const& a) {
   return to_utf8(result.note) + (result.taken ? editor.get_proj4_string() : "");
 }
 
-std::string paste_shift(scope& in, words const& a) {
-  auto& editor = catalogue_of(in).editor;
-  auto const numbers = zu::read_shift(from_utf8(a.at(0)));
-  if (!numbers) return "no shift";
-  editor.set_shifts(*numbers);
-  return editor.get_proj4_string();
-}
-
 std::string angle(scope& /*in*/, words const& a) {
   auto const value = zu::read_angle(from_utf8(a.at(0)));
   return value ? zu::number::format_double(*value) : "none";
@@ -515,7 +507,6 @@ case_file::operations const& case_file::of_program() {
   static operations const all{{"search", &search},
                               {"step", &step},
                               {"paste", &paste},
-                              {"paste_shift", &paste_shift},
                               {"tip", &tip},
                               {"angle", &angle},
                               {"try_point", &try_point},

@@ -6,6 +6,7 @@
 #include "basic/str.h"
 #include "finder/system_list.h"
 #include "interchange/proj4_conv.h"
+#include "pj_edit/edit_tips.h"
 #include "text/own_texts.h"
 #include "text/strconv.h"
 #include "text/string_adapter.h"
@@ -18,7 +19,15 @@ struct found_definition {
   std::wstring note;
 };
 
+// Several numbers and nothing else: PROJ's search by name finds systems for some.
+bool is_list_of_numbers(std::wstring const& text) {
+  constexpr wchar_t const* digits = L"0123456789";
+  return text.find_first_not_of(digits) != std::wstring::npos &&
+         text.find_first_not_of(L"0123456789.,;+- \t\r\n") == std::wstring::npos;
+}
+
 found_definition find_definition(std::wstring const& text) {
+  if (is_list_of_numbers(text)) return {};
   if (text.find(L"+proj=") != std::wstring::npos && strconv::has_system_spelling(text))
     return {strconv::to_system(text), {}};
   if (auto const shipped = definition_of_shipped(strconv::to_system(text))) return {*shipped, {}};
@@ -58,6 +67,11 @@ paste_result paste_definition(Tzu_pj_editor& editor, std::wstring const& text) {
   std::wstring trimmed = text;
   strutil::trim_inplace(trimmed);
   if (trimmed.empty()) return {false, get_own_text(own_text::paste_nothing)};
+  auto const shift = read_shift(trimmed);
+  if (shift && editor.state().kind != definition_kind::none) {
+    editor.set_shifts(*shift);
+    return {editor.is_datum_editable(), tell_ellipse(editor)};
+  }
   found_definition const found = find_definition(trimmed);
   if (found.text.empty()) return {false, fill_own_text(own_text::paste_unreadable, trimmed)};
   // What the form cannot show must not take the place of what it shows.

@@ -16,9 +16,9 @@ namespace zu {
 std::optional<std::array<double, 7>> read_shift(std::wstring_view text);
 
 // Takes a coordinate system in any notation into the editor: a definition, an id of a
-// known system or a zone, a code, WKT, PROJJSON, a URN, a name. Returns a sentence for
-// the user, or nothing; where the text cannot be taken nothing changes, and `taken` is
-// false.
+// known system or a zone, a code, WKT, PROJJSON, a URN, a name; or a datum shift alone,
+// where the datum is the user's own. Returns a sentence for the user, or nothing; where
+// the text cannot be taken nothing changes, and `taken` is false.
 struct paste_result {
   bool taken;
   std::wstring note;

@@ -165,13 +165,8 @@ void Tzu_vcl_pj_edit_form::on_copy_esri() {
 void Tzu_vcl_pj_edit_form::on_paste() {
   std::wstring const text = zu::vcl::text_on_clipboard();
   file_note_.clear();
-  auto const shift = zu::read_shift(text);
-  editor_->change([&](zu::Tzu_pj_editor& rules) {
-    if (shift && rules.is_datum_editable())
-      rules.set_shifts(*shift);
-    else
-      file_note_ = zu::paste_definition(rules, text).note;
-  });
+  editor_->change(
+      [&](zu::Tzu_pj_editor& rules) { file_note_ = zu::paste_definition(rules, text).note; });
 }
 
 void Tzu_vcl_pj_edit_form::on_find() {

@@ -77,6 +77,9 @@ class Tzu_vcl_dbl_edit : public Tzu_vcl_edit {
 
   // Fired after a number is accepted.
   std::function<void()> on_change;
+  // Gets the text that the user pastes. Returns whether it took it: then the edit's
+  // own text stays as it is.
+  std::function<bool(std::wstring const&)> on_paste;
   void call_on_change() const;
 
  protected:
@@ -85,6 +88,7 @@ class Tzu_vcl_dbl_edit : public Tzu_vcl_edit {
  private:
   void on_edit_key_press(wxKeyEvent& event);
   void on_edit_exit(wxFocusEvent& event);
+  void on_edit_paste(wxClipboardTextEvent& event);
   // Whether the letter is none of a number's.
   bool refuse_letter(wxKeyEvent const& event, wchar_t letter);
   void show_tip();
