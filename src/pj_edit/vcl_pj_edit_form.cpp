@@ -70,7 +70,7 @@ void Tzu_vcl_pj_edit_form::create() {
   zu::vcl::bind_guarded(*this, wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) { on_key(event); });
   zu::vcl::bind_guarded(*this, wxEVT_DROP_FILES,
                         [this](wxDropFilesEvent& event) { on_drop(event); });
-  DragAcceptFiles(true);
+  zu::vcl::platform::accept_dropped_files(*this);
   buttons_->on_apply = [this] { on_apply(); };
   buttons_->on_cancel = [this] { on_cancel(); };
   buttons_->on_load = [this] { on_load(); };

@@ -119,7 +119,13 @@ bool Tzu_vcl_form::Show(bool show) {
 }
 
 void Tzu_vcl_form::close_form() {
-  if (is_open()) EndModal(wxID_CANCEL);
+  if (!is_open()) return;
+  // A window over the form waits in a loop of its own, which must end first.
+  for (wxWindow* const child : GetChildren()) {
+    auto* const dialog = dynamic_cast<wxDialog*>(child);
+    if (dialog != nullptr && dialog->IsModal()) dialog->EndModal(wxID_CANCEL);
+  }
+  EndModal(wxID_CANCEL);
 }
 
 bool Tzu_vcl_form::commit_edits() { return commit_all(*this); }

@@ -27,7 +27,8 @@ void Tzu_vcl_result_strip::create() {
   text_->SetMinSize(wxSize(FromDIP(least_text_width), wxDefaultCoord));
   undo_ = add_button([this] { call(on_undo); });
   redo_ = add_button([this] { call(on_redo); });
-  menu_ = add_button([this] { show_menu(); });
+  // A screen reader's press of the button ends before the menu's loop begins.
+  menu_ = add_button([this] { zu::vcl::call_after_guarded(*this, [this] { show_menu(); }); });
   auto* const row = zu::vcl::make_sizer<wxBoxSizer>(wxHORIZONTAL);
   int const gap = FromDIP(margin);
   row->Add(text_, wxSizerFlags(1).CentreVertical().Border(wxLEFT | wxTOP | wxBOTTOM, gap));
