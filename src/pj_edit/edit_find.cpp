@@ -1,10 +1,13 @@
 #include "pj_edit/edit_find.h"
 
 #include <algorithm>
+#include <atomic>
 #include <exception>
+#include <memory>
 #include <utility>
 
 #include "basic/number.h"
+#include "basic/thread.h"
 #include "pj_edit/edit_note.h"
 #include "text/own_texts.h"
 #include "text/strconv.h"
@@ -14,8 +17,11 @@ namespace {
 
 struct Tshared {
   std::unique_ptr<Tsystem_search> search;
-  bool is_whole = false;
   std::vector<std::string> taken;  // ids, the last first
+  // Made by the thread; taken over when it says so.
+  std::unique_ptr<Tsystem_search> whole;
+  std::atomic<bool> is_made{false};
+  Tthread thread;  // ends before the others go
 };
 
 // For the life of the process: making the list anew would take its time again.
@@ -24,48 +30,42 @@ Tshared& shared() {
   return all;
 }
 
+void load(void* context) {
+  auto* const all = static_cast<Tshared*>(context);
+  try {
+    all->whole->add(list_database_systems());
+    all->is_made = true;
+  } catch (std::exception const&) {
+    // Without memory for it the list stays as short as it is.
+  }
+}
+
 std::wstring wide_number(double value) {
   return strconv::from_system(number::format_double(value, 6));
 }
 
 }  // namespace
 
-Tsystem_finder::Tsystem_finder() {
+namespace system_finder {
+
+void start() {
   Tshared& all = shared();
-  if (!all.search) {
-    all.search = std::make_unique<Tsystem_search>();
-    all.search->add(list_shipped_systems());
-  }
-  if (all.is_whole) return;
-  loaded_ = std::make_unique<Tsystem_search>();
-  loaded_->add(all.search->systems());
-  thread_.start(&Tsystem_finder::load, this);
+  if (all.search) return;
+  all.search = std::make_unique<Tsystem_search>();
+  all.search->add(list_shipped_systems());
+  all.whole = std::make_unique<Tsystem_search>(*all.search);
+  all.thread.start(&load, &all);
 }
 
-Tsystem_finder::~Tsystem_finder() {
-  thread_.join();
-  has_more();
-}
-
-void Tsystem_finder::load(void* context) {
-  auto* const self = static_cast<Tsystem_finder*>(context);
-  try {
-    self->loaded_->add(list_database_systems());
-    self->is_loaded_ = true;
-  } catch (std::exception const&) {
-    // Without memory for it the list stays as short as it is.
-  }
-}
-
-bool Tsystem_finder::has_more() {
-  if (!is_loaded_.exchange(false)) return false;
-  shared().search = std::move(loaded_);
-  shared().is_whole = true;
+bool has_more() {
+  Tshared& all = shared();
+  if (!all.is_made.exchange(false)) return false;
+  all.thread.join();
+  all.search = std::move(all.whole);
   return true;
 }
 
-std::vector<listed_system const*> Tsystem_finder::find(std::wstring const& words,
-                                                       bool deprecated) const {
+std::vector<listed_system const*> find(std::wstring const& words, bool deprecated) {
   Tsystem_search const& search = *shared().search;
   std::vector<listed_system const*> rows;
   search_request request;
@@ -87,7 +87,7 @@ std::vector<listed_system const*> Tsystem_finder::find(std::wstring const& words
   return rows;
 }
 
-void Tsystem_finder::remember(listed_system const& system) {
+void remember(listed_system const& system) {
   constexpr std::size_t most = 10;
   auto& taken = shared().taken;
   std::string const id = system.id;
@@ -95,6 +95,8 @@ void Tsystem_finder::remember(listed_system const& system) {
   taken.insert(taken.begin(), id);
   if (taken.size() > most) taken.pop_back();
 }
+
+}  // namespace system_finder
 
 std::wstring tell_row(listed_system const& system) {
   std::wstring row = strconv::from_utf8(system.name);

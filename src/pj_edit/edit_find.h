@@ -2,47 +2,34 @@
 // before. Free of the form toolkit.
 #pragma once
 
-#include <atomic>
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "basic/thread.h"
 #include "finder/system_search.h"
 #include "pj_edit/edit_rules.h"
 
 namespace zu {
 
-// The list is made once in a process: the known systems and zones at once, PROJ's
-// systems by a thread, for a tenth of a second. On the dialog's thread only.
-class Tsystem_finder {
- public:
-  static constexpr std::size_t most_rows = 200;
+// The list of systems, once in a process: the known systems and zones are there at once,
+// PROJ's systems a tenth of a second later, by a thread. On the dialog's thread only.
+namespace system_finder {
 
-  // Starts what is to be made.
-  Tsystem_finder();
-  ~Tsystem_finder();
-  Tsystem_finder(Tsystem_finder const&) = delete;
-  Tsystem_finder& operator=(Tsystem_finder const&) = delete;
+constexpr std::size_t most_rows = 200;
 
-  // Whether the list has got longer since the last call.
-  bool has_more();
+// Starts what is to be made and is not yet.
+void start();
 
-  // What fits, the best first; without words what was taken before in this process
-  // stands first. The systems live until has_more tells of more.
-  std::vector<listed_system const*> find(std::wstring const& words, bool deprecated) const;
+// Whether the list has got longer since the last call.
+bool has_more();
 
-  // Puts a system before others while nothing is searched for.
-  static void remember(listed_system const& system);
+// What fits, the best first; without words what was taken before in this process stands
+// first. The systems live until has_more tells of more.
+std::vector<listed_system const*> find(std::wstring const& words, bool deprecated);
 
- private:
-  static void load(void* context);
+// Puts a system before others while nothing is searched for.
+void remember(listed_system const& system);
 
-  // Made by the thread; taken over when it says so.
-  std::unique_ptr<Tsystem_search> loaded_;
-  std::atomic<bool> is_loaded_{false};
-  Tthread thread_;
-};
+}  // namespace system_finder
 
 // A row of the list: name, code and area.
 std::wstring tell_row(listed_system const& system);

@@ -54,7 +54,7 @@ void Tzu_vcl_pj_find::create() {
   zu::vcl::bind_guarded(*this, wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) { on_key(event); });
   waiting_.SetOwner(this);
   zu::vcl::bind_guarded(*this, wxEVT_TIMER, [this] {
-    if (!finder_.has_more()) return;
+    if (!zu::system_finder::has_more()) return;
     waiting_.Stop();
     search();
   });
@@ -77,6 +77,7 @@ void Tzu_vcl_pj_find::create() {
 }
 
 bool Tzu_vcl_pj_find::execute() {
+  zu::system_finder::start();
   search();
   waiting_.Start(look_again_ms);
   words_->SetFocus();
@@ -86,7 +87,7 @@ bool Tzu_vcl_pj_find::execute() {
 }
 
 void Tzu_vcl_pj_find::search() {
-  rows_ = finder_.find(words_->get_text(), deprecated_->GetValue());
+  rows_ = zu::system_finder::find(words_->get_text(), deprecated_->GetValue());
   wxArrayString texts;
   for (zu::listed_system const* const row : rows_) texts.push_back(zu::tell_row(*row));
   list_->Set(texts);
@@ -116,7 +117,7 @@ void Tzu_vcl_pj_find::show_details() {
 void Tzu_vcl_pj_find::take() {
   int const row = list_->GetSelection();
   if (definition_.empty() || row < 0) return;
-  zu::Tsystem_finder::remember(*rows_[static_cast<std::size_t>(row)]);
+  zu::system_finder::remember(*rows_[static_cast<std::size_t>(row)]);
   EndModal(wxID_OK);
 }
 

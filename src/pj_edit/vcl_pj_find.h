@@ -37,7 +37,6 @@ class Tzu_vcl_pj_find : public zu::vcl::Tmodal<wxDialog> {
   void on_key(wxKeyEvent& event);
 
   zu::catalogue_lists lists_;
-  zu::Tsystem_finder finder_;
   std::vector<zu::listed_system const*> rows_;
   std::string definition_;
   Tzu_vcl_edit* words_ = nullptr;

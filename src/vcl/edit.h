@@ -17,6 +17,9 @@ class Tzu_vcl_edit : public wxTextCtrl {
   // Fires no event.
   void set_text(std::wstring const& text);
 
+  // What is for reading only can be copied by key.
+  bool AcceptsFocusFromKeyboard() const override { return AcceptsFocus(); }
+
  protected:
   wxSize DoGetBestSize() const override;
 

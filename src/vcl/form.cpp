@@ -123,7 +123,7 @@ void Tzu_vcl_form::close_form() {
   // A window over the form waits in a loop of its own, which must end first.
   for (wxWindow* const child : GetChildren()) {
     auto* const dialog = dynamic_cast<wxDialog*>(child);
-    if (dialog != nullptr && dialog->IsModal()) dialog->EndModal(wxID_CANCEL);
+    if (dialog != nullptr && dialog->IsModal() && dialog->IsShown()) dialog->EndModal(wxID_CANCEL);
   }
   EndModal(wxID_CANCEL);
 }

@@ -22,7 +22,9 @@ void call(std::function<void()> const& event) {
 Tzu_vcl_result_strip::Tzu_vcl_result_strip(wxWindow* parent) : Tzu_vcl_panel(parent) {}
 
 void Tzu_vcl_result_strip::create() {
-  text_ = zu::vcl::make_child<Tzu_vcl_edit>(this, std::wstring(), static_cast<long>(wxTE_READONLY));
+  text_ = zu::vcl::make_child<Tzu_vcl_edit>(this);
+  // The system leaves out of the keyboard's way what is made so.
+  text_->SetEditable(false);
   text_->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
   text_->SetMinSize(wxSize(FromDIP(least_text_width), wxDefaultCoord));
   undo_ = add_button([this] { call(on_undo); });
