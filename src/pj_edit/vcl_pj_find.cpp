@@ -1,5 +1,7 @@
 #include "pj_edit/vcl_pj_find.h"
 
+#include <wx/wupdlock.h>
+
 #include <algorithm>
 
 #include "pj_edit/panel_tools.h"
@@ -90,7 +92,11 @@ void Tzu_vcl_pj_find::search() {
   rows_ = zu::system_finder::find(words_->get_text(), deprecated_->GetValue());
   wxArrayString texts;
   for (zu::listed_system const* const row : rows_) texts.push_back(zu::tell_row(*row));
-  list_->Set(texts);
+  {
+    // The system would paint the list anew with each row.
+    wxWindowUpdateLocker const lock(list_);
+    list_->Set(texts);
+  }
   choose(0);
 }
 
