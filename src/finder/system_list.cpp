@@ -213,6 +213,7 @@ std::string const& listed_system::get_area() const {
 
 std::vector<listed_system> list_shipped_systems() {
   std::vector<listed_system> systems;
+  systems.reserve(known_systems.size());
   for (known_system const& row : known_systems) systems.push_back(list_known(row));
   for (Tzu_pj_proj_def const& zone : Tzu_pj_def_dbf::instance().get_zone_defs())
     systems.push_back(list_zone(zone));

@@ -124,8 +124,9 @@ std::vector<std::size_t> Tsystem_search::find(search_request const& request,
     double size;
     std::size_t length;
     std::size_t place;
-
-    auto operator<=>(Tfound const&) const = default;
+  };
+  auto const order = [](Tfound const& each) {
+    return std::tie(each.rank, each.missing, each.origin, each.size, each.length, each.place);
   };
   std::vector<Tfound> found;
   std::string_view const all = text_;
@@ -155,7 +156,7 @@ std::vector<std::size_t> Tsystem_search::find(search_request const& request,
     found.push_back(each);
   }
   limit = std::min(limit, found.size());
-  std::ranges::partial_sort(found, found.begin() + static_cast<std::ptrdiff_t>(limit));
+  std::ranges::partial_sort(found, found.begin() + static_cast<std::ptrdiff_t>(limit), {}, order);
   std::vector<std::size_t> places(limit);
   std::transform(found.begin(), found.begin() + static_cast<std::ptrdiff_t>(limit), places.begin(),
                  [](Tfound const& each) { return each.place; });

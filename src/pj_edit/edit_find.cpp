@@ -57,6 +57,8 @@ void start() {
   all.thread.start(&load, &all);
 }
 
+void finish() { shared().thread.join(); }
+
 bool has_more() {
   Tshared& all = shared();
   if (!all.is_made.exchange(false)) return false;

@@ -19,6 +19,9 @@ constexpr std::size_t most_rows = 200;
 // Starts what is to be made and is not yet.
 void start();
 
+// Waits for what is being made: no thread is left to a host.
+void finish();
+
 // Whether the list has got longer since the last call.
 bool has_more();
 

@@ -20,24 +20,27 @@ int side_of(wchar_t c) {
   return std::wstring_view(L"SsWwЮюЗз").find(c) != std::wstring_view::npos ? -1 : 0;
 }
 
-}  // namespace
-
-std::optional<double> read_angle(std::wstring_view text) {
-  std::wstring trimmed(text);
-  strutil::trim_inplace(trimmed);
-  int side = 0;
-  if (!trimmed.empty() && (side = side_of(trimmed.front())) != 0) {
-    trimmed.erase(0, 1);
-  } else if (!trimmed.empty()) {
-    // An "s" behind a number may be its seconds.
-    bool const is_seconds = trimmed.back() == L's' && trimmed.find(L'm') != std::wstring::npos;
-    side = is_seconds ? 0 : side_of(trimmed.back());
-    if (side != 0) trimmed.pop_back();
+// Removes such a letter from either end, and tells of it.
+int take_side(std::wstring& text) {
+  if (text.empty()) return 0;
+  int const side = side_of(text.front());
+  if (side != 0) {
+    text.erase(0, 1);
+    return side;
   }
+  // An "s" behind a number may be its seconds.
+  if (text.back() == L's' && text.find(L'm') != std::wstring::npos) return 0;
+  int const last = side_of(text.back());
+  if (last != 0) text.pop_back();
+  return last;
+}
+
+// Degrees, minutes, seconds; those that are not given are zero.
+std::optional<std::array<double, 3>> read_parts(std::wstring const& text) {
   std::array<double, 3> parts{};
   std::size_t count = 0;
   std::string piece;
-  for (wchar_t const c : trimmed + L" ") {
+  for (wchar_t const c : text + L" ") {
     if ((c >= L'0' && c <= L'9') || c == L'.' || c == L'-' || c == L'+') {
       piece.push_back(static_cast<char>(c));
       continue;
@@ -50,10 +53,21 @@ std::optional<double> read_angle(std::wstring_view text) {
     ++count;
     piece.clear();
   }
-  if (count == 0 || parts[1] >= 60 || parts[2] >= 60) return {};
-  bool const is_negative = std::signbit(parts[0]);
+  return count == 0 || parts[1] >= 60 || parts[2] >= 60 ? std::nullopt : std::optional(parts);
+}
+
+}  // namespace
+
+std::optional<double> read_angle(std::wstring_view text) {
+  std::wstring trimmed(text);
+  strutil::trim_inplace(trimmed);
+  int const side = take_side(trimmed);
+  auto const parts = read_parts(trimmed);
+  if (!parts) return {};
+  auto const [degrees, minutes, seconds] = *parts;
+  bool const is_negative = std::signbit(degrees);
   if (is_negative && side != 0) return {};
-  double const size = std::abs(parts[0]) + parts[1] / 60 + parts[2] / 3600;
+  double const size = std::abs(degrees) + minutes / 60 + seconds / 3600;
   return is_negative || side < 0 ? -size : size;
 }
 

@@ -11,6 +11,7 @@
 #include "basic/str.h"
 #include "catalogue/catalogue.h"
 #include "pj_edit/edit_files.h"
+#include "pj_edit/edit_find.h"
 #include "pj_edit/edit_note.h"
 #include "pj_edit/edit_paste.h"
 #include "pj_edit/panel_tools.h"
@@ -118,6 +119,7 @@ char const* Tzu_vcl_pj_edit_form::pj_edit(char const* text, unsigned char* chang
   file_note_.clear();
   refresh_note();
   show_modal();
+  zu::system_finder::finish();
   result_text_ = applied_ ? editor_->get_proj4_string() : source_text_;
   *changed = applied_ ? 1 : 0;
   return result_text_.c_str();

@@ -189,7 +189,7 @@ void Tzu_vcl_dbl_edit::on_edit_exit(wxFocusEvent& event) {
   zu::vcl::call_after_guarded(*this, [this, text = get_text()] { show_refusal_after_exit(text); });
 }
 
-void Tzu_vcl_dbl_edit::on_edit_paste(wxClipboardTextEvent& event) {
+void Tzu_vcl_dbl_edit::on_edit_paste(wxClipboardTextEvent& event) const {
   if (!on_paste || !on_paste(zu::vcl::text_on_clipboard())) event.Skip();
 }
 

@@ -91,7 +91,7 @@ class Tzu_vcl_dbl_edit : public Tzu_vcl_edit {
  private:
   void on_edit_key_press(wxKeyEvent& event);
   void on_edit_exit(wxFocusEvent& event);
-  void on_edit_paste(wxClipboardTextEvent& event);
+  void on_edit_paste(wxClipboardTextEvent& event) const;
   // Whether the letter is none of a number's.
   bool refuse_letter(wxKeyEvent const& event, wchar_t letter);
   void show_tip();
