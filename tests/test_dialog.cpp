@@ -275,7 +275,11 @@ TEST_F(dialog, speaks_both_languages_and_fits_its_window) {
 }
 
 TEST_F(dialog, tab_walks_in_reading_order) {
-  open_dialog(moscow_tm, [](Tform& form) {
+  open_dialog("", [](Tform& form) {
+    // What appears late has its place, too.
+    pick(type(form), L"Usual projections");
+    pick(datum(form), L"_Custom");
+    focus(type(form));
     std::vector<wxWindow*> order{&type(form),
                                  form.get_editor()->get_proj()->get_usual()->get_selbox()};
     for (auto const which : {proj_number::lon_0, proj_number::lat_0, proj_number::k_0,
@@ -286,8 +290,8 @@ TEST_F(dialog, tab_walks_in_reading_order) {
     order.push_back(&ellipse(form));
     // The ellipsoid's two numbers are for reading, and for copying by key.
     order.insert(order.end(), 2, nullptr);
-    // Nothing has been done, so that there is no step back.
     order.push_back(form.get_result()->get_edit());
+    order.push_back(form.get_result()->get_undo());
     order.push_back(form.get_result()->get_menu());
     for (auto const button : {Tbar::save, Tbar::load, Tbar::apply, Tbar::cancel})
       order.push_back(form.get_buttons()->get_button(button));

@@ -147,6 +147,7 @@ void Tzu_vcl_form::fit_to_content() {
     if (IsShown()) Move(keep_on_screen({GetPosition(), size + frame}, screen));
   }
   layout_all(*this);
+  zu::vcl::platform::renew_tab_order(*this);
 }
 
 Tzu_vcl_form* Tzu_vcl_form::find_form(wxWindow* window) {

@@ -175,6 +175,13 @@ void watch_list(wxWindow& /*list*/, std::function<void()> const& /*open*/,
 // it does not know the part of a list that gets it.
 void focus_first(wxWindow& list) { gtk_widget_child_focus(list.GetHandle(), GTK_DIR_TAB_FORWARD); }
 
+// The toolkit leaves out what has nothing for the keyboard when it makes the order, and
+// makes it anew only when a control is added.
+void renew_tab_order(wxWindow& window) {
+  window.m_dirtyTabOrder = true;
+  for (wxWindow* const child : window.GetChildren()) renew_tab_order(*child);
+}
+
 void accept_dropped_files(wxWindow& window) { window.DragAcceptFiles(true); }
 
 void relate_label(wxWindow& label, wxWindow& control) {

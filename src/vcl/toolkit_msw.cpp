@@ -117,6 +117,7 @@ void watch_list(wxWindow& list, std::function<void()> const& open,
 
 // The system gives it the keyboard by itself.
 void focus_first(wxWindow& /*list*/) {}
+void renew_tab_order(wxWindow& /*window*/) {}
 
 // The toolkit is built without drag and drop of its own.
 void accept_dropped_files(wxWindow& window) { DragAcceptFiles(window.GetHandle(), TRUE); }
