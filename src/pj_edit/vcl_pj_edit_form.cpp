@@ -95,6 +95,7 @@ void Tzu_vcl_pj_edit_form::load_rc() {
                       {},
                       {text(zu::own_text::find_system), [this] { on_find(); }},
                       {text(zu::own_text::try_point), [this] { on_try(); }}});
+  set_added_height(result_->GetEffectiveMinSize().y);
   buttons_->load_rc();
   catalogue_note_ =
       zu::tell_catalogue(Tzu_pj_dbf::get_missing_folders(), zu::get_catalogue_faults());

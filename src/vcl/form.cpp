@@ -136,6 +136,7 @@ void Tzu_vcl_form::fit_to_content() {
   // The inside is what counts: window managers may add the frame later.
   wxSize const before = GetClientSize();
   wxSize size = zu::vcl::scaled(*this, wxSize(least_width, least_height)) - frame;
+  size.y += added_height_;
   if (IsShown()) size.IncTo(before);
   wxSize const room = screen.GetSize() - frame;
   if (GetSizer() != nullptr) size.IncTo(room_for_content(*GetSizer(), room));
@@ -147,6 +148,8 @@ void Tzu_vcl_form::fit_to_content() {
     if (IsShown()) Move(keep_on_screen({GetPosition(), size + frame}, screen));
   }
   layout_all(*this);
+  // Windows copies a control's picture to its new place, and may copy it too far.
+  if (size != before) Refresh();
   zu::vcl::platform::renew_tab_order(*this);
 }
 
