@@ -134,6 +134,7 @@ bool has_keyboard(wxTopLevelWindow& form);
 bool is_settled(wxWindow const& control);
 void turn_wheel();
 void pick(Tzu_vcl_selbox& list, int position);
+void drop_file(wxWindow& window, std::wstring const& name);
 
 }  // namespace platform
 }  // namespace gui

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <memory>
 #include <string_view>
 
 #include "gui_support.h"
@@ -98,6 +99,16 @@ void turn_wheel() {
 void pick(Tzu_vcl_selbox& list, int position) {
   list.SetFocus();
   gtk_combo_box_set_active(GTK_COMBO_BOX(list.GetHandle()), position);
+}
+
+// What the toolkit makes of the server's messages.
+void drop_file(wxWindow& window, std::wstring const& name) {
+  // The event deletes an array.
+  // NOLINTNEXTLINE(modernize-avoid-c-arrays)
+  auto names = std::make_unique<wxString[]>(1);
+  names[0] = name;
+  wxDropFilesEvent event(wxEVT_DROP_FILES, 1, names.release());
+  window.HandleWindowEvent(event);
 }
 
 }  // namespace platform

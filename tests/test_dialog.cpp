@@ -211,6 +211,14 @@ TEST_F(dialog, loads_files_of_both_types) {
     cancel(form);
   };
   EXPECT_EQ(open_dialog(moscow_tm, loaded_and_cancelled).text, moscow_tm);
+  auto const drop_two = [&](Tform& form) {
+    gui::platform::drop_file(form, chosen(L"text.pj4"));
+    EXPECT_TRUE(form.get_note()->IsShownOnScreen());
+    EXPECT_EQ(type(form).get_active_caption(), L"Usual projections");
+    gui::platform::drop_file(form, chosen(L"plain.pj4"));
+    apply(form);
+  };
+  EXPECT_EQ(open_dialog(moscow_tm, drop_two).text, pulkovo_zone_7);
 }
 
 TEST_F(dialog, saves_files_of_both_types) {
@@ -387,13 +395,13 @@ void run_in_window(Tform& form, int key, std::function<void(Window&)> const& scr
   // The window's own loop runs within the press of the key.
   wxTimer look;
   look.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
-    Window* const window = find_window<Window>();
+    auto* const window = find_window<Window>();
     bool const is_there = window != nullptr && platform::has_keyboard(*window);
     if (!is_there && ++looks < patience) return;
     look.Stop();
     EXPECT_TRUE(is_there) << "no window comes up, or it gets no keys";
     if (is_there) script(*window);
-    if (Window* const left = find_window<Window>()) {
+    if (auto* const left = find_window<Window>()) {
       ADD_FAILURE() << "the window stays open";
       left->EndModal(wxID_CANCEL);
     }

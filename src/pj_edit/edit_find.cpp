@@ -83,8 +83,8 @@ std::vector<listed_system const*> find(std::wstring const& words, bool deprecate
   std::size_t const before = rows.size();
   for (std::size_t const place : search.find(request, most_rows)) {
     listed_system const* const system = &search.systems()[place];
-    auto const taken = rows.begin() + static_cast<std::ptrdiff_t>(before);
-    if (std::find(rows.begin(), taken, system) == taken) rows.push_back(system);
+    auto const taken = std::span(rows).first(before);
+    if (std::ranges::find(taken, system) == taken.end()) rows.push_back(system);
   }
   return rows;
 }

@@ -69,7 +69,7 @@ std::string definition_of(std::string const& text) {
 
 std::string definition_in_any(std::string const& text) {
   if (text.find("+proj=") != std::string::npos) return text;
-  std::string const known = known_to_proj(text);
+  std::string known = known_to_proj(text);
   if (known != text) return known;
   std::wstring definition;
   Tzu_std_wstring_adapter target(&definition);

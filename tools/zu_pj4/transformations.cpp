@@ -200,7 +200,8 @@ std::string describe(std::string const& text, bool is_short, Tlosses const& loss
   std::erase(told, L'\r');
   for (auto const& [id, name, confidence] : zu::find_system_names(definition)) {
     bool const is_known = id == name;
-    std::wstring const wide = zu::strconv::from_utf8(is_known ? id : id + ", " + name);
+    std::wstring wide = zu::strconv::from_utf8(id);
+    if (!is_known) wide.append(L", ").append(zu::strconv::from_utf8(name));
     told += zu::fill_own_text(is_known ? zu::own_text::known_as : zu::own_text::likely_code, wide,
                               std::to_wstring(confidence));
     told += L'\n';
