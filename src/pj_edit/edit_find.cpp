@@ -4,6 +4,7 @@
 #include <atomic>
 #include <exception>
 #include <memory>
+#include <span>
 #include <utility>
 
 #include "basic/number.h"
