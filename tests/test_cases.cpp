@@ -13,10 +13,10 @@
 #include "case_file.h"
 #include "catalogue_tables.h"
 #include "fed_by.h"
-#include "finder/system_search.h"
 #include "interchange/known_systems.h"
 #include "interchange/proj4_conv.h"
 #include "pj_edit/edit_files.h"
+#include "pj_edit/edit_find.h"
 #include "pj_edit/edit_history.h"
 #include "pj_edit/edit_note.h"
 #include "pj_edit/edit_paste.h"
@@ -478,18 +478,29 @@ std::string transform(scope& /*in*/, words const& a) {
   return reproj.apply(&point.at(0), &point.at(1)) ? text_of(point) : "failed";
 }
 
+// As the dialog searches when its list is whole.
+std::vector<zu::listed_system const*> find_systems(std::string const& text, bool deprecated) {
+  zu::system_finder::start();
+  zu::system_finder::finish();
+  zu::system_finder::has_more();
+  return zu::system_finder::find(from_utf8(text), deprecated);
+}
+
 // The id of what comes first.
 std::string search(scope& /*in*/, words const& a) {
-  static zu::Tsystem_search const all = [] {
-    zu::Tsystem_search made;
-    made.add(zu::list_shipped_systems());
-    made.add(zu::list_database_systems());
-    return made;
-  }();
-  zu::search_request request;
-  request.words = a.at(0);
-  auto const found = all.find(request, 1);
-  return found.empty() ? "" : all.systems().at(found.front()).id;
+  auto const rows = find_systems(a.at(0), false);
+  return rows.empty() ? "" : rows.front()->id;
+}
+
+// What is told of the row that comes first, deprecated ones with it, which is taken.
+std::string take(scope& in, words const& a) {
+  speak(a.at(0));
+  auto const rows = find_systems(a.at(1), true);
+  std::string definition;
+  std::wstring const text = zu::tell_row(*rows.at(0)) + L"\n" +
+                            zu::tell_system(*rows[0], catalogue_of(in).editor.lists(), definition);
+  zu::system_finder::remember(*rows[0]);
+  return to_utf8(text);
 }
 
 std::string box(scope& /*in*/, words const& a) {
@@ -505,6 +516,7 @@ std::string box(scope& /*in*/, words const& a) {
 
 case_file::operations const& case_file::of_program() {
   static operations const all{{"search", &search},
+                              {"take", &take},
                               {"step", &step},
                               {"paste", &paste},
                               {"tip", &tip},
