@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Written when the program ends, also when a test of its death ends it.
+// Written when the program ends. Whoever runs it again wants the last record only.
 class Trecord {
  public:
   Trecord() {
@@ -26,7 +26,7 @@ class Trecord {
   }
   ~Trecord() {
     if (content_.empty()) return;
-    std::ofstream file(file_, std::ios::binary | std::ios::app);
+    std::ofstream file(file_, std::ios::binary);
     if (!(file << content_).flush()) std::cerr << "cannot write the record " << file_ << '\n';
   }
   Trecord(Trecord const&) = delete;

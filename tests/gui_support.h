@@ -129,11 +129,12 @@ namespace platform {
 // Called before a form comes up.
 void prepare_display();
 // Whether the keys go to a form that is on the screen; asks for them.
-bool has_keyboard(Tzu_vcl_form& form);
+bool has_keyboard(wxTopLevelWindow& form);
 // Whether the window system has the control where the toolkit says it is.
 bool is_settled(wxWindow const& control);
 void turn_wheel();
 void pick(Tzu_vcl_selbox& list, int position);
+void drop_file(wxWindow& window, std::wstring const& name);
 
 }  // namespace platform
 }  // namespace gui

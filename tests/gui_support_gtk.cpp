@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <memory>
 #include <string_view>
 
 #include "gui_support.h"
@@ -52,7 +53,7 @@ void prepare_display() {
 // What the toolkit knows of a window runs ahead of the display server and lags
 // behind it; input goes by the server. Without a window manager nobody else
 // gives a new window the keyboard.
-bool has_keyboard(Tzu_vcl_form& form) {
+bool has_keyboard(wxTopLevelWindow& form) {
   GtkWidget* const widget = form.GetHandle();
   if (!is_x11()) return gtk_widget_get_mapped(widget) != 0;
   server_window const window(widget);
@@ -98,6 +99,16 @@ void turn_wheel() {
 void pick(Tzu_vcl_selbox& list, int position) {
   list.SetFocus();
   gtk_combo_box_set_active(GTK_COMBO_BOX(list.GetHandle()), position);
+}
+
+// What the toolkit makes of the server's messages.
+void drop_file(wxWindow& window, std::wstring const& name) {
+  // The event deletes an array.
+  // NOLINTNEXTLINE(modernize-avoid-c-arrays)
+  auto names = std::make_unique<wxString[]>(1);
+  names[0] = name;
+  wxDropFilesEvent event(wxEVT_DROP_FILES, 1, names.release());
+  window.HandleWindowEvent(event);
 }
 
 }  // namespace platform

@@ -1,6 +1,9 @@
 #include "gui_support.h"
 
+#include <shlobj.h>
 #include <windows.h>
+
+#include <cstring>
 // After the system's header.
 #include <gtest/gtest.h>
 
@@ -17,7 +20,7 @@ namespace platform {
 
 void prepare_display() {}
 
-bool has_keyboard(Tzu_vcl_form& form) {
+bool has_keyboard(wxTopLevelWindow& form) {
   HWND const window = form.GetHandle();
   if (GetForegroundWindow() == window) return true;
   SetForegroundWindow(window);
@@ -57,6 +60,19 @@ void pick(Tzu_vcl_selbox& list, int position) {
   EXPECT_TRUE(wait_until(is_marked)) << "the entry is not marked";
   press(WXK_RETURN);
   EXPECT_TRUE(wait_until([&] { return !is_dropped_down(list); })) << "the list does not close";
+}
+
+void drop_file(wxWindow& window, std::wstring const& name) {
+  std::size_t const size = (name.size() + 2) * sizeof(wchar_t);
+  HGLOBAL const memory = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, sizeof(DROPFILES) + size);
+  ASSERT_NE(memory, nullptr);
+  auto* const files = static_cast<DROPFILES*>(GlobalLock(memory));
+  files->pFiles = sizeof(DROPFILES);
+  files->fWide = TRUE;
+  std::memcpy(files + 1, name.c_str(), size - sizeof(wchar_t));
+  GlobalUnlock(memory);
+  // The window frees the memory.
+  SendMessageW(window.GetHandle(), WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
 }
 
 }  // namespace platform

@@ -16,7 +16,12 @@
 #include "interchange/known_systems.h"
 #include "interchange/proj4_conv.h"
 #include "pj_edit/edit_files.h"
+#include "pj_edit/edit_find.h"
+#include "pj_edit/edit_history.h"
 #include "pj_edit/edit_note.h"
+#include "pj_edit/edit_paste.h"
+#include "pj_edit/edit_tips.h"
+#include "pj_edit/point_trial.h"
 #include "proj4/short_text.h"
 #include "reproj/reproj_d2.h"
 #include "text/rc.h"
@@ -165,6 +170,12 @@ struct catalogue {
   Tzu_datum_def_dbf datums;
   zu::Tzu_pj_editor editor{{projections.get_proj_defs(), projections.get_zone_defs(),
                             datums.get_datum_defs(), datums.get_ellipse_defs()}};
+  zu::Tedit_history history;
+
+  catalogue() {
+    history.start(editor.step());
+    editor.on_change = [this] { history.record(editor.step()); };
+  }
 };
 
 catalogue& catalogue_of(scope& in) {
@@ -234,10 +245,60 @@ std::string choose(scope& in, words const& a) {
   return shown(in);
 }
 
+// "undo" or "redo": whether there are more, and the definition then.
+std::string step(scope& in, words const& a) {
+  auto& [projections, datums, editor, history] = catalogue_of(in);
+  editor.set_step(a.at(0) == "undo" ? history.undo() : history.redo());
+  return std::string(history.can_undo() ? "<" : "") + (history.can_redo() ? "> " : " ") +
+         editor.get_proj4_string();
+}
+
+// What is told of a paste, or the definition then.
+std::string paste(scope& in, words const& a) {
+  auto& editor = catalogue_of(in).editor;
+  speak(a.at(0));
+  auto const result = zu::paste_definition(editor, from_utf8(a.at(1)));
+  return to_utf8(result.note) + (result.taken ? editor.get_proj4_string() : "");
+}
+
+std::string angle(scope& /*in*/, words const& a) {
+  auto const value = zu::read_angle(from_utf8(a.at(0)));
+  return value ? zu::number::format_double(*value) : "none";
+}
+
+// A definition, a way and a point of it.
+std::string try_point(scope& /*in*/, words const& a) {
+  speak("en");
+  zu::Tpoint_trial trial;
+  trial.set_definition(a.at(0));
+  double const x = std::stod(a.at(2));
+  double const y = std::stod(a.at(3));
+  auto const result = a.at(1) == "forward" ? trial.forward(x, y) : trial.backward(x, y);
+  if (!result.place) return to_utf8(result.failure);
+  std::string text;
+  for (double const number : *result.place) {
+    text.append(text.empty() ? "" : " ");
+    zu::number::append_fixed(text, number, trial.is_geographic() ? 6 : 3);
+  }
+  return text;
+}
+
+// Of a key, of one of the seven numbers, of the ellipsoid, of a zone.
+std::string tip(scope& in, words const& a) {
+  auto& editor = catalogue_of(in).editor;
+  speak(a.at(0));
+  for (std::size_t i = 0; i < proj_numbers_count; ++i)
+    if (auto const which = static_cast<proj_number>(i); a.at(1) == proj_number_key(which))
+      return to_utf8(zu::tell_number(editor, which));
+  if (a[1] == "ellipsoid") return to_utf8(zu::tell_ellipse(editor));
+  if (a[1] == "zone") return to_utf8(zu::tell_zone(editor));
+  return to_utf8(zu::tell_shift(editor, std::stoul(a[1])));
+}
+
 // What is to be told of the catalogue and of a definition that is opened, or of that
 // which is there.
 std::string note(scope& in, words const& a) {
-  auto& [projections, datums, editor] = catalogue_of(in);
+  auto& [projections, datums, editor, history] = catalogue_of(in);
   speak(a.at(0));
   if (a.size() > 1) editor.set_proj4_string(a[1].c_str());
   auto faults = projections.get_faults();
@@ -417,6 +478,31 @@ std::string transform(scope& /*in*/, words const& a) {
   return reproj.apply(&point.at(0), &point.at(1)) ? text_of(point) : "failed";
 }
 
+// As the dialog searches when its list is whole.
+std::vector<zu::listed_system const*> find_systems(std::string const& text, bool deprecated) {
+  zu::system_finder::start();
+  zu::system_finder::finish();
+  zu::system_finder::has_more();
+  return zu::system_finder::find(from_utf8(text), deprecated);
+}
+
+// The id of what comes first.
+std::string search(scope& /*in*/, words const& a) {
+  auto const rows = find_systems(a.at(0), false);
+  return rows.empty() ? "" : rows.front()->id;
+}
+
+// What is told of the row that comes first, deprecated ones with it, which is taken.
+std::string take(scope& in, words const& a) {
+  speak(a.at(0));
+  auto const rows = find_systems(a.at(1), true);
+  std::string definition;
+  std::wstring const text = zu::tell_row(*rows.at(0)) + L"\n" +
+                            zu::tell_system(*rows[0], catalogue_of(in).editor.lists(), definition);
+  zu::system_finder::remember(*rows[0]);
+  return to_utf8(text);
+}
+
 std::string box(scope& /*in*/, words const& a) {
   Tzu_reproj_d2 d2;
   auto const limits = numbers_of(a.at(2));
@@ -429,7 +515,14 @@ std::string box(scope& /*in*/, words const& a) {
 }  // namespace
 
 case_file::operations const& case_file::of_program() {
-  static operations const all{{"normalize", &normalize},
+  static operations const all{{"search", &search},
+                              {"take", &take},
+                              {"step", &step},
+                              {"paste", &paste},
+                              {"tip", &tip},
+                              {"angle", &angle},
+                              {"try_point", &try_point},
+                              {"normalize", &normalize},
                               {"normalize_for_proj", &normalize_for_proj},
                               {"losses", &losses},
                               {"kinds", &kinds},

@@ -1,6 +1,7 @@
 // The whole dialog, opened as a host opens it and driven by real input.
 
 #include <gtest/gtest.h>
+#include <wx/timer.h>
 
 #include <algorithm>
 #include <climits>
@@ -15,9 +16,13 @@
 #include "core_support.h"
 #include "gui_support.h"
 #include "interchange/known_systems.h"
+#include "pj_edit/vcl_pj_find.h"
+#include "pj_edit/vcl_pj_trial.h"
 #include "text/own_texts.h"
 #include "text/rc.h"
+#include "text/strconv.h"
 #include "vcl/application.h"
+#include "vcl/clipboard.h"
 #include "vcl/toolkit.h"
 #include "zu_pj_edit/zu_pj_edit.h"
 
@@ -206,6 +211,14 @@ TEST_F(dialog, loads_files_of_both_types) {
     cancel(form);
   };
   EXPECT_EQ(open_dialog(moscow_tm, loaded_and_cancelled).text, moscow_tm);
+  auto const drop_two = [&](Tform& form) {
+    gui::platform::drop_file(form, chosen(L"text.pj4"));
+    EXPECT_TRUE(form.get_note()->IsShownOnScreen());
+    EXPECT_EQ(type(form).get_active_caption(), L"Usual projections");
+    gui::platform::drop_file(form, chosen(L"plain.pj4"));
+    apply(form);
+  };
+  EXPECT_EQ(open_dialog(moscow_tm, drop_two).text, pulkovo_zone_7);
 }
 
 TEST_F(dialog, saves_files_of_both_types) {
@@ -270,7 +283,11 @@ TEST_F(dialog, speaks_both_languages_and_fits_its_window) {
 }
 
 TEST_F(dialog, tab_walks_in_reading_order) {
-  open_dialog(moscow_tm, [](Tform& form) {
+  open_dialog("", [](Tform& form) {
+    // What appears late has its place, too.
+    pick(type(form), L"Usual projections");
+    pick(datum(form), L"_Custom");
+    focus(type(form));
     std::vector<wxWindow*> order{&type(form),
                                  form.get_editor()->get_proj()->get_usual()->get_selbox()};
     for (auto const which : {proj_number::lon_0, proj_number::lat_0, proj_number::k_0,
@@ -281,6 +298,9 @@ TEST_F(dialog, tab_walks_in_reading_order) {
     order.push_back(&ellipse(form));
     // The ellipsoid's two numbers are for reading, and for copying by key.
     order.insert(order.end(), 2, nullptr);
+    order.push_back(form.get_result()->get_edit());
+    order.push_back(form.get_result()->get_undo());
+    order.push_back(form.get_result()->get_menu());
     for (auto const button : {Tbar::save, Tbar::load, Tbar::apply, Tbar::cancel})
       order.push_back(form.get_buttons()->get_button(button));
     for (std::size_t i = 0; i < order.size(); ++i) {
@@ -296,6 +316,135 @@ TEST_F(dialog, tab_walks_in_reading_order) {
     }
     cancel(form);
   });
+}
+
+TEST_F(dialog, steps_back_copies_and_pastes) {
+  constexpr int both = wxMOD_CONTROL | wxMOD_SHIFT;
+  std::string shown;
+  auto const edit_and_apply = [&](Tform& form) {
+    Tzu_vcl_result_strip const& strip = *form.get_result();
+    auto const result = [&strip] { return zu::strconv::to_utf8(strip.get_text()); };
+    auto const is_zone = [&](char const* meridian) {
+      return result().find(std::string("+lon_0=") + meridian + " ") != std::string::npos;
+    };
+    EXPECT_EQ(result(), pulkovo_zone_7);
+    EXPECT_FALSE(strip.get_undo()->IsEnabled() || strip.get_redo()->IsEnabled());
+    pick(*form.get_editor()->get_proj()->get_zone()->get_selbox(), L"8");
+    EXPECT_TRUE(is_zone("45"));
+    press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(result(), pulkovo_zone_7);
+    press('Y', wxMOD_CONTROL);
+    EXPECT_TRUE(is_zone("45"));
+    click(*strip.get_undo());
+    EXPECT_EQ(result(), pulkovo_zone_7);
+    pick(datum(form), L"_Custom");
+    type_over(shift(form, 0), "25");
+    // What is being typed has steps of its own.
+    press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(datum(form).get_active_caption(), L"_Custom");
+    type_over(shift(form, 0), "25");
+    press(WXK_TAB);
+    EXPECT_NE(result().find("+towgs84=25,"), std::string::npos) << result();
+
+    press('C', both);
+    EXPECT_EQ(zu::vcl::text_on_clipboard(), strip.get_text());
+    zu::vcl::put_on_clipboard(L"1, 2, 3, 4, 5, 6, 7.5");
+    press('V', both);
+    EXPECT_EQ(shift(form, 6).get_text(), L"7.5");
+    zu::vcl::put_on_clipboard(L"+towgs84=9,8,7");
+    focus(shift(form, 2));
+    press('V', wxMOD_CONTROL);
+    EXPECT_NE(result().find("+towgs84=9,8,7,"), std::string::npos) << result();
+    zu::vcl::put_on_clipboard(L"none such");
+    shown = result();
+    press('V', both);
+    EXPECT_EQ(result(), shown);
+    EXPECT_EQ(form.get_note()->get_text(),
+              L"Nothing was pasted: this is no coordinate system: none such");
+    zu::vcl::put_on_clipboard(L"EPSG:32637");
+    press('V', both);
+    EXPECT_EQ(type(form).get_active_caption(), L"Zonal projections");
+    EXPECT_EQ(form.get_note()->get_text(), L"");
+    EXPECT_TRUE(find_clipped(form).empty());
+    shown = result();
+    apply(form);
+  };
+  outcome const result = open_dialog(pulkovo_zone_7, edit_and_apply);
+  EXPECT_EQ(result.text,
+            "+proj=utm +zone=37 +datum=WGS84 +towgs84=0,0,0,0,0,0,0 +ellps=WGS84 +units=m "
+            "+lon_wrap=45 +no_defs");
+  EXPECT_EQ(shown, result.text);
+}
+
+// The window of this class that is open over the form.
+template <class Window>
+Window* find_window() {
+  for (wxWindow* const each : wxTopLevelWindows)
+    if (auto* const window = dynamic_cast<Window*>(each);
+        window && window->IsModal() && window->IsShown())
+      return window;
+  return nullptr;
+}
+
+// Presses the key that opens such a window, and runs the script in it, which closes it.
+template <class Window>
+void run_in_window(Tform& form, int key, std::function<void(Window&)> const& script) {
+  constexpr int look_again_ms = 20;
+  constexpr int patience = 500;
+  int looks = 0;
+  // The window's own loop runs within the press of the key.
+  wxTimer look;
+  look.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
+    auto* const window = find_window<Window>();
+    bool const is_there = window != nullptr && platform::has_keyboard(*window);
+    if (!is_there && ++looks < patience) return;
+    look.Stop();
+    EXPECT_TRUE(is_there) << "no window comes up, or it gets no keys";
+    if (is_there) script(*window);
+    if (auto* const left = find_window<Window>()) {
+      ADD_FAILURE() << "the window stays open";
+      left->EndModal(wxID_CANCEL);
+    }
+  });
+  look.Start(look_again_ms);
+  press(key, wxMOD_CONTROL);
+  EXPECT_TRUE(wait_until([&] { return !look.IsRunning() && platform::has_keyboard(form); }));
+}
+
+TEST_F(dialog, finds_a_system_and_tries_a_point) {
+  auto const find_and_try = [](Tform& form) {
+    run_in_window<Tzu_vcl_pj_find>(form, 'F', [](Tzu_vcl_pj_find& window) {
+      EXPECT_GT(window.get_list()->GetCount(), 0U);
+      type_over(*window.get_words(), "tyumen");
+      EXPECT_TRUE(wait_until([&] { return window.get_list()->GetCount() == 2; }));
+      press(WXK_DOWN);
+      EXPECT_EQ(window.get_list()->GetStringSelection(),
+                L"Russia_Cadastre_72_3 \u2013 Tyumen Oblast");
+      EXPECT_NE(window.get_details()->get_text().find(L"+lon_0=72.05 "), std::wstring::npos);
+      press(WXK_RETURN);
+    });
+    EXPECT_EQ(number(form, proj_number::lon_0).get_text(), L"72.05");
+    run_in_window<Tzu_vcl_pj_find>(form, 'F', [](Tzu_vcl_pj_find& window) {
+      EXPECT_EQ(window.get_list()->GetStringSelection(),
+                L"Russia_Cadastre_72_3 \u2013 Tyumen Oblast");
+      type_over(*window.get_words(), "nobody");
+      EXPECT_TRUE(wait_until([&] { return window.get_list()->GetCount() == 0; }));
+      press(WXK_RETURN);
+      press(WXK_ESCAPE);
+    });
+    // The origin of the zone.
+    run_in_window<Tzu_vcl_pj_trial>(form, 'T', [](Tzu_vcl_pj_trial& window) {
+      type_over(*window.get_edit(Tzu_vcl_pj_trial::longitude), "39 00 00");
+      type_over(*window.get_edit(Tzu_vcl_pj_trial::latitude), "95");
+      EXPECT_EQ(window.get_edit(Tzu_vcl_pj_trial::x)->get_text(), L"");
+      EXPECT_EQ(window.get_message(), L"PROJ: Invalid coordinate");
+      press(WXK_ESCAPE);
+    });
+    press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(form.get_result()->get_text(), zu::strconv::from_utf8(pulkovo_zone_7));
+    apply(form);
+  };
+  EXPECT_EQ(open_dialog(pulkovo_zone_7, find_and_try).text, pulkovo_zone_7);
 }
 
 TEST_F(dialog, puts_the_owner_back_on_every_way_out) {

@@ -132,7 +132,26 @@ catalogue_lists catalogue_lists::shipped() {
           Tzu_datum_def_dbf::get_ellipses()};
 }
 
+// One change, however many others it is made of.
+template <class Act>
+void Tzu_pj_editor::change(Act act) {
+  ++changes_;
+  try {
+    act();
+  } catch (...) {
+    --changes_;
+    throw;
+  }
+  --changes_;
+  if (changes_ == 0 && on_change) on_change();
+}
+
 Tzu_pj_editor::Tzu_pj_editor(catalogue_lists const& lists) : lists_(lists) { clear(); }
+
+void Tzu_pj_editor::set_step(edit_step const& step) {
+  state_ = step.state;
+  given_ = step.given;
+}
 
 // Selectors start at their first entry.
 void Tzu_pj_editor::clear() {
@@ -164,19 +183,25 @@ std::vector<int> Tzu_pj_editor::zones_of(std::string_view name) const {
 }
 
 void Tzu_pj_editor::choose_kind(definition_kind kind) {
-  state_.kind = kind;
-  if (kind == definition_kind::usual) choose_usual(state_.usual_id);
-  if (kind == definition_kind::zonal) choose_zonal(std::string(state_.zonal_name));
+  change([&] {
+    state_.kind = kind;
+    if (kind == definition_kind::usual) choose_usual(state_.usual_id);
+    if (kind == definition_kind::zonal) choose_zonal(std::string(state_.zonal_name));
+  });
 }
 
 void Tzu_pj_editor::choose_usual(std::uint32_t id) {
-  state_.usual_id = id;
-  apply_record(usual_record());
+  change([&] {
+    state_.usual_id = id;
+    apply_record(usual_record());
+  });
 }
 
 void Tzu_pj_editor::choose_zonal(std::string_view name) {
-  show_zonal(name);
-  if (is_gauss_kruger()) select_pulkovo_1942();
+  change([&] {
+    show_zonal(name);
+    if (is_gauss_kruger()) select_pulkovo_1942();
+  });
 }
 
 void Tzu_pj_editor::show_zonal(std::string_view name) {
@@ -186,8 +211,10 @@ void Tzu_pj_editor::show_zonal(std::string_view name) {
 }
 
 void Tzu_pj_editor::choose_zone(int zone) {
-  state_.zone = zone;
-  apply_record(zonal_record());
+  change([&] {
+    state_.zone = zone;
+    apply_record(zonal_record());
+  });
 }
 
 void Tzu_pj_editor::apply_record(Tzu_pj_proj_def const* record) {
@@ -199,19 +226,37 @@ void Tzu_pj_editor::apply_record(Tzu_pj_proj_def const* record) {
 }
 
 void Tzu_pj_editor::choose_datum(std::uint32_t id) {
-  state_.datum_id = id;
-  state_.lost_datum.clear();
-  state_.lost_grids.clear();
-  state_.added = added_shift::none;
-  Tzu_pj_datum_def const* const record = datum_record();
-  if (id == edit_state::custom_datum || record == nullptr) return;
-  state_.shift = record->get_towgs84();
-  choose_ellipse(record->get_ellipse_index());
+  change([&] {
+    state_.datum_id = id;
+    state_.lost_datum.clear();
+    state_.lost_grids.clear();
+    state_.added = added_shift::none;
+    Tzu_pj_datum_def const* const record = datum_record();
+    if (id == edit_state::custom_datum || record == nullptr) return;
+    state_.shift = record->get_towgs84();
+    choose_ellipse(record->get_ellipse_index());
+  });
 }
 
 void Tzu_pj_editor::choose_ellipse(std::uint32_t id) {
-  state_.ellipse_id = id;
-  state_.lost_ellipse.clear();
+  change([&] {
+    state_.ellipse_id = id;
+    state_.lost_ellipse.clear();
+  });
+}
+
+void Tzu_pj_editor::set_number(proj_number which, double value) {
+  change([&] { state_.number(which).value = value; });
+}
+
+void Tzu_pj_editor::set_shift(std::size_t index, double value) {
+  change([&] { state_.shift.at(index) = value; });
+}
+
+void Tzu_pj_editor::set_shifts(std::array<double, 7> const& values) {
+  change([&] {
+    if (is_datum_editable()) state_.shift = values;
+  });
 }
 
 bool Tzu_pj_editor::is_gauss_kruger() const {
@@ -232,15 +277,17 @@ void Tzu_pj_editor::select_pulkovo_1942() {
 }
 
 void Tzu_pj_editor::set_proj4_string(char const* text) {
-  given_ = text == nullptr ? "" : text;
-  definition_.set(text);
-  definition_.set_all_undefined();
-  definition_.decompose();
-  clear();
-  if (definition_.get_units().get_def()) state_.units = definition_.get_units().get_str();
-  if (!take_zonal(definition_) && !take_usual(definition_)) choose_kind(definition_kind::none);
-  take_datum(definition_);
-  keep_lost_pieces(definition_);
+  change([&] {
+    given_ = text == nullptr ? "" : text;
+    definition_.set(text);
+    definition_.set_all_undefined();
+    definition_.decompose();
+    clear();
+    if (definition_.get_units().get_def()) state_.units = definition_.get_units().get_str();
+    if (!take_zonal(definition_) && !take_usual(definition_)) choose_kind(definition_kind::none);
+    take_datum(definition_);
+    keep_lost_pieces(definition_);
+  });
 }
 
 bool Tzu_pj_editor::take_zonal(Tzu_proj4_str& definition) {

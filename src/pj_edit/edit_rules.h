@@ -4,6 +4,8 @@
 // tests without a display.
 #pragma once
 
+#include <array>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,6 +37,12 @@ class Tzu_pj_editor {
   // The definition that was taken last, as it was.
   std::string const& given() const noexcept { return given_; }
 
+  edit_step step() const { return {state_, given_}; }
+  // Goes to an earlier or later step; no change that on_change hears of.
+  void set_step(edit_step const& step);
+  // Called after each change below, also where it left all as it was.
+  std::function<void()> on_change;
+
   // Takes a definition: zonal first, then usual, else none; then its datum and
   // ellipsoid. Nothing of an earlier definition stays. Null counts as empty.
   void set_proj4_string(char const* text);
@@ -48,8 +56,10 @@ class Tzu_pj_editor {
   void choose_zone(int zone);
   void choose_datum(std::uint32_t id);
   void choose_ellipse(std::uint32_t id);
-  void set_number(proj_number which, double value) { state_.number(which).value = value; }
-  void set_shift(std::size_t index, double value) { state_.shift.at(index) = value; }
+  void set_number(proj_number which, double value);
+  void set_shift(std::size_t index, double value);
+  // All seven; of a catalogue's datum they are not the user's.
+  void set_shifts(std::array<double, 7> const& values);
 
   // What the selectors offer.
   std::vector<std::string> zonal_names() const;
@@ -76,6 +86,8 @@ class Tzu_pj_editor {
   bool is_datum_editable() const noexcept { return state_.datum_id == edit_state::custom_datum; }
 
  private:
+  template <class Act>
+  void change(Act act);
   void clear();
   void apply_record(Tzu_pj_proj_def const* record);
   void fill_numbers(Tzu_pj_proj_def const& record, Tzu_proj4_str& definition);
@@ -97,6 +109,7 @@ class Tzu_pj_editor {
   edit_state state_;
   std::string given_;
   Tzu_proj4_str definition_;
+  unsigned changes_ = 0;  // that are being made
 };
 
 }  // namespace zu

@@ -24,6 +24,8 @@ struct number_state {
   double min = 0;
   double max = 0;
   double value = 0;
+
+  bool operator==(number_state const&) const = default;
 };
 
 struct edit_state {
@@ -52,6 +54,17 @@ struct edit_state {
   number_state const& number(proj_number which) const noexcept {
     return numbers[static_cast<std::size_t>(which)];
   }
+
+  bool operator==(edit_state const&) const = default;
+};
+
+// A state and the definition that it was made of, as it was: all there is of an edited
+// definition, so that a step back is a copy of it.
+struct edit_step {
+  edit_state state;
+  std::string given;
+
+  bool operator==(edit_step const&) const = default;
 };
 
 // Clears an edit: hidden, no limits, and the value that PROJ uses when the key

@@ -2,6 +2,8 @@
 
 #include <wx/gbsizer.h>
 
+#include "pj_edit/edit_paste.h"
+#include "pj_edit/edit_tips.h"
 #include "pj_edit/panel_tools.h"
 #include "vcl/toolkit.h"
 
@@ -51,6 +53,14 @@ void Tzu_vcl_pj_datum_params::create() {
 Tzu_vcl_dbl_edit* Tzu_vcl_pj_datum_params::add_edit(wxWindow* parent, std::size_t index) {
   auto* const edit = zu::vcl::make_child<Tzu_vcl_dbl_edit>(parent, widest_shift);
   edit->on_change = [this, edit, index] { editor_.set_shift(index, edit->get_value()); };
+  // Seven numbers at once, wherever they are pasted.
+  edit->on_paste = [this](std::wstring const& text) {
+    auto const shift = zu::read_shift(text);
+    if (!shift || !editor_.is_datum_editable()) return false;
+    editor_.set_shifts(*shift);
+    refresh();
+    return true;
+  };
   edits_[index] = edit;
   return edit;
 }
@@ -68,7 +78,6 @@ void Tzu_vcl_pj_datum_params::load_rc() {
     if (index < scale_index)
       name = (index < axes_count ? shift_ : rotate_)->get_caption() + L", " +
              axes_[index % axes_count]->get_caption();
-    edits_[index]->SetToolTip(name);
     zu::vcl::set_control_name(*edits_[index], name);
   }
 }
@@ -77,5 +86,6 @@ void Tzu_vcl_pj_datum_params::refresh() {
   for (std::size_t index = 0; index < count; ++index) {
     edits_[index]->set_value(editor_.state().shift[index]);
     edits_[index]->set_edit_enabled(editor_.is_datum_editable());
+    edits_[index]->SetToolTip(edits_[index]->GetName() + L"\n" + zu::tell_shift(editor_, index));
   }
 }

@@ -12,7 +12,11 @@ constexpr int type_width = 300;
 }  // namespace
 
 Tzu_vcl_pj_edit::Tzu_vcl_pj_edit(wxWindow* parent)
-    : Tzu_vcl_panel(parent), editor_(zu::catalogue_lists::shipped()) {}
+    : Tzu_vcl_panel(parent), editor_(zu::catalogue_lists::shipped()) {
+  editor_.on_change = [this] {
+    if (on_edit) on_edit();
+  };
+}
 
 void Tzu_vcl_pj_edit::create() {
   top_ = zu::vcl::make_child<Tzu_vcl_panel>(this);
@@ -62,6 +66,16 @@ void Tzu_vcl_pj_edit::load_rc() {
 
 void Tzu_vcl_pj_edit::set_proj4_string(char const* text) {
   editor_.set_proj4_string(text);
+  refresh();
+}
+
+void Tzu_vcl_pj_edit::set_step(zu::edit_step const& step) {
+  editor_.set_step(step);
+  refresh();
+}
+
+void Tzu_vcl_pj_edit::change(std::function<void(zu::Tzu_pj_editor&)> const& act) {
+  act(editor_);
   refresh();
 }
 

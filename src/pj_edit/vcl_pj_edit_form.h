@@ -1,14 +1,18 @@
 // The modal form round one editor: Apply, Cancel, Load and Save.
 #pragma once
 
+#include <wx/event.h>
+
 #include <memory>
 #include <string>
 
+#include "pj_edit/edit_history.h"
 #include "pj_edit/vcl_pj_edit.h"
 #include "vcl/bottom_buttons.h"
 #include "vcl/file_dialog.h"
 #include "vcl/form.h"
 #include "vcl/note_strip.h"
+#include "vcl/result_strip.h"
 
 class Tzu_vcl_pj_edit_form : public Tzu_vcl_form {
  public:
@@ -21,6 +25,7 @@ class Tzu_vcl_pj_edit_form : public Tzu_vcl_form {
   char const* pj_edit(char const* text, unsigned char* changed);
 
   Tzu_vcl_pj_edit* get_editor() const noexcept { return editor_; }
+  Tzu_vcl_result_strip* get_result() const noexcept { return result_; }
   Tzu_vcl_note_strip* get_note() const noexcept { return note_; }
   Tzu_vcl_bottom_buttons* get_buttons() const noexcept { return buttons_; }
 
@@ -29,16 +34,29 @@ class Tzu_vcl_pj_edit_form : public Tzu_vcl_form {
   void on_cancel();
   void on_save();
   void on_load();
+  void on_undo();
+  void on_redo();
+  void on_copy();
+  void on_copy_esri();
+  void on_paste();
+  void on_find();
+  void on_try();
+  void on_key(wxKeyEvent& event);
+  void on_drop(wxDropFilesEvent& event);
+  // Shows what Apply would give now, and what steps there are.
+  void refresh_result();
   // Tells what there is to tell now, and gives it room.
   void refresh_note();
 
   bool applied_ = false;
   Tzu_vcl_pj_edit* editor_ = nullptr;
+  Tzu_vcl_result_strip* result_ = nullptr;
   Tzu_vcl_note_strip* note_ = nullptr;
   Tzu_vcl_bottom_buttons* buttons_ = nullptr;
   std::unique_ptr<Tzu_vcl_file_dialog> open_;
   std::unique_ptr<Tzu_vcl_file_dialog> save_;
-  std::wstring file_note_;  // of the last Load or Save
+  zu::Tedit_history history_;
+  std::wstring file_note_;  // of the last Load, Save, copy or paste
   std::wstring catalogue_note_;
   std::string source_text_;
   std::string result_text_;

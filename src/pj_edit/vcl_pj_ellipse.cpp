@@ -1,5 +1,6 @@
 #include "pj_edit/vcl_pj_ellipse.h"
 
+#include "pj_edit/edit_tips.h"
 #include "pj_edit/panel_tools.h"
 #include "text/strconv.h"
 
@@ -48,6 +49,8 @@ void Tzu_vcl_pj_ellipse::refresh() {
   // A catalogue datum has its own ellipsoid; another one with it would be
   // another datum.
   ellipse_->get_selbox()->Enable(editor_.is_datum_editable());
+  // The list itself is deaf then.
+  ellipse_->SetToolTip(zu::tell_ellipse(editor_));
   auto const* const record = editor_.ellipse_record();
   bool const known = record != nullptr;
   show_number(*semi_major_, known, known ? record->get_semi_major() : 0);

@@ -1,5 +1,8 @@
 #include "pj_edit/vcl_pj_proj_params.h"
 
+#include <wx/settings.h>
+
+#include "pj_edit/edit_tips.h"
 #include "pj_edit/panel_tools.h"
 
 namespace {
@@ -22,6 +25,9 @@ void Tzu_vcl_pj_proj_params::create() {
     };
     edits_[i] = edit;
   }
+  fixed_ = zu::vcl::make_child<Tzu_vcl_label>(group_);
+  fixed_->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
+  zu::add_row(*group_->get_sizer(), *fixed_);
 }
 
 void Tzu_vcl_pj_proj_params::load_rc() {
@@ -39,5 +45,9 @@ void Tzu_vcl_pj_proj_params::refresh() {
     edit.set_use_max(number.use_max);
     edit.set_max(number.max);
     edit.set_value(number.value);
+    edit.get_edit()->SetToolTip(zu::tell_number(editor_, static_cast<proj_number>(i)));
   }
+  std::wstring const fixed = zu::tell_zone(editor_);
+  fixed_->set_caption(fixed);
+  fixed_->Show(!fixed.empty());
 }

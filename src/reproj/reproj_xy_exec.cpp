@@ -208,6 +208,7 @@ bool Tzu_reproj_xy_exec::apply(double* x, double* y, reproj_direction direction)
   if (forward ? angular_input_ : angular_output_) scale(1, x, y, degree);
   if (!has_operation()) return false;
   PJ_COORD result = proj_coord(HUGE_VAL, HUGE_VAL, HUGE_VAL, HUGE_VAL);
+  proj_errno_reset(normalized_.get());
   try {
     result = proj_trans(normalized_.get(), to_proj(direction), proj_coord(*x, *y, 0, HUGE_VAL));
   } catch (std::exception const&) {
@@ -218,6 +219,11 @@ bool Tzu_reproj_xy_exec::apply(double* x, double* y, reproj_direction direction)
   if (!std::isfinite(*x) || !std::isfinite(*y)) return false;
   if (forward ? angular_output_ : angular_input_) scale(1, x, y, 1 / degree);
   return true;
+}
+
+std::string Tzu_reproj_xy_exec::get_reason() const {
+  int const error = normalized_ ? proj_errno(normalized_.get()) : 0;
+  return error == 0 ? "" : proj_context_errno_string(context_.get(), error);
 }
 
 bool Tzu_reproj_xy_exec::apply(std::size_t count, double* x, double* y,

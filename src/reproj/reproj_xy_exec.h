@@ -43,6 +43,8 @@ class Tzu_reproj_xy_exec {
   bool apply(double* x, double* y, reproj_direction direction = reproj_direction::forward);
   bool apply(std::size_t count, double* x, double* y,
              reproj_direction direction = reproj_direction::forward);
+  // Why the last single point failed, in PROJ's words; empty where it did not.
+  std::string get_reason() const;
   bool apply(Tzu_xy_array& points, reproj_direction direction = reproj_direction::forward) {
     return apply(points.get_size(), points.get_x_ptr(), points.get_y_ptr(), direction);
   }

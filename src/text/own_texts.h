@@ -53,6 +53,57 @@ enum class own_text {
   pulkovo_added,
   zeros_added,
   name_taken,  // "%1" is the name that PROJ found
+  // What a description adds, as "caption = value".
+  known_as,
+  likely_code,  // "%2" is how sure PROJ is, of 100
+  paste_nothing,
+  paste_unreadable,
+  paste_not_shown,
+  // Of a number, behind its key.
+  unit_degrees,
+  unit_metres,
+  unit_seconds,
+  unit_millionths,
+  unit_ratio,
+  limits_between,
+  limit_low,
+  limit_high,
+  fixed_by_datum,
+  // The strip of the result.
+  result_name,
+  undo,
+  redo,
+  more,
+  copy_definition,
+  copy_esri,
+  copy_unconverted,
+  paste_system,
+  // Of the window that finds a system.
+  find_system,
+  find_title,
+  find_hint,
+  find_words,
+  find_list,
+  find_details,
+  find_deprecated,
+  find_take,
+  find_nothing,
+  no_definition,
+  area_box,  // "%1" is longitudes, "%2" latitudes
+  deprecated,
+  // Of the window that tries a point.
+  try_point,
+  trial_title,
+  trial_longitude,
+  trial_latitude,
+  trial_x,
+  trial_y,
+  trial_own_longitude,
+  trial_own_latitude,
+  trial_hint,
+  trial_close,
+  no_transformation,
+  point_refused,  // "%1" is PROJ's reason
 };
 
 wchar_t const* get_own_text(own_text which);

@@ -10,6 +10,7 @@
 #include "basic/session.h"
 #include "text/own_texts.h"
 #include "text/strconv.h"
+#include "vcl/clipboard.h"
 #include "vcl/event_guard.h"
 #include "vcl/form.h"
 #include "vcl/panel.h"
@@ -93,6 +94,8 @@ Tzu_vcl_dbl_edit::Tzu_vcl_dbl_edit(wxWindow* parent, wchar_t const* widest)
   zu::vcl::bind_guarded(*this, wxEVT_CHAR, [this](wxKeyEvent& event) { on_edit_key_press(event); });
   zu::vcl::bind_guarded(*this, wxEVT_KILL_FOCUS,
                         [this](wxFocusEvent& event) { on_edit_exit(event); });
+  zu::vcl::bind_guarded(*this, wxEVT_TEXT_PASTE,
+                        [this](wxClipboardTextEvent& event) { on_edit_paste(event); });
 }
 
 void Tzu_vcl_dbl_edit::set_value(double value) {
@@ -184,6 +187,10 @@ void Tzu_vcl_dbl_edit::on_edit_exit(wxFocusEvent& event) {
   // A message box in the midst of a change of focus upsets the toolkit.
   refusal_waiting_ = true;
   zu::vcl::call_after_guarded(*this, [this, text = get_text()] { show_refusal_after_exit(text); });
+}
+
+void Tzu_vcl_dbl_edit::on_edit_paste(wxClipboardTextEvent& event) const {
+  if (!on_paste || !on_paste(zu::vcl::text_on_clipboard())) event.Skip();
 }
 
 std::wstring Tzu_vcl_dbl_edit::accept_text() {

@@ -17,6 +17,9 @@ class Tzu_vcl_edit : public wxTextCtrl {
   // Fires no event.
   void set_text(std::wstring const& text);
 
+  // What is for reading only can be copied by key.
+  bool AcceptsFocusFromKeyboard() const override { return AcceptsFocus(); }
+
  protected:
   wxSize DoGetBestSize() const override;
 
@@ -65,6 +68,9 @@ class Tzu_vcl_dbl_edit : public Tzu_vcl_edit {
   // accept. Returns false when the text was refused, after the message.
   bool commit();
 
+  // Whether there is a text that is not accepted yet.
+  bool is_being_typed() const { return get_text() != shown_text_; }
+
   // Reads the whole text, blanks around it aside, as a number with "." in
   // every locale. Returns false and leaves `result` untouched otherwise.
   static bool str2dbl(std::string_view text, double* result);
@@ -74,6 +80,9 @@ class Tzu_vcl_dbl_edit : public Tzu_vcl_edit {
 
   // Fired after a number is accepted.
   std::function<void()> on_change;
+  // Gets the text that the user pastes. Returns whether it took it: then the edit's
+  // own text stays as it is.
+  std::function<bool(std::wstring const&)> on_paste;
   void call_on_change() const;
 
  protected:
@@ -82,6 +91,7 @@ class Tzu_vcl_dbl_edit : public Tzu_vcl_edit {
  private:
   void on_edit_key_press(wxKeyEvent& event);
   void on_edit_exit(wxFocusEvent& event);
+  void on_edit_paste(wxClipboardTextEvent& event) const;
   // Whether the letter is none of a number's.
   bool refuse_letter(wxKeyEvent const& event, wchar_t letter);
   void show_tip();

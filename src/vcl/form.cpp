@@ -119,7 +119,13 @@ bool Tzu_vcl_form::Show(bool show) {
 }
 
 void Tzu_vcl_form::close_form() {
-  if (is_open()) EndModal(wxID_CANCEL);
+  if (!is_open()) return;
+  // A window over the form waits in a loop of its own, which must end first.
+  for (wxWindow* const child : GetChildren()) {
+    auto* const dialog = dynamic_cast<wxDialog*>(child);
+    if (dialog != nullptr && dialog->IsModal() && dialog->IsShown()) dialog->EndModal(wxID_CANCEL);
+  }
+  EndModal(wxID_CANCEL);
 }
 
 bool Tzu_vcl_form::commit_edits() { return commit_all(*this); }
@@ -130,6 +136,7 @@ void Tzu_vcl_form::fit_to_content() {
   // The inside is what counts: window managers may add the frame later.
   wxSize const before = GetClientSize();
   wxSize size = zu::vcl::scaled(*this, wxSize(least_width, least_height)) - frame;
+  size.y += added_height_;
   if (IsShown()) size.IncTo(before);
   wxSize const room = screen.GetSize() - frame;
   if (GetSizer() != nullptr) size.IncTo(room_for_content(*GetSizer(), room));
@@ -141,6 +148,9 @@ void Tzu_vcl_form::fit_to_content() {
     if (IsShown()) Move(keep_on_screen({GetPosition(), size + frame}, screen));
   }
   layout_all(*this);
+  // Windows copies a control's picture to its new place, and may copy it too far.
+  if (size != before) Refresh();
+  zu::vcl::platform::renew_tab_order(*this);
 }
 
 Tzu_vcl_form* Tzu_vcl_form::find_form(wxWindow* window) {

@@ -53,6 +53,9 @@ class Tzu_vcl_form : public zu::vcl::Tmodal<wxDialog> {
   // far as the screen has room. It never gets smaller and stays on the screen.
   void fit_to_content();
 
+  // Makes room below the design's content, in pixels.
+  void set_added_height(int height) { added_height_ = height; }
+
   // The form that `window` is on, null when it is on none.
   static Tzu_vcl_form* find_form(wxWindow* window);
 
@@ -64,6 +67,7 @@ class Tzu_vcl_form : public zu::vcl::Tmodal<wxDialog> {
   // Over the owner, or in the middle of the screen.
   void centre();
 
+  int added_height_ = 0;
   std::exception_ptr held_;
   // Of show_modal, while it runs.
   std::unique_ptr<zu::vcl::Tzu_owner_window> owner_;

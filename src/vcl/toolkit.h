@@ -82,6 +82,12 @@ void watch_list(wxWindow& list, std::function<void()> const& open,
 // Gives the keyboard to the first control of a form that has just appeared.
 void focus_first(wxWindow& list);
 
+// Puts what has appeared since into the order of the Tab key.
+void renew_tab_order(wxWindow& window);
+
+// Files that are dropped on the window come to it as wxEVT_DROP_FILES.
+void accept_dropped_files(wxWindow& window);
+
 // Tells screen readers that `label` stands for `control`.
 void relate_label(wxWindow& label, wxWindow& control);
 // Tells them the name that the control has for the toolkit.

@@ -175,6 +175,15 @@ void watch_list(wxWindow& /*list*/, std::function<void()> const& /*open*/,
 // it does not know the part of a list that gets it.
 void focus_first(wxWindow& list) { gtk_widget_child_focus(list.GetHandle(), GTK_DIR_TAB_FORWARD); }
 
+// The toolkit leaves out what has nothing for the keyboard when it makes the order, and
+// makes it anew only when a control is added.
+void renew_tab_order(wxWindow& window) {
+  window.m_dirtyTabOrder = true;
+  for (wxWindow* const child : window.GetChildren()) renew_tab_order(*child);
+}
+
+void accept_dropped_files(wxWindow& window) { window.DragAcceptFiles(true); }
+
 void relate_label(wxWindow& label, wxWindow& control) {
   GtkWidget* const widget = label.GetHandle();
   if (GTK_IS_LABEL(widget)) gtk_label_set_mnemonic_widget(GTK_LABEL(widget), control.GetHandle());
@@ -182,7 +191,9 @@ void relate_label(wxWindow& label, wxWindow& control) {
 
 void announce_name(wxWindow& control) {
   std::string const name = strconv::to_utf8(control.GetName().ToStdWstring());
-  GtkWidget* const widget = control.GetHandle();
+  GtkWidget* widget = control.GetHandle();
+  // What scrolls has the keyboard, not the frame around it.
+  if (GTK_IS_SCROLLED_WINDOW(widget)) widget = gtk_bin_get_child(GTK_BIN(widget));
   for (GtkWidget* const part : {widget, find_list_button(widget)})
     atk_object_set_name(gtk_widget_get_accessible(part), name.c_str());
 }

@@ -1,6 +1,7 @@
 #include <windows.h>
 // After the system's header.
 #include <commctrl.h>
+#include <shellapi.h>
 #include <wx/access.h>
 #include <wx/dialog.h>
 #include <wx/init.h>
@@ -116,6 +117,10 @@ void watch_list(wxWindow& list, std::function<void()> const& open,
 
 // The system gives it the keyboard by itself.
 void focus_first(wxWindow& /*list*/) {}
+void renew_tab_order(wxWindow& /*window*/) {}
+
+// The toolkit is built without drag and drop of its own.
+void accept_dropped_files(wxWindow& window) { DragAcceptFiles(window.GetHandle(), TRUE); }
 
 // The name says it all.
 void relate_label(wxWindow& /*label*/, wxWindow& /*control*/) {}

@@ -16,11 +16,11 @@
 #include "proj4/proj4_str.h"
 #include "proj4/reading_report.h"
 #include "reproj/system_distance.h"
+#include "systems.h"
 #include "terminal.h"
 #include "text/own_texts.h"
 #include "text/strconv.h"
 #include "text_lines.h"
-#include "transformations.h"
 
 namespace comparisons {
 namespace {
@@ -53,8 +53,9 @@ Tsubject subject_of(std::string const& text) {
   bool const is_file = text.find('=') == std::string::npos && text.find('[') == std::string::npos &&
                        zu::file::exists(terminal::to_wide(text));
   if (is_file) whole = conversions::load(text);
-  std::string const definition = transformations::definition_in_any(whole);
-  return {terminal::to_library(definition), zu::strconv::to_utf8(terminal::to_wide(whole))};
+  std::string const definition = systems::definition_in_any(whole);
+  return {terminal::to_library(definition),
+          zu::strconv::to_utf8(terminal::to_wide(systems::known_to_proj(whole)))};
 }
 
 std::string utf8(std::wstring const& text) { return zu::strconv::to_utf8(text); }
@@ -101,8 +102,8 @@ int check(std::ostream& out, std::vector<std::string> const& texts, bool json, T
 }
 
 int diff(std::ostream& out, std::string const& first, std::string const& second) {
-  auto const left = pieces_of(terminal::to_library(transformations::definition_in_any(first)));
-  auto const right = pieces_of(terminal::to_library(transformations::definition_in_any(second)));
+  auto const left = pieces_of(terminal::to_library(systems::definition_in_any(first)));
+  auto const right = pieces_of(terminal::to_library(systems::definition_in_any(second)));
   bool differ = false;
   auto const print = [&](std::string const& one, std::string const& other) {
     differ = true;
@@ -117,11 +118,12 @@ int diff(std::ostream& out, std::string const& first, std::string const& second)
   for (auto const& [key, piece] : right)
     if (!left.contains(key)) print("", piece);
 
-  std::string const system = zu::strconv::to_utf8(terminal::to_wide(first));
+  auto const system_of = [](std::string const& text) {
+    return zu::strconv::to_utf8(terminal::to_wide(systems::known_to_proj(text)));
+  };
+  std::string const system = system_of(first);
   auto const area = zu::area_of_system(system);
-  auto const distance =
-      area ? zu::compare_systems(system, zu::strconv::to_utf8(terminal::to_wide(second)), *area)
-           : std::nullopt;
+  auto const distance = area ? zu::compare_systems(system, system_of(second), *area) : std::nullopt;
   if (!distance) throw Terror("PROJ cannot compare coordinates of the two");
   auto const print_distance = [&out](zu::own_text which, zu::moved_place const& place) {
     out << terminal::from_wide(

@@ -15,11 +15,11 @@
 #include "interchange/foreign_messages.h"
 #include "interchange/known_system_index.h"
 #include "interchange/proj4_conv.h"
+#include "systems.h"
 #include "terminal.h"
 #include "text/strconv.h"
 #include "text/string_adapter.h"
 #include "text_lines.h"
-#include "transformations.h"
 #include "zu_pj_edit/zu_pj4_layer.h"
 
 namespace conversions {
@@ -111,7 +111,7 @@ std::string definition_in_esri(std::string const& text) {
 
 int to_esri(std::vector<std::string> const& definitions, Tzu_env& env, Tlosses const& losses) {
   auto const convert = [&losses](std::string const& text, std::string const& where) {
-    std::string const definition = transformations::definition_of(text);
+    std::string const definition = systems::definition_of(text);
     std::string wkt = converted(definition, &zu_pj4_export_esri, no_esri(text));
     losses.tell(terminal::to_library(definition), where);
     return wkt;

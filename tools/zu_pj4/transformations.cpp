@@ -16,10 +16,13 @@
 #include "basic/number.h"
 #include "basic/str.h"
 #include "error.h"
+#include "finder/system_names.h"
 #include "line_worker.h"
 #include "proj4/proj4_str.h"
 #include "reproj/reproj_d2.h"
+#include "systems.h"
 #include "terminal.h"
+#include "text/own_texts.h"
 #include "text/strconv.h"
 #include "text/string_adapter.h"
 #include "text_lines.h"
@@ -27,11 +30,6 @@
 
 namespace transformations {
 namespace {
-
-bool is_code(std::string_view text) {
-  constexpr std::string_view prefix = "EPSG:";
-  return zu::str::equal_no_case(zu::str::trim(text).substr(0, prefix.size()), prefix);
-}
 
 bool is_geographic(std::string const& definition) {
   Tzu_proj4_str set;
@@ -82,11 +80,11 @@ class Tsystems {
  private:
   std::string prepare(std::string const& text, Tlosses const& losses) const {
     if (!wanted_->by_library) {
-      std::string system = zu::strconv::to_utf8(terminal::to_wide(text));
+      std::string system = zu::strconv::to_utf8(terminal::to_wide(systems::known_to_proj(text)));
       losses.tell_name_taken(Tzu_reproj_xy_exec::find_name_taken(system), "");
       return system;
     }
-    std::string definition = terminal::to_library(definition_of(text));
+    std::string definition = terminal::to_library(systems::definition_of(text));
     losses.tell(definition);
     return definition;
   }
@@ -188,23 +186,9 @@ double read_number(std::string const& text) {
 
 }  // namespace
 
-std::string definition_of(std::string const& text) {
-  return is_code(text) ? definition_in_any(text) : text;
-}
-
-std::string definition_in_any(std::string const& text) {
-  if (text.find("+proj=") != std::string::npos) return text;
-  std::wstring definition;
-  Tzu_std_wstring_adapter target(&definition);
-  zu::string_adp const adapter(target);
-  if (zu_pj4_import_crs(terminal::to_wide(text).c_str(), adapter.get()) == 0)
-    throw Terror("no coordinate system " + text_lines::in_one_line(text));
-  return terminal::from_wide(definition);
-}
-
 std::string describe(std::string const& text, bool is_short, Tlosses const& losses,
                      std::string const& where) {
-  std::string const definition = terminal::to_library(definition_of(text));
+  std::string const definition = terminal::to_library(systems::definition_of(text));
   losses.tell(definition, where);
   std::wstring told;
   Tzu_std_wstring_adapter target(&told);
@@ -212,8 +196,16 @@ std::string describe(std::string const& text, bool is_short, Tlosses const& loss
   auto const tell = is_short ? &zu_pj4_get_short_text : &zu_pj4_get_text;
   if (tell(definition.c_str(), adapter.get()) == 0)
     throw Terror("no projection in " + text_lines::in_one_line(text));
-  if (is_short) told += L'\n';
+  if (is_short) return terminal::from_wide(told + L'\n');
   std::erase(told, L'\r');
+  for (auto const& [id, name, confidence] : zu::find_system_names(definition)) {
+    bool const is_known = id == name;
+    std::wstring wide = zu::strconv::from_utf8(id);
+    if (!is_known) wide.append(L", ").append(zu::strconv::from_utf8(name));
+    told += zu::fill_own_text(is_known ? zu::own_text::known_as : zu::own_text::likely_code, wide,
+                              std::to_wstring(confidence));
+    told += L'\n';
+  }
   return terminal::from_wide(told);
 }
 

@@ -12,11 +12,6 @@
 
 namespace transformations {
 
-// A definition as it is, or the one of a code ("EPSG:28407").
-std::string definition_of(std::string const& text);
-// The same of a system in any notation; a text with "+proj=" is a definition.
-std::string definition_in_any(std::string const& text);
-
 // What the definition says, in the interface's language: a line for each
 // parameter, or all in one line. `where` stands before what is told of losses.
 std::string describe(std::string const& text, bool is_short, Tlosses const& losses,

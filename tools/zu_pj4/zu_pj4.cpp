@@ -18,6 +18,7 @@
 #include "losses.h"
 #include "pj_edit/edit_rules.h"
 #include "proj4/proj4_str.h"
+#include "systems.h"
 #include "terminal.h"
 #include "text/rc.h"
 #include "text_lines.h"
@@ -37,7 +38,7 @@ using convert_definition = std::function<std::string(std::string const&)>;
 int print_each(std::vector<std::string> const& definitions, Tzu_env& env, Tlosses const& losses,
                convert_definition const& convert) {
   auto const line_of = [&](std::string const& text, std::string const& where) {
-    std::string const definition = terminal::to_library(transformations::definition_of(text));
+    std::string const definition = terminal::to_library(systems::definition_of(text));
     losses.tell(definition, where);
     return terminal::from_library(convert(definition));
   };
@@ -89,7 +90,7 @@ int edit(std::string const& definition, Tlosses const& losses) {
   zu::vcl::start();
   unsigned char changed = 0;
   std::string const input =
-      terminal::to_library(transformations::definition_of(text_lines::text_of(definition)));
+      terminal::to_library(systems::definition_of(text_lines::text_of(definition)));
   losses.tell(input);
   std::cout << terminal::from_library(zu_proj4_form_execute(nullptr, input.c_str(), &changed))
             << '\n';
@@ -112,6 +113,7 @@ struct options {
   bool strict = false;
   bool quiet = false;
   transformations::request transformation;
+  systems::search search;
   std::vector<std::string> corners;
 };
 
@@ -165,6 +167,23 @@ comparison_commands add_comparison_commands(CLI::App& app, options& chosen) {
       ->required();
   diff->add_option("B", chosen.file, "the other one")->required();
   return {check, diff};
+}
+
+CLI::App* add_find_command(CLI::App& app, options& chosen) {
+  constexpr std::size_t usual_limit = 20;
+  auto* const find =
+      app.add_subcommand("find", "Find coordinate systems by words of their name, code or area");
+  find->add_option("WORD", chosen.search.words, "in any order and case; none lists all");
+  find->add_option("--at", chosen.search.at, "only systems whose area holds this place")
+      ->type_name("LON,LAT");
+  find->add_option("--kind", chosen.search.kind, "known, zonal, projected or geographic")
+      ->type_name("KIND")
+      ->check(CLI::IsMember({"known", "zonal", "projected", "geographic"}));
+  find->add_flag("--deprecated", chosen.search.deprecated, "also systems that are deprecated");
+  chosen.search.limit = usual_limit;
+  find->add_option("--limit", chosen.search.limit, "at most so many (default: 20)")->type_name("N");
+  find->add_flag("--json", chosen.search.json, "a line of JSON for each");
+  return find;
 }
 
 struct transformation_commands {
@@ -296,6 +315,7 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
   auto const [describe_command, transform_command, box_command] =
       add_transformation_commands(app, chosen);
 
+  auto* const find_command = add_find_command(app, chosen);
   auto const [check_command, diff_command] = add_comparison_commands(app, chosen);
 
   // Behind the commands, whose own help needs none of it.
@@ -326,8 +346,7 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
   }
   if (*load_command) std::cout << conversions::load(chosen.file) << '\n';
   if (*save_command) {
-    std::string const definition =
-        transformations::definition_of(text_lines::text_of(chosen.definition));
+    std::string const definition = systems::definition_of(text_lines::text_of(chosen.definition));
     losses.tell(terminal::to_library(definition));
     conversions::save(definition, chosen.file);
   }
@@ -338,6 +357,7 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
     return conversions::convert(chosen.files, chosen.kind, chosen.folder, env, losses);
   if (*known_command) return known(chosen);
   if (*describe_command) return describe(chosen.definition, chosen.is_short, env, losses);
+  if (*find_command) return systems::find(std::cout, chosen.search);
   if (*check_command) {
     need_catalogue();
     return comparisons::check(std::cout, chosen.definitions, chosen.json, env);

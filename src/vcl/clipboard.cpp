@@ -1,0 +1,24 @@
+#include "vcl/clipboard.h"
+
+#include <wx/clipbrd.h>
+
+#include <memory>
+
+namespace zu::vcl {
+
+void put_on_clipboard(std::wstring const& text) {
+  wxClipboardLocker const lock;
+  if (!lock) return;
+  // The clipboard owns what it is given.
+  wxTheClipboard->SetData(std::make_unique<wxTextDataObject>(text).release());
+  wxTheClipboard->Flush();
+}
+
+std::wstring text_on_clipboard() {
+  wxClipboardLocker const lock;
+  wxTextDataObject text;
+  if (!lock || !wxTheClipboard->GetData(text)) return {};
+  return text.GetText().ToStdWstring();
+}
+
+}  // namespace zu::vcl
