@@ -24,6 +24,7 @@ namespace {
 
 constexpr int patience_ms = 10'000;
 constexpr int whole_script_ms = 60'000;
+constexpr int heartbeat_ms = 100;
 
 void pump() {
   if (auto* const loop = wxEventLoopBase::GetActive()) loop->YieldFor(wxEVT_CATEGORY_ALL);
@@ -134,7 +135,11 @@ void run_in_form(std::function<void()> const& open,
     ADD_FAILURE() << "the form does not close";
     if (Tzu_vcl_form* const form = find_open_form()) form->close_form();
   });
+  // Under Wine a message may be gone between the look for it and its removal, and the
+  // toolkit then waits for the next one.
+  wxTimer heartbeat;
   platform::prepare_display();
+  heartbeat.Start(heartbeat_ms);
   start.StartOnce(0);
   watch_dog.StartOnce(whole_script_ms);
   open();
