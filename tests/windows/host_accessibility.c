@@ -39,10 +39,15 @@ static text const datum[] = {{L"Geographic coordinate system", L"Система 
                              {L"Spheroid", L"Название"},
                              {L"Semimajor axis", L"Большая полуось"},
                              {L"Inverse flattering", L"Обратный коэфф. сжатия"}};
-static text const buttons[] = {{L"Save", L"Сохранить"},
-                               {L"Load", L"Загрузить"},
-                               {L"Apply", L"Применить"},
-                               {L"Cancel", L"Отменить"}};
+static text const buttons[] = {
+    {L"Definition that Apply gives", L"Определение, которое вернёт \"Применить\""},
+    {L"Undo", L"Назад"},
+    {L"Redo", L"Вперёд"},
+    {L"More...", L"Ещё..."},
+    {L"Save", L"Сохранить"},
+    {L"Load", L"Загрузить"},
+    {L"Apply", L"Применить"},
+    {L"Cancel", L"Отменить"}};
 
 #define COUNT(table) (sizeof(table) / sizeof((table)[0]))
 
