@@ -38,7 +38,7 @@ std::vector<point> by_cs2cs(reproj_test::pair const& which, std::vector<point> c
   return results;
 }
 
-TEST(Reproj_posix, agrees_with_cs2cs_and_no_thread_outlives_its_array) {
+TEST(Reproj_linux, agrees_with_cs2cs_and_no_thread_outlives_its_array) {
   auto const threads = [] {
     return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
   };
