@@ -8,7 +8,7 @@
 
 using zu::number::distance;
 using zu::str::equal_no_case;
-using zu::str::trim_stricmp_equal;
+using zu::str::trim_stricmp;
 
 std::string_view proj_number_key(proj_number number) noexcept {
   constexpr std::array<std::string_view, proj_numbers_count> keys{
@@ -76,7 +76,7 @@ Tzu_pj_proj_def const* Tzu_pj_proj_defs::find_by_caption_and_zone(std::string_vi
                                                                   int zone) const {
   return find([=](Tzu_pj_proj_def const& record) {
     return record.get_zone().get_default() == zone &&
-           trim_stricmp_equal(record.get_caption(), caption);
+           trim_stricmp(record.get_caption(), caption) == 0;
   });
 }
 

@@ -244,12 +244,12 @@ std::vector<listed_system> list_database_systems() {
 
 std::optional<std::string> definition_of_shipped(std::string_view id) {
   auto const known = std::ranges::find_if(known_systems, [id](known_system const& row) {
-    return str::trim_stricmp_equal(known_system_name(row), id);
+    return str::trim_stricmp(known_system_name(row), id) == 0;
   });
   if (known != known_systems.end())
     return known->confirmed ? std::optional<std::string>(known->proj4) : std::nullopt;
   for (Tzu_pj_proj_def const& zone : Tzu_pj_def_dbf::instance().get_zone_defs())
-    if (str::trim_stricmp_equal(id_of(zone), id)) return definition_of(zone);
+    if (str::trim_stricmp(id_of(zone), id) == 0) return definition_of(zone);
   return {};
 }
 

@@ -11,7 +11,7 @@ namespace zu {
 namespace {
 
 using str::equal_no_case;
-using str::trim_stricmp_equal;
+using str::trim_stricmp;
 
 constexpr std::array<proj_number, proj_numbers_count> all_numbers{
     proj_number::lon_0,  proj_number::lonc,  proj_number::lat_0, proj_number::lat_1,
@@ -177,7 +177,7 @@ std::vector<std::string> Tzu_pj_editor::zonal_names() const {
 std::vector<int> Tzu_pj_editor::zones_of(std::string_view name) const {
   std::vector<int> zones;
   for (Tzu_pj_proj_def const& record : lists_.zonal)
-    if (trim_stricmp_equal(record.get_caption(), name))
+    if (trim_stricmp(record.get_caption(), name) == 0)
       zones.push_back(record.get_zone().get_default());
   return zones;
 }
@@ -260,9 +260,8 @@ void Tzu_pj_editor::set_shifts(std::array<double, 7> const& values) {
 }
 
 bool Tzu_pj_editor::is_gauss_kruger() const {
-  return state_.kind == definition_kind::zonal &&
-         (equal_no_case(state_.zonal_name, gauss_kruger) ||
-          equal_no_case(state_.zonal_name, gauss_kruger_plus_zone));
+  return get_is_zonal() && (equal_no_case(state_.zonal_name, gauss_kruger) ||
+                            equal_no_case(state_.zonal_name, gauss_kruger_plus_zone));
 }
 
 // What the zones of Gauss and Kruger mean, and Krasovsky's ellipsoid, unless something
@@ -282,12 +281,16 @@ void Tzu_pj_editor::set_proj4_string(char const* text) {
     definition_.set(text);
     definition_.set_all_undefined();
     definition_.decompose();
-    clear();
-    if (definition_.get_units().get_def()) state_.units = definition_.get_units().get_str();
-    if (!take_zonal(definition_) && !take_usual(definition_)) choose_kind(definition_kind::none);
-    take_datum(definition_);
-    keep_lost_pieces(definition_);
+    proj4_str_to_controls(definition_);
   });
+}
+
+void Tzu_pj_editor::proj4_str_to_controls(Tzu_proj4_str& definition) {
+  clear();
+  if (definition.get_units().get_def()) state_.units = definition.get_units().get_str();
+  if (!take_zonal(definition) && !take_usual(definition)) choose_kind(definition_kind::none);
+  take_datum(definition);
+  keep_lost_pieces(definition);
 }
 
 bool Tzu_pj_editor::take_zonal(Tzu_proj4_str& definition) {
@@ -395,19 +398,31 @@ void Tzu_pj_editor::take_datum(Tzu_proj4_str& definition) {
   state_.datum_id = same == nullptr ? edit_state::custom_datum : same->get_index();
 }
 
-Tzu_pj_ellipse_def const* Tzu_pj_editor::match_ellipse(Tzu_proj4_str& definition) const {
-  if (definition.get_ellipse().get_def()) {
-    if (auto const* const record = lists_.ellipses.find_by_name(definition.get_ellipse().get_str()))
-      return record;
-  }
+Tzu_pj_ellipse_def const* Tzu_pj_editor::proj4_str_try_ellipse_name(
+    Tzu_proj4_str& definition) const {
+  if (!definition.get_ellipse().get_def()) return nullptr;
+  return lists_.ellipses.find_by_name(definition.get_ellipse().get_str());
+}
+
+Tzu_pj_ellipse_def const* Tzu_pj_editor::proj4_str_try_ellipse_params(
+    Tzu_proj4_str& definition) const {
   return lists_.ellipses.find_by_params(
       definition.get_a().get_def(), definition.get_a().get_dbl(), definition.get_b().get_def(),
       definition.get_b().get_dbl(), definition.get_rf().get_def(), definition.get_rf().get_dbl());
 }
 
+Tzu_pj_ellipse_def const* Tzu_pj_editor::proj4_str_try_ellipse_default() const {
+  return lists_.ellipses.find_by_name("wgs84");
+}
+
+Tzu_pj_ellipse_def const* Tzu_pj_editor::match_ellipse(Tzu_proj4_str& definition) const {
+  auto const* const named = proj4_str_try_ellipse_name(definition);
+  return named == nullptr ? proj4_str_try_ellipse_params(definition) : named;
+}
+
 void Tzu_pj_editor::take_ellipse(Tzu_proj4_str& definition) {
   Tzu_pj_ellipse_def const* record = match_ellipse(definition);
-  if (record == nullptr) record = lists_.ellipses.find_by_name("wgs84");
+  if (record == nullptr) record = proj4_str_try_ellipse_default();
   if (record != nullptr) choose_ellipse(record->get_index());
 }
 
@@ -432,18 +447,21 @@ void Tzu_pj_editor::keep_lost_pieces(Tzu_proj4_str& definition) {
 
 char const* Tzu_pj_editor::get_proj4_string() {
   definition_.set_all_undefined();
-  Tzu_pj_proj_def const* record = nullptr;
-  if (state_.kind == definition_kind::usual) record = usual_record();
-  if (state_.kind == definition_kind::zonal) record = zonal_record();
-  if (record != nullptr) write_projection(*record, definition_);
-  if (state_.kind != definition_kind::none) write_datum(definition_);
+  controls_to_proj4_str(definition_);
   definition_.compose();
   return definition_.get();
 }
 
+void Tzu_pj_editor::controls_to_proj4_str(Tzu_proj4_str& definition) const {
+  if (state_.kind == definition_kind::none) return;
+  auto const* const record = get_is_zonal() ? zonal_record() : usual_record();
+  if (record != nullptr) write_projection(*record, definition);
+  write_datum(definition);
+}
+
 void Tzu_pj_editor::write_projection(Tzu_pj_proj_def const& record,
                                      Tzu_proj4_str& definition) const {
-  bool const zonal = state_.kind == definition_kind::zonal;
+  bool const zonal = get_is_zonal();
   give_text(definition.get_proj(), record.get_prj4_name());
   // Only UTM says its zone by a key; elsewhere the meridian and the false
   // easting carry it.

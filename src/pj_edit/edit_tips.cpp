@@ -58,7 +58,7 @@ std::wstring tell_ellipse(Tzu_pj_editor const& editor) {
 
 std::wstring tell_zone(Tzu_pj_editor const& editor) {
   auto const* const zone = editor.zonal_record();
-  if (editor.state().kind != definition_kind::zonal || zone == nullptr) return {};
+  if (!editor.get_is_zonal() || zone == nullptr) return {};
   // Interface texts of the captions.
   constexpr int group = 6;
   constexpr std::array<std::pair<proj_number, int>, 3> shown{

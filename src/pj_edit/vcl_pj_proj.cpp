@@ -106,7 +106,7 @@ void Tzu_vcl_pj_proj::fill_zones() {
 
 void Tzu_vcl_pj_proj::refresh() {
   zu::edit_state const& state = editor_.state();
-  bool const zonal = state.kind == zu::definition_kind::zonal;
+  bool const zonal = editor_.get_is_zonal();
   usual_strip_->Show(!zonal);
   zonal_strip_->Show(zonal);
   usual_->set_active_idx(state.usual_id);

@@ -51,7 +51,7 @@ void Tzu_proj4_param_str::set_param(Tzu_proj4_param_str const& from) {
 
 bool Tzu_proj4_param_str::equal(Tzu_proj4_param_str const& other) const noexcept {
   return equal_params(*this, other,
-                      [&] { return zu::str::trim_stricmp_equal(value_, other.value_); });
+                      [&] { return zu::str::trim_stricmp(value_, other.value_) == 0; });
 }
 
 std::string Tzu_proj4_param_dbl::get_value_text() const {
