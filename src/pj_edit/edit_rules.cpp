@@ -119,8 +119,9 @@ bool are_zeros_meant(Tzu_pj_ellipse_def const& ellipsoid) {
           ellipsoid.get_semi_minor() == ellipsoid.get_semi_major());
 }
 
-constexpr std::string_view gauss_kruger = "Gauss-Kruger";
-constexpr std::string_view gauss_kruger_plus_zone = "Gauss-Kruger (plus zone)";
+constexpr std::array<std::string_view, 4> gauss_kruger_names{
+    "Gauss-Kruger", "Gauss-Kruger (plus zone)", "Gauss-Kruger 3-degree",
+    "Gauss-Kruger 3-degree (plus zone)"};
 constexpr std::string_view pulkovo_1942 = "PULKOVO_1942";
 constexpr std::string_view utm = "utm";
 
@@ -260,8 +261,10 @@ void Tzu_pj_editor::set_shifts(std::array<double, 7> const& values) {
 }
 
 bool Tzu_pj_editor::is_gauss_kruger() const {
-  return get_is_zonal() && (equal_no_case(state_.zonal_name, gauss_kruger) ||
-                            equal_no_case(state_.zonal_name, gauss_kruger_plus_zone));
+  return get_is_zonal() &&
+         std::ranges::any_of(gauss_kruger_names, [this](std::string_view name) {
+           return equal_no_case(state_.zonal_name, name);
+         });
 }
 
 // What the zones of Gauss and Kruger mean, and Krasovsky's ellipsoid, unless something
