@@ -8,8 +8,8 @@ number in front of it, then UTM zones 1 to 60, north and south. The central
 meridian of zone n is 6n - 3 degrees, wrapped into -180..180. A UTM zone has no
 other parameter: the projection knows them from the zone.
 
-Run: python3 scripts/catalogue/make_zones.py
-Writes data/prj_def/pj_proj2.csv.
+Run: python3 scripts/catalogue/make_zones.py [--check]
+Writes data/prj_def/pj_proj2.csv, or compares it with --check.
 """
 import tables
 
