@@ -14,8 +14,8 @@ The order of rows matters: a definition without a datum key takes the first row
 with its ellipsoid and numbers. Hence a row without a key stands before any with
 a key and the same numbers (else an ETRS89 definition would come back as NAD83).
 
-Run: python3 scripts/catalogue/make_datums.py
-Writes data/prj_def/pj_datum.csv; needs data/prj_def/pj_ellps.csv.
+Run: python3 scripts/catalogue/make_datums.py [--check]
+Writes data/prj_def/pj_datum.csv, or compares it with --check; needs data/prj_def/pj_ellps.csv.
 """
 import libproj
 import tables

@@ -13,8 +13,8 @@ The 3-degree zones end where Russia does, at 168 degrees west. They stand below 
 6-degree zones: without the zone number every 6-degree zone is a 3-degree zone, too,
 and the first row that fits is taken.
 
-Run: python3 scripts/catalogue/make_zones.py
-Writes data/prj_def/pj_proj2.csv.
+Run: python3 scripts/catalogue/make_zones.py [--check]
+Writes data/prj_def/pj_proj2.csv, or compares it with --check.
 """
 import tables
 
