@@ -10,12 +10,6 @@ using zu::number::distance;
 using zu::str::equal_no_case;
 using zu::str::trim_stricmp;
 
-std::string_view proj_number_key(proj_number number) noexcept {
-  constexpr std::array<std::string_view, proj_numbers_count> keys{
-      "lon_0", "lonc", "lat_0", "lat_1", "lat_ts", "lat_2", "alpha", "k_0", "x_0", "y_0"};
-  return keys[static_cast<std::size_t>(number)];
-}
-
 namespace {
 
 // What a definition gives and what a record has may be the two different forms.

@@ -13,37 +13,6 @@ namespace {
 using str::equal_no_case;
 using str::trim_stricmp;
 
-constexpr std::array<proj_number, proj_numbers_count> all_numbers{
-    proj_number::lon_0,  proj_number::lonc,  proj_number::lat_0, proj_number::lat_1,
-    proj_number::lat_ts, proj_number::lat_2, proj_number::alpha, proj_number::k_0,
-    proj_number::x_0,    proj_number::y_0};
-
-Tzu_proj4_param_dbl& param_of(Tzu_proj4_str& definition, proj_number which) {
-  switch (which) {
-    case proj_number::lon_0:
-      return definition.get_lon_0();
-    case proj_number::lonc:
-      return definition.get_lonc();
-    case proj_number::lat_0:
-      return definition.get_lat_0();
-    case proj_number::lat_1:
-      return definition.get_lat_1();
-    case proj_number::lat_ts:
-      return definition.get_lat_ts();
-    case proj_number::lat_2:
-      return definition.get_lat_2();
-    case proj_number::alpha:
-      return definition.get_alpha();
-    case proj_number::k_0:
-      return definition.get_k_0();
-    case proj_number::x_0:
-      return definition.get_x_0();
-    case proj_number::y_0:
-      break;
-  }
-  return definition.get_y_0();
-}
-
 void give_text(Tzu_proj4_param_str& param, std::string const& value) {
   param.set_def(!value.empty());
   param.set_str(value.c_str());
@@ -157,7 +126,7 @@ void Tzu_pj_editor::set_step(edit_step const& step) {
 // Selectors start at their first entry.
 void Tzu_pj_editor::clear() {
   state_ = {};
-  for (proj_number const which : all_numbers) clear_number(which, state_.number(which));
+  for (proj_number const which : all_proj_numbers) clear_number(which, state_.number(which));
   if (lists_.usual.get_size() > 0) state_.usual_id = lists_.usual.get(0).get_index();
   if (lists_.ellipses.get_size() > 0) state_.ellipse_id = lists_.ellipses.get(0).get_index();
   if (lists_.zonal.get_size() > 0) {
@@ -219,7 +188,7 @@ void Tzu_pj_editor::choose_zone(int zone) {
 }
 
 void Tzu_pj_editor::apply_record(Tzu_pj_proj_def const* record) {
-  for (proj_number const which : all_numbers) {
+  for (proj_number const which : all_proj_numbers) {
     number_state& number = state_.number(which);
     clear_number(which, number);
     if (record != nullptr) apply_range(record->get_number(which), number);
@@ -318,8 +287,8 @@ Tzu_pj_proj_def const* Tzu_pj_editor::match_zonal(Tzu_proj4_str& definition) con
   auto const matches = [&](Tzu_pj_proj_def const& record) {
     return equal_no_case(record.get_prj4_name(), proj) &&
            record.is_south() == is_given_south(definition) &&
-           std::ranges::all_of(all_numbers, [&](proj_number which) {
-             return fits_range(record.get_number(which), which, param_of(definition, which));
+           std::ranges::all_of(all_proj_numbers, [&](proj_number which) {
+             return fits_range(record.get_number(which), which, definition.get_number(which));
            });
   };
   auto const found = std::ranges::find_if(lists_.zonal, matches);
@@ -350,8 +319,8 @@ Tzu_pj_proj_def const* Tzu_pj_editor::match_usual(Tzu_proj4_str& definition) con
   std::ptrdiff_t most = -1;
   for (Tzu_pj_proj_def const& record : lists_.usual) {
     if (!Tzu_pj_proj_defs::fits(record, proj, lat_0, south)) continue;
-    auto const held = std::ranges::count_if(all_numbers, [&](proj_number which) {
-      return param_of(definition, which).get_def() && record.get_number(which).get_use_proj4();
+    auto const held = std::ranges::count_if(all_proj_numbers, [&](proj_number which) {
+      return definition.get_number(which).get_def() && record.get_number(which).get_use_proj4();
     });
     if (held > most) best = &record;
     most = std::max(most, held);
@@ -361,9 +330,9 @@ Tzu_pj_proj_def const* Tzu_pj_editor::match_usual(Tzu_proj4_str& definition) con
 
 void Tzu_pj_editor::fill_numbers(Tzu_pj_proj_def const& record, Tzu_proj4_str& definition) {
   apply_record(&record);
-  for (proj_number const which : all_numbers) {
+  for (proj_number const which : all_proj_numbers) {
     number_state& number = state_.number(which);
-    Tzu_proj4_param_dbl const& given = param_of(definition, which);
+    Tzu_proj4_param_dbl const& given = definition.get_number(which);
     if (given.get_def())
       number.value = given.get_dbl();
     else if (!record.get_number(which).get_def_default())
@@ -470,9 +439,9 @@ void Tzu_pj_editor::write_projection(Tzu_pj_proj_def const& record,
   // easting carry it.
   definition.get_zone().set_def(zonal && equal_no_case(record.get_prj4_name(), utm));
   definition.get_zone().set_int(state_.zone);
-  for (proj_number const which : all_numbers) {
+  for (proj_number const which : all_proj_numbers) {
     Tzu_pj_dbl_param const& range = record.get_number(which);
-    Tzu_proj4_param_dbl& param = param_of(definition, which);
+    Tzu_proj4_param_dbl& param = definition.get_number(which);
     if (range.get_show())
       give_if(param, true, state_.number(which).value);
     else
