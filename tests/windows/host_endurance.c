@@ -3,58 +3,18 @@
 
 #include "host_support.h"
 
-/* Wine tells none of the three counts that Windows has. There a new handle takes
-   the lowest place that is free but for those given back: when more are made
-   than were ever given back, the highest place tells how many there are
-   besides. */
-
-enum { made = 6000 };
-
+/* Windows tells these three counts. Wine tells none: they are 0 there. */
 static size_t count_handles(void) {
-  DWORD told = 0;
-  if (GetProcessHandleCount(GetCurrentProcess(), &told) && told != 0) return told;
-  static HANDLE events[made];
-  size_t highest = 0;
-  for (int i = 0; i < made; ++i) {
-    events[i] = CreateEventW(NULL, FALSE, FALSE, NULL);
-    CHECK(events[i] != NULL);
-    size_t const place = (size_t)events[i] / 4;
-    if (place > highest) highest = place;
-  }
-  for (int i = 0; i < made; ++i) CloseHandle(events[i]);
-  return highest - made;
+  DWORD count = 0;
+  return GetProcessHandleCount(GetCurrentProcess(), &count) ? count : 0;
 }
 
-/* Windows, menus, icons and hooks share the places. */
 static size_t count_user_objects(void) {
-  DWORD const told = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
-  if (told != 0) return told;
-  static HMENU menus[made];
-  size_t highest = 0;
-  for (int i = 0; i < made; ++i) {
-    menus[i] = CreateMenu();
-    CHECK(menus[i] != NULL);
-    size_t const place = (LOWORD((ULONG_PTR)menus[i]) - 0x20U) / 2;
-    if (place > highest) highest = place;
-  }
-  for (int i = 0; i < made; ++i) DestroyMenu(menus[i]);
-  return highest + 1 - made;
+  return GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
 }
 
-/* The table of these lies where that of Windows once did. */
 static size_t count_gdi_objects(void) {
-  DWORD const told = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-  if (told != 0) return told;
-  enum { entries = 0x10000, entry_size = 24, type_offset = 14, table_offset = 0xF8 };
-  typedef char const*(WINAPI * function)(void);
-  function const process_block =
-      (function)(void (*)(void))GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlGetCurrentPeb");
-  unsigned char const* const table = *(unsigned char const* const*)(process_block() + table_offset);
-  CHECK(table != NULL);
-  if (table == NULL) return 0;
-  size_t count = 0;
-  for (int i = 0; i < entries; ++i) count += table[i * entry_size + type_offset] != 0;
-  return count;
+  return GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
 }
 
 /* What is allocated in the heaps that modules have made, such as the language

@@ -14,8 +14,6 @@ namespace {
 namespace fs = std::filesystem;
 using core_test::outcome;
 
-constexpr char const* zone_7 =
-    "+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass +units=m +no_defs";
 constexpr char const* known_zone_7 =
     "+proj=tmerc +lon_0=39 +lat_0=0 +x_0=7500000 +y_0=0 +k_0=1 "
     "+towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 +ellps=krass +units=m +lon_wrap=45 +no_defs";
@@ -45,19 +43,6 @@ class Tcopy {
   // Nothing else tells where the database is.
   core_test::Tenvironment const environment_{{"PROJ_DATA", nullptr}, {"PROJ_LIB", nullptr}};
 };
-
-TEST(Shipped_database, is_found_beside_the_program) {
-  for (char const* name :
-       {"plain", "\u041A\u0430\u0440\u0442\u0430 1", "\u00FC \u03B1 \u4E2D \U0001F600"}) {
-    Tcopy const copy(name);
-    fs::copy(shipped_database, copy.database());
-    outcome const imported = copy.run({"import", "EPSG:28407"});
-    EXPECT_EQ(imported.out, std::string(zone_7) + "\n") << name;
-    EXPECT_EQ(imported.err, "") << name;
-    EXPECT_EQ(copy.run({"import", "Pulkovo 1942"}).out,
-              "+proj=longlat +ellps=krass +no_defs +type=crs\n");
-  }
-}
 
 // What GDAL and PROJ would do in part has to fail, too: the datum is lost then.
 void expect_quiet_failures(Tcopy const& copy, std::string const& what) {
