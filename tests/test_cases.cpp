@@ -1,6 +1,7 @@
 // What the files of tests/cases/test_cases do with their texts.
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <sstream>
 
@@ -253,6 +254,17 @@ std::string step(scope& in, words const& a) {
          editor.get_proj4_string();
 }
 
+// So many numbers are chosen; how often they can be undone.
+std::string many_steps(scope& in, words const& a) {
+  auto& [projections, datums, editor, history] = catalogue_of(in);
+  editor.choose_datum(zu::edit_state::custom_datum);
+  history.start(editor.step());
+  for (int i = 1; i <= std::stoi(a.at(0)); ++i) editor.set_shift(0, i);
+  int undone = 0;
+  for (; history.can_undo(); ++undone) editor.set_step(history.undo());
+  return std::to_string(undone);
+}
+
 // What is told of a paste, or the definition then.
 std::string paste(scope& in, words const& a) {
   auto& editor = catalogue_of(in).editor;
@@ -474,8 +486,25 @@ std::string transform(scope& /*in*/, words const& a) {
                     : a.at(1).empty() ? reproj.init_to_latlong(a[0].c_str())
                                       : reproj.init(a[0].c_str(), a[1].c_str());
   auto point = numbers_of(a.at(2));
-  if (!made) return "no operation";
-  return reproj.apply(&point.at(0), &point.at(1)) ? text_of(point) : "failed";
+  bool const done = reproj.apply(&point.at(0), &point.at(1));
+  if (!made) return done || text_of(point) != a[2] ? "moved all the same" : "no operation";
+  return done ? text_of(point) : "failed";
+}
+
+// A name, a system, degrees and metres, which are to be within the digits of those who
+// published them.
+std::string there_and_back(scope& /*in*/, words const& a) {
+  Tzu_reproj_xy reproj;
+  if (!reproj.init_from_latlong(a.at(1).c_str())) return "no operation";
+  auto const degrees = numbers_of(a.at(2));
+  auto const metres = numbers_of(a.at(3));
+  auto there = degrees;
+  auto back = metres;
+  reproj.apply(&there.at(0), &there.at(1));
+  reproj.apply(&back.at(0), &back.at(1), reproj_direction::backward);
+  bool const is_near = std::hypot(there[0] - metres.at(0), there[1] - metres.at(1)) <= 0.01 &&
+                       std::hypot(back[0] - degrees.at(0), back[1] - degrees.at(1)) <= 3e-7;
+  return is_near ? "as published" : text_of(there) + ", back " + text_of(back);
 }
 
 // As the dialog searches when its list is whole.
@@ -518,6 +547,7 @@ case_file::operations const& case_file::of_program() {
   static operations const all{{"search", &search},
                               {"take", &take},
                               {"step", &step},
+                              {"many_steps", &many_steps},
                               {"paste", &paste},
                               {"tip", &tip},
                               {"angle", &angle},
@@ -560,6 +590,7 @@ case_file::operations const& case_file::of_program() {
                               {"known", &known},
                               {"known_from_esri", &known_from_esri},
                               {"transform", &transform},
+                              {"there_and_back", &there_and_back},
                               {"box", &box}};
 
   return all;
