@@ -23,6 +23,7 @@
 #include "pj_edit/edit_paste.h"
 #include "pj_edit/edit_tips.h"
 #include "pj_edit/point_trial.h"
+#include "proj4/proj4_str_correct.h"
 #include "proj4/short_text.h"
 #include "reproj/reproj_d2.h"
 #include "text/rc.h"
@@ -110,9 +111,13 @@ std::string interface(scope& /*in*/, words const& a) {
       zu::strconv::from_interface(Tzu_rc::get_str(std::stoi(a.at(1)), std::stoi(a.at(2)))));
 }
 
+// With "; " for the ends of the lines.
 std::string describe(scope& /*in*/, words const& a) {
   speak(a.at(0));
-  return to_utf8(zu::strconv::from_interface(definition(a.at(1)).get_text()));
+  auto text = to_utf8(zu::strconv::from_interface(definition(a.at(1)).get_text()));
+  for (std::size_t at = 0; (at = text.find("\r\n", at)) != std::string::npos;)
+    text.replace(at, 2, "; ");
+  return text;
 }
 
 std::string fed(std::function<int(Izu_string_adp*)> const& produce) {
@@ -138,6 +143,10 @@ case_file::operation converted_by(int (*convert)(wchar_t const*, Izu_string_adp*
   return [convert](scope& /*in*/, words const& a) {
     return fed([&](auto* to) { return convert(from_utf8(a.at(0)).c_str(), to); });
   };
+}
+
+std::string patch_for_gdal(scope& /*in*/, words const& a) {
+  return Tzu_proj4_str_correct().patch_proj4_for_gdal(a.at(0).c_str());
 }
 
 // Names of a geographic system by its seven numbers and its ellipsoid, and what comes
@@ -344,8 +353,7 @@ template <class Param, class Value>
 void add_param(std::ostringstream& text, std::string_view key, Param const& param,
                Value const& value) {
   if (!param.get_use_proj4() && !param.get_def_default() && value == Value()) return;
-  text << "\n"
-       << key << (param.get_use_proj4() ? "" : ", not of PROJ")
+  text << "; " << key << (param.get_use_proj4() ? "" : ", not of PROJ")
        << (param.get_show() ? ", shown" : "");
   if (param.get_def_default()) text << ", is " << value;
   if (!param.get_def_default() && value != Value()) text << ", (" << value << ")";
@@ -370,7 +378,7 @@ std::string projection(scope& in, words const& a) {
     if (param.get_def_min() || param.get_min() != 0) text << ", from " << param.get_min();
     if (param.get_def_max() || param.get_max() != 0) text << ", to " << param.get_max();
   }
-  return text.str() + "\n";
+  return text.str();
 }
 
 std::string datums(scope& in, words const& /*a*/) {
@@ -566,6 +574,7 @@ case_file::operations const& case_file::of_program() {
                               {"from_esri", converted_by(&zu_pj4_import_esri_prj)},
                               {"import", converted_by(&zu_pj4_import_crs)},
                               {"names_in_esri", &names_in_esri},
+                              {"patch_for_gdal", &patch_for_gdal},
                               {"load", &load},
                               {"table", &table},
                               {"use_tables", &use_tables},

@@ -22,9 +22,6 @@ struct verdict {
   std::vector<std::string> causes;
   // Among the causes is one that the rules of the editor do not account for.
   bool unexplained = false;
-  // What does not count as a change.
-  bool gains_zero_shift = false;
-  std::string gained_datum;
 };
 
 struct report {
