@@ -38,7 +38,7 @@ std::optional<double> c_scan_double(std::string const& text) {
   return end != text.c_str() && std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
-// The texts that are a number and nothing else; "i", "n" and "x" begin other ones.
+// Texts that are a decimal number and nothing else.
 std::optional<double> c_read_double(std::string const& text) {
   char* end = nullptr;
   static_cast<void>(std::strtod(text.c_str(), &end));
@@ -72,7 +72,7 @@ TEST(Number, reads_doubles_like_the_c_library) {
     std::string text;
     for (auto length = random() % 9; length > 0; --length)
       text += alphabet[random() % alphabet.size()];
-    // Too small for a double: nobody's coordinate.
+    // Too small for a double.
     if (c_scan_double(text) == 0 && text.find_first_of("123456789") < text.find_first_of("eE"))
       continue;
     expect_read_like_c(text);
@@ -80,7 +80,7 @@ TEST(Number, reads_doubles_like_the_c_library) {
 }
 
 TEST(Number, writes_like_the_c_library) {
-  // Ties and what lies beside them, carries, and what is beyond the short way.
+  // Ties and numbers near them, carries, and numbers that need the long way.
   std::vector<double> values{0,       -0.0,     0.5,      1.5,    -2.5,         0.125,
                              0.0625,  0.99995,  -9.99996, 1e15,   999999999.5,  -1e300,
                              -1e-300, 0.000435, 1e14 / 3, 5e-324, 123456.00005, 0.9999999995,
@@ -240,7 +240,7 @@ TEST(File_system, copies_and_moves) {
   fs::create_directory(folder.file("sub"));
   EXPECT_TRUE(files::move(folder.wide(L"sub"), folder.wide(L"dir"))) << "a folder";
   fs::create_directory(folder.file("empty"));
-  // What fails leaves everything as it was, and nothing half-made.
+  // A failure changes no file and leaves no new one.
   auto const count = folder.count();
   using names_of = std::pair<wchar_t const*, wchar_t const*>;
   for (auto const& [from, to] :
@@ -280,7 +280,7 @@ TEST(File_system, temporary_files_are_new) {
   EXPECT_EQ(folder.count(), 2U);
   EXPECT_EQ(zu::file::read_whole(*first), "");
   EXPECT_FALSE(files::make_temporary_file(folder.wide(L"missing")));
-  // Under a name that every standard library knows: without a separator behind it.
+  // Some standard libraries know the folder only without a separator at the end.
   EXPECT_TRUE(fs::equivalent(zu::path::join(files::temporary_folder(), L"."),
                              fs::temp_directory_path() / "."));
 }
@@ -297,7 +297,7 @@ TEST(Prp_val, is_written_as_it_is_read) {
   EXPECT_TRUE(property.get_as_bool());
 }
 
-// What a terminal and a file get of it is tested by way of the command-line program.
+// The tests of the command-line program test it on terminals and in files.
 TEST(Env, writes_lines) {
   std::ostringstream out;
   Tzu_env_out env(out);

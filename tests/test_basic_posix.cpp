@@ -27,7 +27,7 @@ using core_test::read_file;
 using core_test::Tenvironment;
 using core_test::Ttemp_folder;
 
-// What the act gives in a process of its own.
+// Runs the act in another process and gives its result.
 template <class Act>
 int apart(Act act) {
   pid_t const child = fork();
@@ -39,7 +39,7 @@ int apart(Act act) {
 
 constexpr std::size_t long_size = 200000;
 
-// A process of its own that saves now one and now the other content for ever.
+// Another process, which saves the two contents in turn for ever.
 pid_t start_saving(std::wstring const& name) {
   pid_t const saver = fork();
   if (saver != 0) return saver;
@@ -53,7 +53,7 @@ bool is_whole(std::string const& content) {
   return content == std::string(long_size, 'a') || content == std::string(long_size, 'b');
 }
 
-// When they die is left to chance; what they leave is not.
+// The savers die at random moments; the file must be whole each time.
 TEST(File_posix, savers_that_die_and_savers_at_once_leave_one_content_whole) {
   Ttemp_folder const folder;
   std::mt19937 random(5);  // NOLINT(cert-msc51-cpp): repeatable
@@ -78,7 +78,7 @@ TEST(File_posix, a_save_without_room_leaves_the_old_file_and_no_other) {
   put_file(folder.file("old"), "old");
   std::string const content(long_size, 'a');
   EXPECT_FALSE(apart([&] {
-    // As on a full disk: what is beyond the limit is not written.
+    // As on a full disk: nothing is written beyond the limit.
     rlimit const limit{1000, 1000};
     static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
     setrlimit(RLIMIT_FSIZE, &limit);
@@ -110,7 +110,7 @@ TEST(File_posix, saving_changes_the_content_alone) {
   EXPECT_EQ(folder.count(), 7U) << "and nothing beside them";
 }
 
-// As a user to whom permissions apply, which the superuser is not.
+// As an ordinary user: permissions do not stop the superuser.
 TEST(File_posix, what_may_not_be_written_is_not_and_a_closed_folder_is_no_hindrance) {
   Ttemp_folder const folder;
   for (char const* name : {"read only", "open"}) put_file(folder.file(name), "old");

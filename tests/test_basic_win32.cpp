@@ -26,7 +26,7 @@ using core_test::Ttemp_folder;
 // 20 attempts in all.
 std::vector<unsigned> const all_pauses(19, 1);
 
-// Files that are let go in time are tested where definition files are.
+// The tests of definition files have files that become free in time.
 TEST(Held_file_win32, is_given_up_after_20_attempts) {
   Ttemp_folder const folder;
   put_file(folder.file("f"), "held");
@@ -40,7 +40,7 @@ TEST(Held_file_win32, is_given_up_after_20_attempts) {
     EXPECT_EQ(pauses_of([&] { EXPECT_EQ(zu::file::read_whole(folder.wide(L"f")), "held"); }),
               std::vector<unsigned>());
   }
-  // Who reads and lets others read is in the way of writing alone.
+  // A program that reads and lets others read only prevents writing.
   Tfile_holder holder(folder.file("f"), Tfile_holder::reading);
   EXPECT_EQ(zu::file::read_whole(folder.wide(L"f")), "held");
   EXPECT_FALSE(zu::file::write_whole(folder.wide(L"f"), "new"));
@@ -61,7 +61,7 @@ TEST(Held_file_win32, other_errors_are_final) {
   EXPECT_EQ(folder.count(), 0U);
 }
 
-// Where on the volume it is, which tells a new file from an old one.
+// The place of the file on the volume; a new file has another one.
 std::uint64_t place_of(std::wstring const& name) {
   auto* const file = CreateFileW(name.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -80,7 +80,7 @@ TEST(File_win32, saving_puts_a_new_file_in_the_place_of_one_with_nothing_special
   EXPECT_EQ(get_file(folder.file("f")), "new");
   auto const after = place_of(name);
   EXPECT_NE(after, before);
-  // One with two names stays one, and so does one that is being read.
+  // A file with two names stays the same file; so does a file that is being read.
   ASSERT_NE(CreateHardLinkW(folder.wide(L"g").c_str(), name.c_str(), nullptr), 0);
   EXPECT_TRUE(zu::file::write_whole(name, "newer"));
   EXPECT_EQ(get_file(folder.file("g")), "newer");

@@ -49,14 +49,14 @@ struct definition : Tzu_proj4_str {
   }
 };
 
-// What is written is read and written as it is.
+// Reading and writing the result changes nothing.
 std::string normalize(scope& /*in*/, words const& a) {
   std::string const once = definition(a.at(0)).composed();
   std::string const again = definition(once).composed();
   return again == once ? once : once + " and then " + again;
 }
 
-// By a sphere's radius where it has one, and after that in the ordinary form.
+// For PROJ, and after that in the ordinary form.
 std::string normalize_for_proj(scope& /*in*/, words const& a) {
   definition set(a.at(0));
   set.compose_for_proj4();
@@ -131,7 +131,8 @@ std::string summarize(scope& /*in*/, words const& a) {
   return fed([&](auto* to) { return Tzu_short_text_helper::get_short_text(a.at(1).c_str(), to); });
 }
 
-// Those that the summary leaves out, too; of what was read before nothing counts.
+// All parts, also those that the summary leaves out. Nothing of an earlier definition is
+// left.
 std::string parts(scope& /*in*/, words const& a) {
   static Tzu_pj4_parts read;
   speak("en");
@@ -149,8 +150,8 @@ std::string patch_for_gdal(scope& /*in*/, words const& a) {
   return Tzu_proj4_str_correct().patch_proj4_for_gdal(a.at(0).c_str());
 }
 
-// Names of a geographic system by its seven numbers and its ellipsoid, and what comes
-// back of its ESRI WKT.
+// The names that ESRI WKT has for seven numbers and an ellipsoid, and the definition that
+// is read from it.
 std::string names_in_esri(scope& /*in*/, words const& a) {
   auto const wkt = fed([&](auto* to) {
     auto const definition = "+proj=longlat +towgs84=" + a.at(0) + " " + a.at(1) + " +no_defs";
@@ -263,7 +264,7 @@ std::string step(scope& in, words const& a) {
          editor.get_proj4_string();
 }
 
-// So many numbers are chosen; how often they can be undone.
+// Chooses so many numbers, and counts how many can be undone.
 std::string many_steps(scope& in, words const& a) {
   auto& [projections, datums, editor, history] = catalogue_of(in);
   editor.choose_datum(zu::edit_state::custom_datum);
@@ -274,7 +275,7 @@ std::string many_steps(scope& in, words const& a) {
   return std::to_string(undone);
 }
 
-// What is told of a paste, or the definition then.
+// The note on a paste, or the new definition.
 std::string paste(scope& in, words const& a) {
   auto& editor = catalogue_of(in).editor;
   speak(a.at(0));
@@ -316,8 +317,7 @@ std::string tip(scope& in, words const& a) {
   return to_utf8(zu::tell_shift(editor, std::stoul(a[1])));
 }
 
-// What is to be told of the catalogue and of a definition that is opened, or of that
-// which is there.
+// The note on the catalogue and on a definition, which is opened if it is given.
 std::string note(scope& in, words const& a) {
   auto& [projections, datums, editor, history] = catalogue_of(in);
   speak(a.at(0));
@@ -327,7 +327,7 @@ std::string note(scope& in, words const& a) {
   return in.without_folder(to_utf8(zu::compose_note(L"", zu::tell_catalogue({}, faults), editor)));
 }
 
-// What is to be told of a file that is loaded, or into which a definition is saved.
+// The note on a file after loading it, or after saving a definition in it.
 std::string file_note(scope& in, words const& a) {
   speak(a.at(0));
   std::wstring const name = in.folder.wide(from_utf8(a.at(1)));
@@ -479,7 +479,7 @@ std::vector<double> numbers_of(std::string const& text) {
   return numbers;
 }
 
-// To twelve digits: those behind are the mathematics library's own.
+// To twelve digits. The next ones depend on the mathematics library.
 std::string text_of(std::vector<double> const& numbers) {
   std::string text;
   for (double const one : numbers)
@@ -487,7 +487,7 @@ std::string text_of(std::vector<double> const& numbers) {
   return text;
 }
 
-// A point from one system to another; what is no text of a system is its geographic one.
+// A point from one system to another. An empty text is the other one's geographic system.
 std::string transform(scope& /*in*/, words const& a) {
   Tzu_reproj_xy reproj;
   bool const made = a.at(0).empty()   ? reproj.init_from_latlong(a.at(1).c_str())
@@ -499,8 +499,8 @@ std::string transform(scope& /*in*/, words const& a) {
   return done ? text_of(point) : "failed";
 }
 
-// A name, a system, degrees and metres, which are to be within the digits of those who
-// published them.
+// A name, a system, degrees and metres; the last two have to agree to the published
+// digits.
 std::string there_and_back(scope& /*in*/, words const& a) {
   Tzu_reproj_xy reproj;
   if (!reproj.init_from_latlong(a.at(1).c_str())) return "no operation";
@@ -529,7 +529,7 @@ std::string search(scope& /*in*/, words const& a) {
   return rows.empty() ? "" : rows.front()->id;
 }
 
-// What is told of the row that comes first, deprecated ones with it, which is taken.
+// Takes the first row, deprecated ones included, and gives what the dialog tells of it.
 std::string take(scope& in, words const& a) {
   speak(a.at(0));
   auto const rows = find_systems(a.at(1), true);

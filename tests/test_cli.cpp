@@ -102,7 +102,7 @@ TEST_F(Cli, ExplainsItself) {
   }
 }
 
-// The dialog writes seven numbers beside a datum's key, which two of them have not.
+// The dialog adds seven numbers to a datum's key. Two of the systems do not have them.
 TEST_F(Cli, KnowsSystemsByDefinitionAlsoAfterTheDialog) {
   auto const lines_of = [](std::string const& text) { return zu::str::split(text, "\n"); };
   auto const list = run({"known", "--list"}).out;
@@ -130,7 +130,7 @@ TEST_F(Cli, KnowsSystemsByDefinitionAlsoAfterTheDialog) {
                                                "PROJCS[\"Russia_Cadastre_77_1\"", ""}));
 }
 
-// Longer than what is read at a time, with a line that is so, too.
+// The text and one of its lines are longer than the buffer.
 TEST_F(Cli, KeepsTheOrderOfLongInput) {
   std::string input;
   std::string output;

@@ -35,7 +35,7 @@ std::optional<core_test::outcome> run_before_terminal(std::string const& words) 
   EXPECT_EQ(grantpt(terminal) + unlockpt(terminal), 0);
   auto result =
       core_test::run({"/bin/sh", {"-c", ZU_PJ4 " " + words + " 2>" + ptsname(terminal)}, ""});
-  // The terminal's end is an error of its other side.
+  // Reading fails when the other side has closed the terminal.
   for (int c = std::fgetc(master.get()); c != EOF; c = std::fgetc(master.get()))
     if (c != '\r') result.err += static_cast<char>(c);
   return result;
@@ -52,7 +52,7 @@ TEST_F(Cli_linux, ProgressIsForWhoSitsBeforeATerminal) {
                      "Wait: [####################] 100% converting\n"
                      "Finished: 1 of 2 files converted\n"
                      "Error: 1 of 2 files not converted\n");
-  // Of points only where they are many.
+  // Progress of points is shown for many points only.
   std::string const points = path("points.txt");
   std::string const transform = "transform --from EPSG:4326 --to EPSG:32637 " + points;
   put_file(points, "39 0\nx\n");
@@ -81,8 +81,8 @@ TEST_F(Cli_linux, NoticesAFullDiskAndTheLackOfADisplay) {
   EXPECT_EQ(edited.err.find('\n'), edited.err.size() - 1);
 }
 
-// Texts that would have GDAL or PROJ open a file or a connection, alone, as what
-// "+init=" names in a parameter file, or as an ESRI file; a line each.
+// A line each: a text with which GDAL or PROJ would open a file or a connection when they
+// get it as it is, after "+init=" in a parameter file, or as an ESRI file.
 std::string const reaching_texts = core_test::read_file(ZU_TEST_CASES "/texts/reaching.txt");
 
 // What GDAL's own program makes of the files that are written.
@@ -105,7 +105,7 @@ TEST_F(Cli_linux, EsriFilesAreReadByOtherPrograms) {
 class Cli_reach_linux : public cli_test::Cli {
  protected:
   void SetUp() override {
-    // A system without the tracer is one that was not made ready for these tests.
+    // scripts/install_packages installs the tracer.
     auto const can_trace = core_test::run({"/usr/bin/strace", {"-qq", "/bin/true"}, ""});
     if (can_trace.status != 0) GTEST_SKIP() << "may not trace here: " << can_trace.err;
   }
@@ -174,7 +174,7 @@ TEST_F(Cli_reach_linux, ImportsOpenNothingThatATextNames) {
 }
 
 // A definition may name the grids of its datum shift, which PROJ then opens; but no
-// other file, and nothing that is elsewhere.
+// other file, and nothing on the network.
 TEST_F(Cli_reach_linux, TransformationsOpenGridsAndAskNobody) {
   std::string const geographic = "+proj=longlat +datum=WGS84";
   put_file(path("points"), "37 55");

@@ -1,4 +1,4 @@
-// Definition files beside what they hold, which cases/test_cases tells.
+// Names, encodings and sizes of definition files. cases/test_cases has their contents.
 
 #include <gtest/gtest.h>
 
@@ -98,7 +98,7 @@ TEST(Definition_file, failures_write_nothing) {
   EXPECT_EQ(folder.count(), 1U);
 }
 
-// What is too long for a definition is not read into memory.
+// A file that is too long for a definition is not read into memory.
 TEST(Definition_file, huge_files_end_at_a_zero_or_are_refused) {
   Ttemp_folder const folder;
   std::filesystem::path const file = folder.file("f.prj");

@@ -1,5 +1,5 @@
 // The editing rules over many definitions, with the catalogue of the installation.
-// What becomes of single ones, and what a user chooses, is in cases/test_cases.
+// cases/test_cases has single definitions and the user's choices.
 
 #include <gtest/gtest.h>
 
@@ -100,8 +100,7 @@ TEST_F(Shipped, NeverOffersAScaleOfZero) {
   }
 }
 
-// Each definition is taken as if it were the first, and what Apply gives is what
-// it gives again.
+// The definition before changes nothing, and a second Apply changes nothing.
 TEST_F(Shipped, KeepsNothingOfTheDefinitionBeforeAndSettlesAtOnce) {
   std::vector<std::string> definitions = untouched_definitions();
   for (char const* more :

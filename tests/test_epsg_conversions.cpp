@@ -1,5 +1,5 @@
-// Systems of the EPSG data through the conversions, beside what GDAL and PROJ
-// make of them alone. The program epsg_survey does it for all of them.
+// Converts some systems of the EPSG data, and compares with GDAL and PROJ. The program
+// epsg_survey does it for all of them.
 
 #include <gtest/gtest.h>
 

@@ -39,7 +39,7 @@ constexpr Tfloat_state as_c_has_it{};
 constexpr unsigned flags = 0x3F;
 
 // Traps and no flags; rounding up, in 24 bits; small numbers 0; flags raised; flags of
-// which the next x87 instruction would trap; the exceptions besides, too.
+// which the next x87 instruction would trap; all other exceptions, too.
 constexpr std::array<Tfloat_state, 6> hosts{{trapping,
                                              {0x5900, 0x0872},
                                              {0x9940, 0x0C7F},
@@ -58,7 +58,7 @@ bool watch(core_test::float_event event, unsigned mxcsr) {
   return !saw_scope;
 }
 
-// Steps through a call until it is seen in a scope.
+// Steps through a call until it is in a scope.
 template <class Call>
 bool enters_scope(Call const& call) {
   saw_scope = false;
@@ -86,7 +86,7 @@ void divide_by_zero() {
   static_cast<void>(wide_quotient);
 }
 
-// What a host has after a call; the test itself goes on as C has it.
+// The host's state after a call. The test itself continues with C's own.
 template <class Call>
 Tfloat_state after(Tfloat_state const& host, Call const& call) {
   host.set();
@@ -315,7 +315,7 @@ TEST_F(Float_traps, every_function_of_the_layer_computes_in_a_scope) {
   EXPECT_EQ(called, computing_functions());
 }
 
-// Chains without the PROJ step are ours alone.
+// Without the PROJ step all arithmetic is ours.
 TEST_F(Float_traps, numbers_that_are_none_are_left_alone) {
   constexpr double infinity = std::numeric_limits<double>::infinity();
   constexpr double not_a_number = std::numeric_limits<double>::quiet_NaN();

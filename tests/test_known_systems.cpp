@@ -1,4 +1,4 @@
-// The known systems, against the rules they follow, GDAL and the EPSG data.
+// Compares the known systems with GDAL and the EPSG data.
 
 #include <gtest/gtest.h>
 #include <ogr_spatialref.h>
@@ -32,7 +32,7 @@ constexpr std::size_t cadastral = 125;
 constexpr std::size_t mixed = 188;
 constexpr std::size_t moscow = 365;
 
-// Of Pulkovo 1995, but for the two systems below.
+// Districts of Pulkovo 1995. Two of their systems are not.
 std::set<std::string> const districts_1995{"05", "06", "07", "09", "15", "20", "26", "33",
                                            "50", "54", "55", "60", "67", "71", "72", "89"};
 std::set<std::string> const systems_1942{"Russia_Cadastre_20_1_N", "Russia_Cadastre_71_3_N"};

@@ -129,7 +129,7 @@ class Tcase {
              std::abs(shape->b - after->b) < millimetre / 10;
     };
     if (is_like(std::optional(before))) return;
-    // By this grid PROJ knows a sphere that stands for the ellipsoid of WGS 84.
+    // With this grid PROJ takes the sphere for the ellipsoid of WGS 84.
     auto const without = libproj::join(source_, [](auto const& key) { return key != "nadgrids"; });
     if (value_of(source_, "nadgrids") == "@null" &&
         is_like(libproj::ellipsoid_of(context_, without)))
@@ -146,7 +146,7 @@ class Tcase {
     auto const datum = value_of(source_, "datum");
     auto const grid = value_of(source_, "nadgrids");
     if (grid) found_.causes.push_back("key dropped: nadgrids=" + *grid);
-    // PROJ takes these two by grids; the numbers of the dialog override them.
+    // PROJ shifts these two by grids. The numbers of the dialog replace the grids.
     if (datum && (*datum == "NAD27" || *datum == "potsdam")) {
       if (value_of(written_, "datum") != datum)
         add_unexplained("datum " + *datum);
