@@ -82,22 +82,6 @@ TEST(Definition_file, saves_nothing_under_another_name) {
   }
 }
 
-TEST(Definition_file, failures_write_nothing) {
-  Ttemp_folder const folder;
-  std::wstring const name = folder.wide(L"f.prj");
-  put_file(folder.file("f.prj"), "kept");
-  for (wchar_t const* definition : {L"", L"+proj=nonsense", L"text", L"+init=/etc/passwd:x"}) {
-    EXPECT_FALSE(zu_pj4_export_esri_prj(definition, name.c_str()));
-    EXPECT_FALSE(zu_pj4_export_esri_prj(definition, folder.wide(L"new.prj").c_str()));
-  }
-  EXPECT_EQ(get_file(folder.file("f.prj")), "kept");
-  for (wchar_t const* unwritable : {L"", L"no/f.prj"}) {
-    EXPECT_FALSE(zu_pj4_export_esri_prj(zone_7_definition, folder.wide(unwritable).c_str()));
-    EXPECT_FALSE(Tzu_add_file::save_pj4_ini(folder.wide(unwritable), L"+proj=merc"));
-  }
-  EXPECT_EQ(folder.count(), 1U);
-}
-
 // A file that is too long for a definition is not read into memory.
 TEST(Definition_file, huge_files_end_at_a_zero_or_are_refused) {
   Ttemp_folder const folder;

@@ -1,4 +1,5 @@
-// The editor against PROJ: definitions that PROJ writes keep their meaning.
+// Compares the editor and the conversions with PROJ and GDAL, by the systems of the EPSG
+// data.
 
 #include <gtest/gtest.h>
 
@@ -8,6 +9,7 @@
 #include <iostream>
 #include <set>
 
+#include "conversion_survey.h"
 #include "core_support.h"
 #include "epsg_survey.h"
 
@@ -92,6 +94,27 @@ TEST(Epsg, AbsentParametersMeanWhatProjTakesThemFor) {
     }
   }
   EXPECT_GT(compared, 1000U);
+}
+
+// The program epsg_survey converts all systems, not one in 29.
+constexpr std::size_t step = 29;
+
+void expect_no_mistakes(epsg_survey::conversion_report const& report) {
+  for (auto const& [what, count] : report.counts) std::cout << what << ": " << count << '\n';
+  for (auto const& mistake : report.mistakes) ADD_FAILURE() << mistake;
+  for (auto const& text : report.texts) core_test::recorded(text);
+}
+
+TEST(Epsg, ImportIsThatOfGdalOrElseOfProj) {
+  auto report = epsg_survey::survey_import(step);
+  expect_no_mistakes(report);
+  EXPECT_GT(report.counts["as GDAL"], 200U);
+}
+
+TEST(Epsg, EsriWktKeepsWhatGdalKeeps) {
+  auto report = epsg_survey::survey_esri(step);
+  expect_no_mistakes(report);
+  EXPECT_GT(report.counts["kept by both"], 100U);
 }
 
 }  // namespace
