@@ -35,14 +35,16 @@ typedef struct {
 
 static void keep_narrow(char const* text, void* context) {
   Tbuffer const* const buffer = context;
-  if (strlen(text) < buffer->size) strcpy(buffer->text, text);
+  size_t const size = strlen(text) + 1;
+  if (size <= buffer->size) memcpy(buffer->text, text, size);
 }
 
 /* ESRI WKT is ASCII. */
 static void keep_wide(wchar_t const* text, void* context) {
   Tbuffer const* const buffer = context;
-  if (wcslen(text) >= buffer->size) return;
-  for (size_t i = 0; i <= wcslen(text); ++i) buffer->text[i] = (char)text[i];
+  size_t const size = wcslen(text) + 1;
+  if (size > buffer->size) return;
+  for (size_t i = 0; i < size; ++i) buffer->text[i] = (char)text[i];
 }
 
 /* A definition as ESRI WKT; 0 when there is none, or no room for it. */
