@@ -102,9 +102,4 @@ std::optional<std::vector<std::wstring>> find(std::wstring_view folder, std::wst
   return names;
 }
 
-std::wstring temporary_folder() {
-  std::error_code error;
-  return path::from_native(std::filesystem::temp_directory_path(error));
-}
-
 }  // namespace zu::file_system

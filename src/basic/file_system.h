@@ -40,10 +40,9 @@ bool copy_file(std::wstring_view from, std::wstring_view to);
 // replaced by a file as copy_file does it, an existing folder never.
 bool move(std::wstring_view from, std::wstring_view to);
 
+// Of a folder it is false.
 bool remove_file(std::wstring_view name);
-// An empty one alone.
-bool remove_folder(std::wstring_view name);
-// With those above it; true when it is there already.
+// Makes a folder and the folders above it; true when it is there already.
 bool make_folders(std::wstring_view name);
 
 // The names, without `folder`, of the files in it that match `pattern`, sorted
@@ -52,8 +51,6 @@ bool make_folders(std::wstring_view name);
 // An empty `folder` is the current one.
 std::optional<std::vector<std::wstring>> find(std::wstring_view folder, std::wstring_view pattern);
 
-// The user's folder for temporary files; empty when there is none.
-std::wstring temporary_folder();
 // Makes an empty file of a new name in `folder` (empty: the current one) and
 // gives its path. The caller removes it.
 std::optional<std::wstring> make_temporary_file(std::wstring_view folder);

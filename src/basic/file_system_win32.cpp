@@ -44,10 +44,6 @@ bool set_read_only(std::wstring_view name, bool read_only) {
 
 bool remove_file(std::wstring_view name) { return DeleteFileW(path::to_native(name).c_str()) != 0; }
 
-bool remove_folder(std::wstring_view name) {
-  return RemoveDirectoryW(path::to_native(name).c_str()) != 0;
-}
-
 std::optional<std::wstring> make_temporary_file(std::wstring_view folder) {
   auto const native = folder.empty() ? std::filesystem::path(L".") : path::to_native(folder);
   // Needs no memory any more once the file is there.
