@@ -46,7 +46,7 @@ bool remove_file(std::wstring_view name) { return DeleteFileW(path::to_native(na
 
 std::optional<std::wstring> make_temporary_file(std::wstring_view folder) {
   auto const native = folder.empty() ? std::filesystem::path(L".") : path::to_native(folder);
-  // Needs no memory any more once the file is there.
+  // Takes its memory before the file exists.
   std::wstring name(MAX_PATH, L'\0');
   if (GetTempFileNameW(native.c_str(), L"zu", 0, name.data()) == 0) return std::nullopt;
   name.resize(name.find(L'\0'));

@@ -1,5 +1,5 @@
-// The systems of PROJ's database through the library's conversions, beside what
-// GDAL and PROJ make of them alone.
+// Converts the systems of PROJ's database by the library, and compares with the results
+// of GDAL and PROJ alone.
 #pragma once
 
 #include <cstddef>
@@ -10,17 +10,17 @@
 namespace epsg_survey {
 
 struct conversion_report {
-  std::map<std::string, std::size_t> counts;  // systems by what became of them
-  std::vector<std::string> mistakes;          // what must not be, with the texts
-  std::vector<std::string> texts;             // what the library gave
+  std::map<std::string, std::size_t> counts;  // systems by result
+  std::vector<std::string> mistakes;          // wrong results, with the texts
+  std::vector<std::string> texts;             // all results of the library
 };
 
-// Each system by its code: the same definition as GDAL's, or PROJ's where GDAL
-// has none. Every `step`-th system of the database.
+// Imports each system by its code: the definition must be GDAL's, or PROJ's where GDAL
+// has none. Takes every `step`-th system of the database.
 conversion_report survey_import(std::size_t step);
 
-// Each definition by way of ESRI WKT and back: its meaning is kept wherever GDAL
-// alone, going from the code to ESRI WKT and back, keeps it.
+// Converts each definition to ESRI WKT and back. Its meaning must not change where GDAL
+// alone, from the code to ESRI WKT and back, does not change it.
 conversion_report survey_esri(std::size_t step);
 
 }  // namespace epsg_survey

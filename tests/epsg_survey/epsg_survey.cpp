@@ -26,7 +26,7 @@ struct parameters_closer {
   }
 };
 
-// Whether the editor's parameters include a key of the projection.
+// Whether the editor has a parameter for a key of the projection.
 bool is_carried(std::string_view key) {
   static std::set<std::string_view> const carried{"proj",  "zone", "lon_0", "lonc",   "lat_0",
                                                   "x_0",   "y_0",  "lat_1", "lat_ts", "lat_2",
@@ -41,7 +41,7 @@ std::string number(double value) {
   return text.str();
 }
 
-// One system and what became of it.
+// One system and the judgement of its result.
 class Tcase {
  public:
   Tcase(libproj::Tcontext const& context, verdict& found, std::vector<point> points)
@@ -129,7 +129,7 @@ class Tcase {
              std::abs(shape->b - after->b) < millimetre / 10;
     };
     if (is_like(std::optional(before))) return;
-    // By this grid PROJ knows a sphere that stands for the ellipsoid of WGS 84.
+    // PROJ uses this grid to mark a sphere in place of the ellipsoid of WGS 84.
     auto const without = libproj::join(source_, [](auto const& key) { return key != "nadgrids"; });
     if (value_of(source_, "nadgrids") == "@null" &&
         is_like(libproj::ellipsoid_of(context_, without)))
@@ -146,7 +146,7 @@ class Tcase {
     auto const datum = value_of(source_, "datum");
     auto const grid = value_of(source_, "nadgrids");
     if (grid) found_.causes.push_back("key dropped: nadgrids=" + *grid);
-    // PROJ takes these two by grids; the numbers of the dialog override them.
+    // PROJ shifts these two datums by grids; the seven numbers of the dialog override them.
     if (datum && (*datum == "NAD27" || *datum == "potsdam")) {
       if (value_of(written_, "datum") != datum)
         add_unexplained("datum " + *datum);
@@ -156,7 +156,7 @@ class Tcase {
     }
     bool const silent = !datum && !grid && !value_of(source_, "towgs84");
     if (silent && is_zero_shift(written_)) {
-      // To the dialog no shift and a shift of zeros are the same.
+      // For the dialog no shift and a shift of zeros are the same.
       found_.gains_zero_shift = value_of(written_, "towgs84").has_value();
       found_.gained_datum = value_of(written_, "datum").value_or("");
       return;

@@ -1,5 +1,5 @@
-// Every coordinate system of PROJ's database that it can write as a definition,
-// through the editor: what opening it and pressing Apply makes of its meaning.
+// Takes every coordinate system that PROJ's database can write as a definition, opens it
+// in the editor, presses Apply and compares the meaning.
 #pragma once
 
 #include <string>
@@ -16,13 +16,13 @@ struct verdict {
   std::string code;
   std::string source;
   std::string written;
-  std::string written_again;  // what opening that and pressing Apply gives
+  std::string written_again;  // the result of opening that and pressing Apply
   outcome result = outcome::same;
-  // Why it is unknown or changed; of a changed one, each cause that applies.
+  // Why it is unknown or changed; for a changed one all causes.
   std::vector<std::string> causes;
-  // Among the causes is one that the rules of the editor do not account for.
+  // One of the causes does not follow from the rules of the editor.
   bool unexplained = false;
-  // What does not count as a change.
+  // Differences that do not count as a change.
   bool gains_zero_shift = false;
   std::string gained_datum;
 };
@@ -34,7 +34,7 @@ struct report {
   std::vector<verdict> verdicts;
 };
 
-// The codes of all projected and geographic systems, those withdrawn included.
+// The codes of all projected and geographic systems, including withdrawn ones.
 std::vector<std::string> codes(libproj::Tcontext const& context, bool with_3d);
 // Five points of a system's area of use, in degrees.
 std::vector<libproj::point> points_in(libproj::Tcontext const& context, PJ const* crs);

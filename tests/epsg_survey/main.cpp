@@ -1,7 +1,7 @@
-// Prints what opening each projected and geographic system of the EPSG data in
-// the dialog and pressing Apply does to it. With --list, every system that
-// comes back changed or unknown follows: code, definition before, after. With
-// --conversions, what the import by code and the way by ESRI WKT do instead.
+// Opens each projected and geographic system of the EPSG data in the dialog, presses
+// Apply, and prints how many systems change, and why. --list also prints every changed
+// or unknown system: code, definition before, definition after. --conversions prints
+// the results of the import by code and of the way by ESRI WKT instead.
 
 #include <exception>
 #include <iostream>
