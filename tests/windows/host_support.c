@@ -131,7 +131,11 @@ static BOOL CALLBACK on_child(HWND window, LPARAM context) {
   GetClassNameW(window, kind, 64);
   if (_wcsicmp(kind, search->kind) != 0 || !IsWindowVisible(window)) return TRUE;
   DWORD_PTR length = 0;
-  SendMessageTimeoutW(window, WM_GETTEXT, 256, (LPARAM)text, SMTO_NORMAL, patience_ms, &length);
+  if (SendMessageTimeoutW(window, WM_GETTEXT, 256, (LPARAM)text, SMTO_NORMAL, patience_ms,
+                          &length) == 0 &&
+      GetLastError() == ERROR_TIMEOUT) {
+    give_up("an answer from the thread of the form");
+  }
   if (search->text != NULL && wcscmp(text, search->text) != 0) return TRUE;
   search->found = window;
   return FALSE;

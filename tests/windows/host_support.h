@@ -45,7 +45,7 @@ void pump(void);
 
 /* ---- the user */
 
-enum { patience_ms = 20000 };
+enum { patience_ms = 15000 };
 /* Waits on a thread without windows. If the condition does not come true in time, the
    program says for what it waited, and ends. */
 void wait_for(char const* what, BOOL (*condition)(void* context), void* context);
