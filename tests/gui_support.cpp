@@ -239,7 +239,7 @@ void focus(wxWindow& control) {
   control.SetFocus();
   wxString const what = wxString::Format("the focus of %s \"%s\"",
                                          control.GetClassInfo()->GetClassName(), control.GetName());
-  wait_for(what.ToStdString(), [&] { return wxWindow::FindFocus() == &control; });
+  wait_for(what.ToStdString(), [&] { return platform::has_focus(control); });
 }
 
 void press(int key, int modifiers) {
