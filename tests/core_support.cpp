@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Written when the program ends. A second run replaces the record of the first.
+// Written when the program ends. It replaces the record of an earlier run.
 class Trecord {
  public:
   Trecord() {
@@ -55,7 +55,7 @@ Trecord& the_record() {
   return instance;
 }
 
-// The second bytes of the double-byte page are those of "\\", "G" and "]".
+// In the double-byte page the second bytes are "\\", "G" and "]".
 std::array<system_page, 4> const pages{
     {{"CP1251", L"\u0416\u0435\u20AC", "\xC6\xE5\x88", {L"\u00FC", L"\u4E2D", L"\U0001F600"}, "u"},
      {"CP1252", L"\u00FC\u00E9\u20AC", "\xFC\xE9\x80", {L"\u0101", L"\u0416", L"\u4E2D"}, "a"},

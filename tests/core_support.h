@@ -63,7 +63,7 @@ struct system_page {
   char const* encoding;
   wchar_t const* letters;
   char const* bytes;  // the letters in this page
-  // What the page cannot spell, if anything. The first is one that Windows takes
+  // Letters that the page does not have. Windows takes the first one
   // for the letter `like` when asked for that page.
   std::vector<wchar_t const*> foreign;
   char const* like;

@@ -230,8 +230,7 @@ void Tzu_pj_editor::set_shifts(std::array<double, 7> const& values) {
 }
 
 bool Tzu_pj_editor::is_gauss_kruger() const {
-  return get_is_zonal() &&
-         std::ranges::any_of(gauss_kruger_names, [this](std::string_view name) {
+  return get_is_zonal() && std::ranges::any_of(gauss_kruger_names, [this](std::string_view name) {
            return equal_no_case(state_.zonal_name, name);
          });
 }
