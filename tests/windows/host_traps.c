@@ -1,4 +1,4 @@
-/* Hosts that trap floating-point exceptions, as those in Pascal do. */
+/* Hosts with floating-point traps. Pascal sets such traps. */
 #include <immintrin.h>
 #include <stdio.h>
 #include <wchar.h>
@@ -39,7 +39,7 @@ static float_control get_control(void) {
   return control;
 }
 
-/* Traps for what is invalid, a division by zero and an overflow, and rounding down. */
+/* Sets traps for invalid operations, divisions by zero and overflows, and rounds down. */
 static void set_traps(void) {
   float_control control = get_control();
   control.x87 = (unsigned short)((control.x87 & ~0x0DU) | 0x400U);
@@ -54,7 +54,7 @@ static LONG CALLBACK on_exception(EXCEPTION_POINTERS* exception) {
     return EXCEPTION_CONTINUE_SEARCH;
   }
   InterlockedIncrement(&divisions);
-  /* The division is done once more, without a trap. */
+  /* The processor repeats the division without a trap. */
   exception->ContextRecord->MxCsr |= 0x1F80U;
   exception->ContextRecord->FltSave.MxCsr |= 0x1F80U;
   return EXCEPTION_CONTINUE_EXECUTION;
@@ -82,7 +82,7 @@ HOST_CASE(traps_stay_the_hosts) {
   CHECK(divisions == 1);
 }
 
-/* ---- in Pascal, as a process of its own */
+/* ---- in Pascal, in another process */
 
 static BOOL is_ticking(void* context) {
   (void)context;
@@ -111,9 +111,8 @@ HOST_CASE(traps_of_pascal_stay_its_own) {
   CloseHandle(pipe[1]);
   host_process = process.dwProcessId;
   for (size_t i = 0; i < sizeof scripts / sizeof scripts[0]; ++i) {
-    HWND const form = wait_for_dialog_over(NULL);
-    if (form == NULL) break;
-    CHECK(wait_for_it(is_ticking, NULL));
+    HWND const form = wait_for_dialog(NULL);
+    wait_for("the timer of the Pascal host", is_ticking, NULL);
     scripts[i](form);
     wait_until_closed(form);
   }
