@@ -17,7 +17,7 @@ Tzu_proj4_str::Tzu_proj4_str() : Tzu_proj4_str(places, number_places) {
 }
 
 void Tzu_proj4_str::decompose() {
-  // What stands before the first "+" is no parameter.
+  // The text before the first "+" is no parameter.
   std::string_view const definition = definition_;
   auto const texts =
       zu::str::split(definition.substr(std::min(definition.find('+'), definition.size())), "+");
@@ -44,7 +44,7 @@ void Tzu_proj4_str::compose() { compose_as(style::library); }
 void Tzu_proj4_str::compose_for_proj4() { compose_as(style::proj); }
 
 void Tzu_proj4_str::compose_as(style wanted) {
-  // The old text stays until there is a new one.
+  // The old text must stay when there is not enough memory for a new one.
   std::string text;
   bool const sphere = is_sphere();
   bool const by_radius = sphere && wanted == style::proj;
