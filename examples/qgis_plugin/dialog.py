@@ -6,8 +6,8 @@ import shutil
 import sys
 import tempfile
 
-from qgis.PyQt.QtCore import QEvent, QObject
-from qgis.PyQt.QtWidgets import QApplication
+from qgis.PyQt.QtCore import Qt
+from qgis.PyQt.QtWidgets import QApplication, QDialog
 
 from .texts import Error, is_russian
 
@@ -74,28 +74,21 @@ def loaded():
     return execute
 
 
-class Shield(QObject):
-    """Keeps keys and clicks from QGIS's windows: Qt knows nothing of the dialog."""
+@contextlib.contextmanager
+def no_input(window):
+    """Keeps keys, clicks and closing from QGIS's windows, for Qt knows nothing of the dialog.
 
-    KEPT = frozenset((
-        QEvent.MouseButtonPress, QEvent.MouseButtonRelease, QEvent.MouseButtonDblClick,
-        QEvent.Wheel, QEvent.KeyPress, QEvent.KeyRelease, QEvent.Shortcut,
-        QEvent.ShortcutOverride, QEvent.ContextMenu, QEvent.TouchBegin, QEvent.TabletPress,
-        QEvent.DragEnter, QEvent.Drop, QEvent.Close))
-
-    def eventFilter(self, _object, event):  # pylint: disable=invalid-name
-        """What Qt calls for every event."""
-        if event.type() not in self.KEPT:
-            return False
-        event.ignore()
-        return True
-
-    def __enter__(self):
-        QApplication.instance().installEventFilter(self)
-        return self
-
-    def __exit__(self, *_):
-        QApplication.instance().removeEventFilter(self)
+    A modal window that is never drawn does it, as with the system's own dialogs.
+    """
+    modal = QDialog(window)
+    modal.setAttribute(Qt.WA_DontShowOnScreen)
+    modal.setWindowModality(Qt.ApplicationModal)
+    modal.show()
+    try:
+        yield
+    finally:
+        modal.hide()
+        modal.deleteLater()
 
 
 @contextlib.contextmanager
@@ -128,7 +121,7 @@ def edited(window, definition):
     """What the user makes of a definition; None when he cancels."""
     execute = loaded()
     changed = ctypes.c_ubyte(0)
-    with Shield(), standard_error() as lines:
+    with no_input(window), standard_error() as lines:
         result = execute(window_id(window), definition.encode(ENCODING), ctypes.byref(changed))
         _, found, reason = lines().partition(NO_DIALOG)
     if found:
