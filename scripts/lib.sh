@@ -7,6 +7,10 @@ die() {
   exit 1
 }
 
+# Clones at different paths share what the compiler made: ccache then sees paths
+# relative to the tree.
+export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+
 # run_ctest BUILD [OPTION...]: the tests of a build. Wine's server now and then drops a
 # program, and a busy display a key: what failed runs once more, alone, and is named.
 run_ctest() {
