@@ -25,7 +25,9 @@ std::string edited(std::string const& definition) {
 int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
   std::string const definition(fuzz::text_of(data, size));
   // The "+" of a huge number's exponent begins a key, as any does.
-  auto const has_huge = [](std::string const& text) { return text.find("e+") != std::string::npos; };
+  auto const has_huge = [](std::string const& text) {
+    return text.find("e+") != std::string::npos;
+  };
   std::string const written = rewritten(definition);
   fuzz::require(has_huge(written) || rewritten(written) == written,
                 "a text of ours is not read as it was written");

@@ -5,8 +5,7 @@
 namespace {
 
 std::wstring loaded(std::wstring const& name) {
-  return fuzz::fed(
-      [&](auto* adapter) { return Tzu_add_file::load_pj4_simple(name, adapter); });
+  return fuzz::fed([&](auto* adapter) { return Tzu_add_file::load_pj4_simple(name, adapter); });
 }
 
 }  // namespace

@@ -42,14 +42,13 @@ std::string decoded(std::string const& text) {
   return result;
 }
 
-words split(std::string const& text, std::string const& separator) {
-  words parts(1);
+words pieces_of(std::string const& text, std::string const& separator) {
+  words pieces;
   for (std::size_t at = 0, end = 0; end != std::string::npos; at = end + separator.size()) {
     end = text.find(separator, at);
-    parts.back() = decoded(text.substr(at, end - at));
-    if (end != std::string::npos) parts.emplace_back();
+    pieces.push_back(text.substr(at, end - at));
   }
-  return parts;
+  return pieces;
 }
 
 // As a shell takes a line apart, where every quote is a double one.
@@ -105,7 +104,8 @@ operations const& common() {
   static operations const all{
       {"put",
        [](scope& in, words const& a) {
-         std::ofstream(in.path(a.at(0)), std::ios::binary) << in.with_folder(in.input);
+         std::ofstream(in.path(a.at(0)), std::ios::binary)
+             << (a.size() > 1 ? a[1] : in.with_folder(in.input));
          return std::string();
        }},
       {"cat",
@@ -170,24 +170,47 @@ class Tfile {
       auto const equals = line.find(" = ");
       macros_[line.substr(4, equals - 4)] = line.substr(equals + 3);
     } else if (line[0] == '[' && arrow == std::string::npos) {
-      section_ = shell_words(line.substr(1, line.rfind(']') - 1));
+      section_ = shell_words(line.substr(1, line.find(']') - 1));
       wrap_ = {"%", "%"};
     } else if (line.starts_with("wrap ")) {
       wrap_ = {line.substr(5, arrow - 5), line.substr(arrow + 4)};
     } else if (line.starts_with("$ ")) {
-      call_ = shell_words(line.substr(2));
-      started_ = number_;
+      take_command(line.substr(2, arrow - 2));
+      if (arrow != std::string::npos) expect(line.substr(arrow + 3));
+      may_end_ = arrow != std::string::npos;
     } else if (arrow != std::string::npos) {
-      call_ = section_;
-      auto const arguments = split(replaced(wrap_[0], "%", line.substr(0, arrow)), " | ");
-      call_.insert(call_.end(), arguments.begin(), arguments.end());
-      started_ = number_;
-      if (arrow + 3 == line.size()) return;
-      std::string const wanted = line.substr(arrow + 4);
-      wanted_.add(wanted == "\"\"" ? "\\c" : replaced(wrap_[1], "%", wanted) + "\\c");
+      take_rows(line.substr(0, arrow), line.substr(arrow + 3));
     } else {
       ADD_FAILURE() << file_ << ":" << number_ << ": no case: " << line;
     }
+  }
+
+  // "operation input... < line"
+  void take_command(std::string const& command) {
+    auto const input = command.find(" < ");
+    call_ = shell_words(command.substr(0, input));
+    if (input != std::string::npos) input_.add(command.substr(input + 3));
+    started_ = number_;
+  }
+
+  // The last one may have lines of output yet.
+  void take_rows(std::string const& inputs, std::string const& wanted) {
+    for (auto const& input : pieces_of(inputs, " || ")) {
+      finish();
+      call_ = section_;
+      for (auto const& each : pieces_of(replaced(wrap_[0], "%", input), " | "))
+        call_.push_back(decoded(each));
+      started_ = number_;
+      std::string const text = wanted == " %" ? " " + input : wanted;
+      expect(text.size() < 2 || text == " \"\"" ? text
+                                                : " " + replaced(wrap_[1], "%", text.substr(1)));
+    }
+  }
+
+  // What is behind "=>".
+  void expect(std::string const& text) {
+    if (text == " \"\"") return wanted_.add("\\c");
+    if (text.size() > 1) wanted_.add(text.substr(1) + "\\c");
   }
 
   std::string expanded(std::string line) const {
@@ -221,7 +244,7 @@ class Tfile {
     } else {
       std::string const result =
           core_test::recorded(scope_.without_folder(from.at(name)(scope_, arguments)));
-      EXPECT_TRUE(fits(result, wanted_.text))
+      EXPECT_TRUE(fits(result, wanted_.text) || (may_end_ && fits(result, wanted_.text + "\n")))
           << where << ' ' << testing::PrintToString(arguments).substr(0, 2000) << "\n  expected \""
           << wanted_.text.substr(0, 4000) << "\"\n  actual   \"" << result.substr(0, 4000) << '"';
     }
@@ -229,6 +252,7 @@ class Tfile {
     call_.clear();
     input_ = {};
     wanted_ = {};
+    may_end_ = false;
   }
 
   fs::path const file_;
@@ -239,6 +263,7 @@ class Tfile {
   words call_;
   marked_lines input_;
   marked_lines wanted_;
+  bool may_end_ = false;  // the output, whether that is written or not
   std::string line_;
   std::size_t number_ = 0;
   std::size_t started_ = 0;

@@ -17,8 +17,8 @@ std::string zu_pj4(case_file::scope& in, case_file::words const& a) {
 }
 
 // Status and error of a program that tells one, in one line, and writes nothing.
-std::string zu_pj4_tells(case_file::scope& /*in*/, case_file::words const& a) {
-  auto const result = core_test::run({ZU_PJ4, a, "39 0\n"});
+std::string zu_pj4_tells(case_file::scope& in, case_file::words const& a) {
+  auto const result = core_test::run({ZU_PJ4, a, in.input.empty() ? "39 0\n" : in.input});
   bool const is_one = result.out.empty() && result.err.size() > 12 &&
                       result.err.find('\n') == result.err.size() - 1;
   return std::to_string(result.status) + " " +

@@ -14,7 +14,14 @@
 #include <wx/uiaction.h>
 
 #include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <cstdio>
+#include <cstdlib>
 #include <exception>
+#include <mutex>
+#include <stdexcept>
+#include <thread>
 
 #include "float_state.h"
 #include "zu_pj_edit/zu_pj_edit.h"
@@ -22,16 +29,64 @@
 namespace gui {
 namespace {
 
-constexpr int patience_ms = 10'000;
-constexpr int whole_script_ms = 60'000;
+constexpr std::chrono::seconds patience_of_watch_dog(20);
 constexpr int heartbeat_ms = 100;
+
+std::string in_vain(std::string const& what) { return "waited in vain for " + what; }
+
+// Ends the program when nothing has happened for too long. It needs its own thread because
+// the thread of the dialog may be blocked.
+class Twatch_dog {
+ public:
+  static Twatch_dog& instance() {
+    static Twatch_dog dog;
+    return dog;
+  }
+  // Returns what the program waited for before. Empty if it waits for nothing.
+  std::string await(std::string what) {
+    std::lock_guard const lock(mutex_);
+    since_ = std::chrono::steady_clock::now();
+    return std::exchange(what_, std::move(what));
+  }
+
+ private:
+  void watch(std::stop_token const& stop) {
+    std::unique_lock lock(mutex_);
+    while (!stop.stop_requested()) {
+      changed_.wait_for(lock, stop, std::chrono::seconds(1), [] { return false; });
+      if (what_.empty() || std::chrono::steady_clock::now() - since_ < patience_of_watch_dog)
+        continue;
+      std::fprintf(stderr, "error: the program %s, and its thread is blocked\n",
+                   in_vain(what_).c_str());
+      std::_Exit(EXIT_FAILURE);
+    }
+  }
+
+  std::mutex mutex_;
+  std::condition_variable_any changed_;
+  std::string what_;
+  std::chrono::steady_clock::time_point since_;
+  std::jthread thread_{[this](std::stop_token const& stop) { watch(stop); }};
+};
+
+// Names what the program waits for in a scope.
+class Tawaited {
+ public:
+  explicit Tawaited(std::string what) : before_(Twatch_dog::instance().await(std::move(what))) {}
+  ~Tawaited() { Twatch_dog::instance().await(std::move(before_)); }
+  Tawaited(Tawaited const&) = delete;
+  Tawaited& operator=(Tawaited const&) = delete;
+
+ private:
+  std::string before_;
+};
 
 void pump() {
   if (auto* const loop = wxEventLoopBase::GetActive()) loop->YieldFor(wxEVT_CATEGORY_ALL);
 }
 
-// What hosts of the Pascal family are, for a scope that a call of the library fills: it
-// must leave them so, on every way out.
+// Sets floating-point traps as Pascal hosts have them. A call of the library must not
+// change them, also when it throws.
 class Ttrapping_host {
  public:
   Ttrapping_host() { core_test::trapping.set(); }
@@ -62,20 +117,17 @@ class Tevent_watch : public wxEventFilter {
   bool seen_ = false;
 };
 
-// Input arrives when the display server sends it; its last event tells that
-// the program has handled it all. A form that the first of it closes gets no
-// more.
+// The display server delivers input later. The last event shows that the program has
+// handled all of it. A form that has closed gets no more events.
 void send(std::string const& name, wxEventType last, std::function<void()> const& input) {
   Tevent_watch const watch(last);
   input();
-  EXPECT_TRUE(wait_until([&] { return watch.is_seen() || find_open_form() == nullptr; }))
-      << name << " does not arrive";
+  wait_for(name, [&] { return watch.is_seen() || find_open_form() == nullptr; });
   pump();
 }
 
 void point_at(wxWindow& control) {
-  EXPECT_TRUE(wait_until([&] { return platform::is_settled(control); }))
-      << "the control does not settle";
+  wait_for("the place of the control", [&] { return platform::is_settled(control); });
   wxSize const size = control.GetSize();
   wxUIActionSimulator().MouseMove(control.ClientToScreen(wxPoint(size.x / 2, size.y / 2)));
 }
@@ -97,13 +149,16 @@ bool overlaps_another(wxWindow const& control) {
 
 }  // namespace
 
-bool wait_until(std::function<bool()> const& condition) {
+void wait_for(std::string const& what, std::function<bool()> const& condition) {
+  Tawaited const awaited(what);
   for (wxStopWatch const watch; watch.Time() < patience_ms; wxMilliSleep(1)) {
     pump();
-    if (condition()) return true;
+    if (condition()) return;
   }
-  return false;
+  give_up(what);
 }
+
+void give_up(std::string const& what) { throw std::runtime_error(in_vain(what)); }
 
 Tzu_vcl_form* find_open_form() {
   for (wxWindow* const window : wxTopLevelWindows) {
@@ -115,34 +170,32 @@ Tzu_vcl_form* find_open_form() {
 
 void run_in_form(std::function<void()> const& open,
                  std::function<void(Tzu_vcl_form&)> const& script) {
+  std::exception_ptr failure;
   wxTimer start;
   start.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
     Tzu_vcl_form* form = nullptr;
     try {
-      // A form may also be closed by what happens while it comes up.
-      EXPECT_TRUE(wait_until([&] {
+      // An exception may have closed the form already.
+      wait_for("the form and its keyboard", [&] {
         form = find_open_form();
         return form == nullptr || platform::has_keyboard(*form);
-      })) << "the form does not come up";
+      });
       if (form != nullptr) script(*form);
-    } catch (std::exception const& error) {
-      ADD_FAILURE() << "the script of the test throws: " << error.what();
+    } catch (...) {
+      failure = std::current_exception();
     }
     if (form != nullptr) form->close_form();
   });
-  wxTimer watch_dog;
-  watch_dog.Bind(wxEVT_TIMER, [](wxTimerEvent&) {
-    ADD_FAILURE() << "the form does not close";
-    if (Tzu_vcl_form* const form = find_open_form()) form->close_form();
-  });
-  // Under Wine a message may be gone between the look for it and its removal, and the
-  // toolkit then waits for the next one.
+  // Under Wine the toolkit may see a message, not get it, and then wait for the next one.
   wxTimer heartbeat;
   platform::prepare_display();
   heartbeat.Start(heartbeat_ms);
   start.StartOnce(0);
-  watch_dog.StartOnce(whole_script_ms);
-  open();
+  {
+    Tawaited const end("the end of the dialog");
+    open();
+  }
+  if (failure) std::rethrow_exception(failure);
 }
 
 outcome open_dialog(char const* definition, std::function<void(Tform&)> const& script,
@@ -179,7 +232,9 @@ void cancel(Tform& form) { press_button(form, Tbar::cancel); }
 
 void focus(wxWindow& control) {
   control.SetFocus();
-  EXPECT_TRUE(wait_until([&] { return wxWindow::FindFocus() == &control; })) << "no focus";
+  wxString const what = wxString::Format("the focus of %s \"%s\"",
+                                         control.GetClassInfo()->GetClassName(), control.GetName());
+  wait_for(what.ToStdString(), [&] { return wxWindow::FindFocus() == &control; });
 }
 
 void press(int key, int modifiers) {
@@ -220,10 +275,10 @@ std::vector<std::wstring> find_clipped(wxWindow& root, int* slack) {
     if (!child->IsShown() || child->IsTopLevel()) continue;
     wxSize const size = child->GetSize();
     child->InvalidateBestSize();
-    // What scrolls, and what holds that, makes do with less.
+    // A window that scrolls needs less room, and so does its parent.
     bool const is_elastic = has_scrolled(*child);
     wxSize const best = is_elastic ? wxSize() : child->GetBestSize();
-    // What scrolls may be as large as it likes.
+    // The content of a window that scrolls may have any size.
     auto* const box = dynamic_cast<wxScrolledWindow*>(&root);
     wxRect const room(box == nullptr ? wxPoint() : box->CalcScrolledPosition(wxPoint()),
                       box == nullptr ? root.GetClientSize() : root.GetVirtualSize());
@@ -244,13 +299,14 @@ std::vector<std::wstring> find_clipped(wxWindow& root, int* slack) {
 
 Tanswers::~Tanswers() {
   Unregister();
-  EXPECT_TRUE(expected_.empty()) << expected_.size() << " dialogs were expected and not shown";
+  EXPECT_TRUE(expected_.empty()) << in_vain(std::to_string(expected_.size()))
+                                 << " message boxes or file dialogs";
 }
 
 int Tanswers::Enter(wxDialog* dialog) {
   auto* const message = dynamic_cast<wxMessageDialog*>(dialog);
   auto* const file = dynamic_cast<wxFileDialog*>(dialog);
-  // The library's own windows are worked by keys.
+  // The tests use the library's own windows by keys.
   if (message == nullptr && file == nullptr) return wxID_NONE;
   if (message != nullptr)
     messages_.push_back((message->GetTitle() + L": " + message->GetMessage()).ToStdWstring());
@@ -267,7 +323,7 @@ int Tanswers::Enter(wxDialog* dialog) {
                                          file->GetFilterIndex())
                             .ToStdWstring());
     file->SetPath(answer.path);
-    EXPECT_TRUE(wait_until([&] { return file->GetPath() == answer.path; })) << "path not taken";
+    wait_for("the path in the file dialog", [&] { return file->GetPath() == answer.path; });
     // The path's extension chooses a filter by itself.
     file->SetFilterIndex(answer.filter_index);
   }

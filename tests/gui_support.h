@@ -16,15 +16,19 @@
 
 namespace gui {
 
-// Lets the pending events run until `condition` holds; false when it does not
-// within a time that only a fault can take.
-bool wait_until(std::function<bool()> const& condition);
+// Handles events until `condition` holds. After 10 seconds it throws, and the message
+// contains `what`. The program ends with the same message when an event handler keeps
+// this function from returning.
+void wait_for(std::string const& what, std::function<bool()> const& condition);
+inline constexpr int patience_ms = 10'000;
+// Throws what wait_for throws.
+[[noreturn]] void give_up(std::string const& what);
 
-// The form that waits for its user, null for none.
+// The form that is open; null if there is none.
 Tzu_vcl_form* find_open_form();
 
-// Runs `script` in the form that `open` shows, when it is on the screen and has
-// the keyboard, and closes it. One that does not close in time fails the test.
+// Calls `open`, runs `script` when the form is on the screen and has the keyboard, and
+// closes the form. Throws what the script throws.
 void run_in_form(std::function<void()> const& open,
                  std::function<void(Tzu_vcl_form&)> const& script);
 
@@ -55,23 +59,23 @@ void press_button(Tform& form, Tbar::button_index button);
 void apply(Tform& form);
 void cancel(Tform& form);
 
-// Real input through the display. Each returns when the program has handled it.
+// Real input through the display. Each function returns when the program has handled it.
 void focus(wxWindow& control);
 void press(int key, int modifiers = wxMOD_NONE);
 // Replaces the text of an edit, key by key.
 void type_over(wxWindow& edit, std::string_view text);
 void click(wxWindow& control);
-// One notch towards the user, with the pointer on the control.
+// Turns the wheel down by one step, with the pointer on the control.
 void turn_wheel(wxWindow& control);
-// Picks an item of a list.
+// Chooses an item of a list.
 void pick(Tzu_vcl_selbox& list, std::wstring const& caption);
 
-// Shown controls that are smaller than they need, outside of what holds them, or
-// in another's place; `slack` gets the pixels that the tightest one has to spare.
+// The visible controls that are too small, that are outside their parent, or that overlap
+// another one. `slack` gets the smallest number of spare pixels.
 std::vector<std::wstring> find_clipped(wxWindow& root, int* slack = nullptr);
 
-// Answers the message boxes and file dialogs of a scope instead of the user, in
-// the order expected. One too many or too few fails the test.
+// Answers message boxes and file dialogs instead of the user, in the expected order.
+// An unexpected one and a missing one fail the test.
 class Tanswers : private wxModalDialogHook {
  public:
   Tanswers() { Register(); }
@@ -82,7 +86,7 @@ class Tanswers : private wxModalDialogHook {
   void expect_file(std::wstring path, int filter_index, int result = wxID_OK) {
     expected_.push_back({result, std::move(path), filter_index});
   }
-  // Messages shown since the last call, each as "title: text", and file dialogs as
+  // The messages since the last call, each as "title: text". A file dialog is
   // "title: folder, filter index".
   std::vector<std::wstring> take_messages() { return std::exchange(messages_, {}); }
 
@@ -100,7 +104,7 @@ class Tanswers : private wxModalDialogHook {
   std::vector<std::wstring> messages_;
 };
 
-// A window of another program: all that the library knows of it is its id.
+// A window of another program. The library knows only its id.
 class Tforeign_window {
  public:
   explicit Tforeign_window(wxRect const& place);
@@ -113,24 +117,24 @@ class Tforeign_window {
   void* handle_ = nullptr;
 };
 
-// How far the form's centre is from the owner's, frames and all; nothing where the
-// display's programs cannot know.
+// The distance between the centres of the form and the owner, with their frames. It is
+// zero on a display that does not tell places.
 wxPoint offset_of(Tzu_vcl_form const& form, Tforeign_window const& owner);
-// Whether the keys go to the owner, where anybody sees to that.
+// Whether the keys go to the owner. True if the display has no window manager.
 bool has_focus(Tforeign_window const& owner);
-// The window that the window system is told owns `form`, null for none.
+// The form's owner as the window system knows it; null if there is none.
 void* get_owner(Tzu_vcl_form const& form);
-// Whether a form stays when its owner goes.
+// Whether a form stays open when its owner is destroyed.
 bool is_form_to_outlive_owner();
 
-// What differs by platform in the above.
+// The parts that differ by platform.
 namespace platform {
 
-// Called before a form comes up.
+// Call this before a form opens.
 void prepare_display();
-// Whether the keys go to a form that is on the screen; asks for them.
+// Whether the form is on the screen and gets the keys. If not, asks for them.
 bool has_keyboard(wxTopLevelWindow& form);
-// Whether the window system has the control where the toolkit says it is.
+// Whether the toolkit and the window system agree where the control is.
 bool is_settled(wxWindow const& control);
 void turn_wheel();
 void pick(Tzu_vcl_selbox& list, int position);

@@ -44,15 +44,15 @@ void* handle_of(Window window) {
 
 namespace platform {
 
-// As long as the focus goes with the pointer, a window gets it twice.
+// If the focus follows the pointer, a window gets it twice.
 void prepare_display() {
   if (!is_managed())
     XSetInputFocus(gdk_x11_get_default_xdisplay(), None, RevertToNone, CurrentTime);
 }
 
-// What the toolkit knows of a window runs ahead of the display server and lags
-// behind it; input goes by the server. Without a window manager nobody else
-// gives a new window the keyboard.
+// The toolkit and the display server may disagree for a moment. The server delivers the
+// input, so this asks the server. Without a window manager the test itself must give a
+// new window the keyboard.
 bool has_keyboard(wxTopLevelWindow& form) {
   GtkWidget* const widget = form.GetHandle();
   if (!is_x11()) return gtk_widget_get_mapped(widget) != 0;
@@ -62,14 +62,14 @@ bool has_keyboard(wxTopLevelWindow& form) {
   int revert = 0;
   XGetInputFocus(window.display, &focused, &revert);
   if (focused == window.id) return gtk_window_is_active(GTK_WINDOW(widget)) != 0;
-  // A manager gives it to a hidden part of the window.
+  // A window manager may give the focus to a hidden child.
   if (is_managed()) return gtk_window_is_active(GTK_WINDOW(widget)) != 0;
   XSetInputFocus(window.display, window.id, RevertToNone, CurrentTime);
   return false;
 }
 
-// A form that grows is moved and laid out by the toolkit at once, by GTK with
-// its next frame, and by the server after that. A click goes by the server.
+// When a form grows, the toolkit moves its controls first, then GTK, then the server. A
+// click goes where the server has the control.
 bool is_settled(wxWindow const& control) {
   GtkWidget* const widget = control.GetHandle();
   GtkWidget* const top = gtk_widget_get_toplevel(widget);
@@ -88,20 +88,20 @@ bool is_settled(wxWindow const& control) {
          std::abs(off.y) <= 2;
 }
 
-// The server knows a notch as a click of the fifth button.
+// For the server a turn of the wheel is a click of the fifth button.
 void turn_wheel() {
   Display* const display = gdk_x11_get_default_xdisplay();
   for (Bool const is_down : {True, False}) XTestFakeButtonEvent(display, 5, is_down, CurrentTime);
   XFlush(display);
 }
 
-// The list's own window takes no input from elsewhere.
+// The popup of a list takes no simulated input.
 void pick(Tzu_vcl_selbox& list, int position) {
   list.SetFocus();
   gtk_combo_box_set_active(GTK_COMBO_BOX(list.GetHandle()), position);
 }
 
-// What the toolkit makes of the server's messages.
+// Sends the event that the toolkit makes from the server's messages.
 void drop_file(wxWindow& window, std::wstring const& name) {
   // The event deletes an array.
   // NOLINTNEXTLINE(modernize-avoid-c-arrays)
@@ -113,8 +113,8 @@ void drop_file(wxWindow& window, std::wstring const& name) {
 
 }  // namespace platform
 
-// On a connection of its own, with which it goes. The server counts the pixels of
-// the screen.
+// The window has its own connection to the server. It is destroyed with the connection.
+// The server counts in pixels of the screen.
 Tforeign_window::Tforeign_window(wxRect const& place) {
   int const scale =
       gdk_monitor_get_scale_factor(gdk_display_get_monitor(gdk_display_get_default(), 0));
@@ -131,7 +131,7 @@ Tforeign_window::Tforeign_window(wxRect const& place) {
 
 namespace {
 
-// The outermost window round this one, which is the manager's where there is one.
+// The outermost parent. A window manager has its frame there.
 wxRect find_frame(Display* display, Window window) {
   Window root = None;
   Window parent = window;

@@ -44,22 +44,22 @@ void turn_wheel() {
   EXPECT_EQ(1U, SendInput(1, &input, sizeof input));
 }
 
-// By the keys that open a list, walk in it and take what is marked.
+// Opens the list, moves to the entry and takes it, all by keys.
 void pick(Tzu_vcl_selbox& list, int position) {
   focus(list);
   press(WXK_F4);
-  EXPECT_TRUE(wait_until([&] { return is_dropped_down(list); })) << "the list does not open";
+  wait_for("the open list", [&] { return is_dropped_down(list); });
   auto const is_marked = [&] {
     return SendMessageW(list.GetHandle(), CB_GETCURSEL, 0, 0) == position;
   };
-  // The list marks what the pointer is over, too, and it may open under it.
+  // The list may open under the pointer, which also marks an entry.
   for (int tries = 0; tries < 3 && !is_marked(); ++tries) {
     press(WXK_HOME);
     for (int i = 0; i < position; ++i) press(WXK_DOWN);
   }
-  EXPECT_TRUE(wait_until(is_marked)) << "the entry is not marked";
+  wait_for("the marked entry", is_marked);
   press(WXK_RETURN);
-  EXPECT_TRUE(wait_until([&] { return !is_dropped_down(list); })) << "the list does not close";
+  wait_for("the end of the list", [&] { return !is_dropped_down(list); });
 }
 
 void drop_file(wxWindow& window, std::wstring const& name) {
@@ -77,7 +77,7 @@ void drop_file(wxWindow& window, std::wstring const& name) {
 
 }  // namespace platform
 
-// On the form's thread, where hosts have theirs, and of a class that Windows has.
+// Hosts have their windows on the thread of the form, too.
 Tforeign_window::Tforeign_window(wxRect const& place)
     : window_(CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, place.x,
                               place.y, place.width, place.height, nullptr, nullptr,

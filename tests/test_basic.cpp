@@ -117,8 +117,9 @@ TEST(Str, trims_and_compares) {
   EXPECT_EQ(zu::str::trim(" \r\n\ta b\t "), "a b");
   EXPECT_EQ(zu::str::trim("\v a"), "\v a");
   EXPECT_EQ(zu::str::trim(" \t "), "");
-  EXPECT_TRUE(zu::str::trim_stricmp_equal(" Prj_NAME\t", "pRJ_name"));
-  EXPECT_FALSE(zu::str::trim_stricmp_equal("prj_name", "prj_nam"));
+  EXPECT_EQ(zu::str::trim_stricmp(" Prj_NAME\t", "pRJ_name"), 0);
+  EXPECT_GT(zu::str::trim_stricmp("prj_name", "prj_nam"), 0);
+  EXPECT_LT(zu::str::trim_stricmp("A", " b"), 0);
   EXPECT_FALSE(zu::str::equal_no_case("[@", "{`")) << "neighbours of the letters are no letters";
   EXPECT_FALSE(zu::str::equal_no_case("\xC6", "\xE6")) << "letters of one code page only";
 }

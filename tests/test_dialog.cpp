@@ -1,12 +1,14 @@
-// The whole dialog, opened as a host opens it and driven by real input.
+// The whole dialog: opened as by a host, used by real input.
 
 #include <gtest/gtest.h>
+#include <wx/stopwatch.h>
 #include <wx/timer.h>
 
 #include <algorithm>
 #include <climits>
 #include <clocale>
 #include <cstdlib>
+#include <exception>
 #include <filesystem>
 #include <iostream>
 #include <string>
@@ -41,7 +43,7 @@ class dialog : public testing::Test {
     Tzu_rc::set_lang(0);
   }
 
-  // As a file dialog gives it.
+  // A path as a file dialog returns it.
   std::wstring chosen(wchar_t const* name) const {
     return std::filesystem::path(folder.wide(name)).make_preferred().wstring();
   }
@@ -61,14 +63,14 @@ class dialog : public testing::Test {
 };
 
 TEST_F(dialog, ends_with_the_input_unless_applied) {
-  // No catalogue row, spelling or order of keys may touch what is not applied.
+  // The catalogue and the order of keys must not change a text that is not applied.
   for (char const* const text : {"+units=m  +proj=merc +zone=x", "", "not a definition"}) {
     outcome const result = open_dialog(text, cancel);
     EXPECT_EQ(result.text, text);
     EXPECT_EQ(result.changed, 0);
   }
   EXPECT_EQ(open_dialog(nullptr, cancel).text, "");
-  // The window manager's way of closing is no Apply either.
+  // The window manager's button closes without Apply.
   EXPECT_EQ(open_dialog("+proj=merc", [](Tform& form) { form.Close(); }).text, "+proj=merc");
 }
 
@@ -76,7 +78,7 @@ TEST_F(dialog, gives_back_what_was_applied) {
   outcome const untouched = open_dialog(pulkovo_zone_7, apply);
   EXPECT_EQ(untouched.text, pulkovo_zone_7);
   EXPECT_EQ(untouched.changed, 1);
-  // A result may be handed in again: it is the library's own text.
+  // A host may hand in the library's own text.
   EXPECT_EQ(open_dialog(untouched.given, cancel).text, pulkovo_zone_7);
 
   outcome const unknown = open_dialog("+proj=nonsense +lat_0=1 +ellps=krass", [](Tform& form) {
@@ -88,8 +90,7 @@ TEST_F(dialog, gives_back_what_was_applied) {
   EXPECT_EQ(unknown.changed, 1);
 }
 
-// What looks for an ellipsoid, PROJ and GDAL divide by zero for these; each host here
-// traps that.
+// The search for an ellipsoid, PROJ and GDAL divide by zero here. The host traps that.
 TEST_F(dialog, does_not_divide_by_what_is_not_given) {
   EXPECT_EQ(open_dialog("+proj=longlat +R=6371000", apply).text,
             "+proj=longlat +a=6371000 +b=6371000 +lon_wrap=45 +no_defs");
@@ -100,7 +101,7 @@ TEST_F(dialog, does_not_divide_by_what_is_not_given) {
 
 TEST_F(dialog, says_where_a_missing_catalogue_was_looked_for) {
   std::wstring const missing = folder.wide(L"prj_def");
-  // Read while it is there: once is for all.
+  // The catalogue is read only once.
   EXPECT_TRUE(zu::get_catalogue_faults().empty());
   Tzu_pj_dbf::set_catalogue_folder(folder.file("prj_def"));
   for (int const lang : {1, 0}) {
@@ -132,7 +133,7 @@ TEST_F(dialog, shows_what_the_selectors_say) {
     pick(type(form), L"Zonal projections");
     EXPECT_FALSE(proj.get_usual()->IsShownOnScreen());
     EXPECT_TRUE(proj.get_zonal()->IsShownOnScreen());
-    // The first zonal entry is Gauss and Kruger's, which brings its datum.
+    // The first zonal entry sets its own datum.
     EXPECT_EQ(datum(form).get_active_caption(), L"PULKOVO_1942");
     pick(*proj.get_zonal()->get_selbox(), L"UTM North");
     pick(*proj.get_zone()->get_selbox(), L"37");
@@ -160,7 +161,7 @@ TEST_F(dialog, lets_the_seven_numbers_be_edited_for_a_custom_datum_only) {
       << result.text;
 }
 
-// As published for the Moscow region.
+// The published system of the Moscow region.
 zu::known_system const& moscow_region() {
   return *std::ranges::find(zu::known_systems, "Russia_Cadastre_50_1", zu::known_system_name);
 }
@@ -175,15 +176,15 @@ TEST_F(dialog, loads_files_of_both_types) {
   };
   for (row const& each : std::vector<row>{
            {L"plain.pj4", 0, std::string("  ") + pulkovo_zone_7 + "\n", pulkovo_zone_7, false},
-           // The code has no shift: the form adds one.
+           // The form adds the shift that the code lacks.
            {L"code.pj4", 0, "[projection]\npj4=+init=epsg:28407\n", pulkovo_zone_7, true},
-           // GDAL's shift for the datum's name: the file holds none.
+           // GDAL knows a shift for this datum. The file has none.
            {L"region.prj", 1, moscow_region().wkt,
             "+proj=tmerc +lon_0=35.4833333333 +lat_0=0 +x_0=1250000 +y_0=-5712900.566 +k_0=1 "
             "+towgs84=24.47,-130.89,-81.56,0,0,0.13,-0.22 +ellps=krass +units=m +lon_wrap=45 "
             "+no_defs",
             false},
-           // What cannot be read leaves an empty definition; two are in the other's file.
+           // Unreadable files give an empty definition. Two have the other type's content.
            {L"text.pj4", 0, "proj=utm\n", "", true},
            {L"none.pj4", 0, "+init=epsg:1", "", true},
            {L"region.pj4", 0, moscow_region().wkt, "", true},
@@ -224,7 +225,7 @@ TEST_F(dialog, loads_files_of_both_types) {
 TEST_F(dialog, saves_files_of_both_types) {
   std::string const saved = folder.file("saved.pj4");
   open_dialog(pulkovo_zone_7, [&](Tform& form) {
-    // The extension is forced, and it is asked before that hits another file.
+    // The dialog adds the extension and asks before it replaces another file.
     save(form, 0);
     EXPECT_EQ(core_test::get_file(saved),
               std::string("[projection]\n\npj4=") + pulkovo_zone_7 + "\n");
@@ -246,8 +247,8 @@ TEST_F(dialog, saves_files_of_both_types) {
   EXPECT_EQ(core_test::get_file(folder.file("saved.prj")), moscow_region().wkt);
 }
 
-// What it prints is for people: type, language, the pixels that the tightest control
-// has to spare, and how far the form's centre is from its owner's.
+// Prints for people: the type, the language, the spare pixels of the tightest control, and
+// the distance between the centres of the form and its owner.
 TEST_F(dialog, speaks_both_languages_and_fits_its_window) {
   for (bool const russian : {false, true}) {
     Tzu_rc::set_lang(russian ? 1 : 0);
@@ -257,7 +258,7 @@ TEST_F(dialog, speaks_both_languages_and_fits_its_window) {
           "+nadgrids=a_grid_with_a_name_that_is_too_long_for_the_list_to_stay_in_three_lines.gsb "
           "+pm=paris +xi=1 +eta=2 +zeta=3 +theta=4 +kappa=5 +lambda=6 +sigma=7 +tau=8 +phi=9"}) {
       Tforeign_window const owner({150, 120, 1000, 720});
-      EXPECT_TRUE(wait_until([&] { return has_focus(owner); })) << "the owner gets no focus";
+      wait_for("the focus of the owner", [&] { return has_focus(owner); });
       open_dialog(
           definition,
           [&](Tform& form) {
@@ -266,25 +267,25 @@ TEST_F(dialog, speaks_both_languages_and_fits_its_window) {
                       russian ? L"Применить" : L"Apply");
             int slack = 0;
             wxPoint off;
-            EXPECT_TRUE(wait_until([&] {
+            // A large form gets its place and its size in several steps.
+            wait_for("the form over the middle of its owner, with room for all controls", [&] {
               slack = INT_MAX;
               off = offset_of(form, owner);
               return find_clipped(form, &slack).empty() && std::abs(off.x) + std::abs(off.y) <= 2;
-            })) << definition;
-            EXPECT_EQ(find_clipped(form), std::vector<std::wstring>());
+            });
             std::cout << "fit: " << wxString(type(form).get_active_caption()).utf8_str()
                       << (russian ? " ru" : " en") << ": " << slack << " to spare, " << off.x << ','
                       << off.y << " off\n";
           },
           owner.get_handle());
-      EXPECT_TRUE(wait_until([&] { return has_focus(owner); })) << "the owner lost the focus";
+      wait_for("the focus of the owner after the dialog", [&] { return has_focus(owner); });
     }
   }
 }
 
 TEST_F(dialog, tab_walks_in_reading_order) {
   open_dialog("", [](Tform& form) {
-    // What appears late has its place, too.
+    // Controls that appear later have their place in the order, too.
     pick(type(form), L"Usual projections");
     pick(datum(form), L"_Custom");
     focus(type(form));
@@ -296,7 +297,7 @@ TEST_F(dialog, tab_walks_in_reading_order) {
     order.push_back(&datum(form));
     for (unsigned const index : {0U, 3U, 1U, 4U, 2U, 5U, 6U}) order.push_back(&shift(form, index));
     order.push_back(&ellipse(form));
-    // The ellipsoid's two numbers are for reading, and for copying by key.
+    // The user can only read and copy the two numbers of the ellipsoid.
     order.insert(order.end(), 2, nullptr);
     order.push_back(form.get_result()->get_edit());
     order.push_back(form.get_result()->get_undo());
@@ -306,8 +307,8 @@ TEST_F(dialog, tab_walks_in_reading_order) {
     for (std::size_t i = 0; i < order.size(); ++i) {
       if (i != 0) press(WXK_TAB);
       wxWindow* const focus = wxWindow::FindFocus();
-      // GTK gives the keys to a part of a list that the toolkit does not know: then
-      // it tells nothing, or what it was asked to give the keys to before.
+      // GTK gives the focus to an inner part of a list. The toolkit does not know that part
+      // and returns nothing or the earlier focus.
       bool const is_known = dynamic_cast<wxChoice*>(order[i]) == nullptr ||
                             (focus != nullptr && (i == 0 || focus != order[i - 1]));
       if (is_known && order[i] != nullptr) {
@@ -339,7 +340,7 @@ TEST_F(dialog, steps_back_copies_and_pastes) {
     EXPECT_EQ(result(), pulkovo_zone_7);
     pick(datum(form), L"_Custom");
     type_over(shift(form, 0), "25");
-    // What is being typed has steps of its own.
+    // An edit that has the focus undoes its own text.
     press('Z', wxMOD_CONTROL);
     EXPECT_EQ(datum(form).get_active_caption(), L"_Custom");
     type_over(shift(form, 0), "25");
@@ -376,7 +377,7 @@ TEST_F(dialog, steps_back_copies_and_pastes) {
   EXPECT_EQ(shown, result.text);
 }
 
-// The window of this class that is open over the form.
+// The open window of this class.
 template <class Window>
 Window* find_window() {
   for (wxWindow* const each : wxTopLevelWindows)
@@ -386,29 +387,34 @@ Window* find_window() {
   return nullptr;
 }
 
-// Presses the key that opens such a window, and runs the script in it, which closes it.
+// Presses the key that opens such a window and runs the script. The script closes the window.
 template <class Window>
 void run_in_window(Tform& form, int key, std::function<void(Window&)> const& script) {
   constexpr int look_again_ms = 20;
-  constexpr int patience = 500;
-  int looks = 0;
-  // The window's own loop runs within the press of the key.
+  std::exception_ptr failure;
+  wxStopWatch const watch;
+  // The event loop of the window runs inside press(), so only a timer can start the script.
   wxTimer look;
   look.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
     auto* const window = find_window<Window>();
     bool const is_there = window != nullptr && platform::has_keyboard(*window);
-    if (!is_there && ++looks < patience) return;
+    if (!is_there && watch.Time() < patience_ms) return;
     look.Stop();
-    EXPECT_TRUE(is_there) << "no window comes up, or it gets no keys";
-    if (is_there) script(*window);
-    if (auto* const left = find_window<Window>()) {
-      ADD_FAILURE() << "the window stays open";
-      left->EndModal(wxID_CANCEL);
+    try {
+      if (!is_there) give_up("a window over the form and its keyboard");
+      script(*window);
+      if (find_window<Window>() != nullptr) give_up("the end of the window over the form");
+    } catch (...) {
+      failure = std::current_exception();
     }
+    if (auto* const left = find_window<Window>()) left->EndModal(wxID_CANCEL);
   });
   look.Start(look_again_ms);
   press(key, wxMOD_CONTROL);
-  EXPECT_TRUE(wait_until([&] { return !look.IsRunning() && platform::has_keyboard(form); }));
+  if (failure) std::rethrow_exception(failure);
+  wait_for("the end of the window over the form",
+           [&] { return failure || (!look.IsRunning() && platform::has_keyboard(form)); });
+  if (failure) std::rethrow_exception(failure);
 }
 
 TEST_F(dialog, finds_a_system_and_tries_a_point) {
@@ -416,7 +422,7 @@ TEST_F(dialog, finds_a_system_and_tries_a_point) {
     run_in_window<Tzu_vcl_pj_find>(form, 'F', [](Tzu_vcl_pj_find& window) {
       EXPECT_GT(window.get_list()->GetCount(), 0U);
       type_over(*window.get_words(), "tyumen");
-      EXPECT_TRUE(wait_until([&] { return window.get_list()->GetCount() == 2; }));
+      wait_for("two systems", [&] { return window.get_list()->GetCount() == 2; });
       press(WXK_DOWN);
       EXPECT_EQ(window.get_list()->GetStringSelection(),
                 L"Russia_Cadastre_72_3 \u2013 Tyumen Oblast");
@@ -428,7 +434,7 @@ TEST_F(dialog, finds_a_system_and_tries_a_point) {
       EXPECT_EQ(window.get_list()->GetStringSelection(),
                 L"Russia_Cadastre_72_3 \u2013 Tyumen Oblast");
       type_over(*window.get_words(), "nobody");
-      EXPECT_TRUE(wait_until([&] { return window.get_list()->GetCount() == 0; }));
+      wait_for("an empty list", [&] { return window.get_list()->GetCount() == 0; });
       press(WXK_RETURN);
       press(WXK_ESCAPE);
     });
@@ -478,7 +484,7 @@ TEST_F(dialog, shows_and_writes_numbers_in_every_locale) {
       EXPECT_EQ(number(form, proj_number::lon_0).get_text(), L"37.5");
       type_over(number(form, proj_number::lon_0), "38.25");
       type_over(shift(form, 4), "-0.35");
-      // Typed and not left: Apply takes it all the same.
+      // Apply also takes the value of the edit that has the focus.
       type_over(number(form, proj_number::y_0), "-5811057.628");
       apply(form);
     });

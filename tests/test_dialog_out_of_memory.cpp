@@ -1,6 +1,5 @@
-// Memory that runs out while the dialog is made, shown and applied. The toolkit ends
-// the program at some of the places where it is denied any itself, so only what this
-// library takes is.
+// Memory that runs out while the dialog opens and applies. The toolkit may end the program
+// when it gets no memory, so only this library's allocations fail here.
 
 #include <gtest/gtest.h>
 #include <wx/timer.h>
@@ -21,8 +20,8 @@ namespace {
 using failing_allocator::lack;
 
 struct denial {
-  bool of_apply = false;  // or of opening the form
-  std::size_t nth = 0;    // none for 0
+  bool of_apply = false;  // otherwise while the form opens
+  std::size_t nth = 0;    // 0 denies nothing
   lack how_long = lack::once;
 
   void begin(bool is_apply) const {
@@ -31,8 +30,7 @@ struct denial {
   }
 };
 
-// Presses Apply once the form is open. What came of it, and whether any memory was
-// denied.
+// Presses Apply when the form is open. Returns the result and whether memory was denied.
 std::pair<std::string, bool> apply_dialog(denial const& denied = {}) {
   bool is_denied = false;
   auto const disarm = [&] { is_denied = failing_allocator::disarm() || is_denied; };
@@ -70,7 +68,7 @@ TEST(OutOfMemory, the_dialog_passes_it_on_and_opens_again) {
   Tzu_handle_scope const scope(&host);
   ASSERT_EQ(apply_dialog().first, gui::moscow_tm);
   for (bool const of_apply : {false, true}) {
-    // To open takes much the same for each of many controls and list items, and time.
+    // Opening allocates alike for each of many controls, so a sample is enough.
     std::size_t const step = of_apply ? 1 : 173;
     for (lack const how_long : {lack::once, lack::for_good}) {
       bool is_denied = true;

@@ -112,8 +112,7 @@ TEST(vcl, refused_numbers_stay_with_a_message_and_the_focus) {
             "+towgs84=1,2,3,0,0,0,0 +ellps=krass +units=m +lon_wrap=45 +no_defs");
 }
 
-// An untouched value that the bounds refuse and a typed bad one would have
-// asked for the focus in turns.
+// A refused value that the user has not touched must not ask for the focus, too.
 TEST(vcl, two_refused_edits_do_not_fight_for_the_focus) {
   Tanswers answers;
   open_dialog(moscow_tm, [&](Tform& form) {
@@ -171,7 +170,7 @@ TEST(vcl, selector_chooses_by_key_and_by_caption) {
   EXPECT_EQ(0U, list.get_active_idx());
 }
 
-// As in a table of another page than the system's.
+// The table may have another code page than the system.
 TEST(vcl, zonal_projection_is_chosen_by_the_catalogues_own_bytes) {
   constexpr char const* name = "\xC6\xFF";
   Tzu_pj_proj_defs zonal;
@@ -192,8 +191,8 @@ TEST(vcl, keys_choose_in_a_list_and_the_wheel_in_one_that_has_the_focus) {
   open_dialog(moscow_tm, [](Tform& form) {
     Tzu_vcl_selbox& list = type(form);
     auto const shows = [&](wchar_t const* caption) {
-      return wait_until([&] { return list.get_active_caption() == caption; }) &&
-             form.get_editor()->get_proj()->get_zonal()->IsShownOnScreen() == (caption[0] == L'Z');
+      wait_for("the list's choice", [&] { return list.get_active_caption() == caption; });
+      return form.get_editor()->get_proj()->get_zonal()->IsShownOnScreen() == (caption[0] == L'Z');
     };
     focus(number(form, proj_number::x_0));
     turn_wheel(list);
@@ -232,25 +231,19 @@ TEST(vcl, bar_places_its_buttons_to_the_pixel) {
   EXPECT_GE(slot.x, bar.FromDIP(Tbar::button_width));
   EXPECT_LT(slot.x, bar.FromDIP(130));
   int const margin = bar.FromDIP(Tbar::margin);
-  // Left edges of Save, Load, Apply, Cancel, Help on a bar of 600; -1 is hidden.
-  constexpr std::array<std::array<int, 5>, 4> cases{{{-1, -1, 452, 526, -1},
-                                                     {4, 78, 452, 526, -1},
-                                                     {-1, 4, 378, 452, 526},
-                                                     {4, -1, 452, -1, 526}}};
-  for (auto const& lefts : cases) {
+  // Slots of Save, Load, Apply, Cancel, Help from the left end or, negative, from the right
+  // end; 0 is hidden.
+  constexpr std::array<std::array<int, 5>, 4> cases{
+      {{0, 0, -2, -1, 0}, {1, 2, -2, -1, 0}, {0, 1, -3, -2, -1}, {1, 0, -2, 0, -1}}};
+  for (auto const& slots : cases) {
     constexpr std::array buttons{Tbar::save, Tbar::load, Tbar::apply, Tbar::cancel, Tbar::help};
-    std::array<bool, 5> visible{};
+    for (auto const index : buttons) bar.set_visible(index, slots[index] != 0);
     for (auto const index : buttons) {
-      visible[index] = lefts[index] >= 0;
-      bar.set_visible(index, visible[index]);
-    }
-    EXPECT_EQ(lefts, Tbar::button_lefts(600, Tbar::button_width, Tbar::margin, visible));
-    // And on the bar that is there, where captions may need more.
-    auto const places = Tbar::button_lefts(1000, slot.x, margin, visible);
-    for (auto const index : buttons) {
-      if (!visible[index]) continue;
-      EXPECT_EQ(wxRect(wxPoint(places[index], margin), slot), bar.get_button(index)->GetRect())
-          << lefts[index];
+      int const begin = slots[index] > 0 ? margin - (slot.x + margin) : 1000;
+      wxPoint const place(begin + slots[index] * (slot.x + margin), margin);
+      if (slots[index] != 0) {
+        EXPECT_EQ(wxRect(place, slot), bar.get_button(index)->GetRect()) << slots[index];
+      }
     }
   }
   EXPECT_EQ(slot, bar.get_slot_size()) << "layouts must not add up";
@@ -266,7 +259,7 @@ TEST(vcl, exceptions_of_handlers_come_out_of_the_dialog) {
   EXPECT_THROW(open_dialog(moscow_tm, on_exit), std::out_of_range);
   auto const later = [&](Tform& form) {
     zu::vcl::call_after_guarded(form, fail);
-    EXPECT_TRUE(wait_until([&] { return !form.is_open(); }));
+    wait_for("the end of the form", [&] { return !form.is_open(); });
   };
   EXPECT_THROW(open_dialog(moscow_tm, later), std::out_of_range);
   Tzu_vcl_form form;
@@ -286,7 +279,7 @@ TEST(vcl, only_the_window_manager_closes_besides_the_program) {
 }
 
 TEST(vcl, owner_is_any_window_or_none) {
-  // Larger than the form: so the edges of the screen do not matter.
+  // The form fits inside, so the edges of the screen do not move it.
   Tforeign_window owner({200, 150, 1000, 700});
   auto const lose_owner = [&](Tform& form) {
     EXPECT_EQ(owner.get_handle(), get_owner(form));

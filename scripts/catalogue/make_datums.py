@@ -4,30 +4,24 @@
 Why: the shifts of most datums are published in the coordinate-system database;
 copying some two hundred of them by hand would leave mistakes nobody can see.
 
-What: datum_choice.csv, beside this script, lists the datums in the order in
-which the user sees them. A row names either an operation of the database (from
-the datum to WGS 84), whose numbers are turned into what +towgs84= takes
-(metres, seconds of arc, parts per million, rotations as of the position vector),
-or its seven numbers. Operations that turn the frame instead of the vector have
+What: data/prj_def/datum_choice.csv lists the datums in the order in which the user
+sees them. A row names an operation of the database, from the datum to WGS 84, or
+gives seven numbers. The numbers of an operation are turned into what +towgs84=
+takes: metres, seconds of arc, parts per million, rotations of the position vector. Operations that turn the frame instead of the vector have
 the opposite signs of rotation.
 
 The order of rows matters: a definition without a datum key takes the first row
 with its ellipsoid and numbers. Hence a row without a key stands before any with
 a key and the same numbers (else an ETRS89 definition would come back as NAD83).
 
-Run: python3 scripts/catalogue/make_datums.py
-Writes data/prj_def/pj_datum.csv; needs data/prj_def/pj_ellps.csv.
+Run: python3 scripts/catalogue/make_datums.py [--check]
+Writes data/prj_def/pj_datum.csv, or compares it with --check; needs data/prj_def/pj_ellps.csv.
 """
-import csv
-import os
-
 import libproj
 import tables
 
 COLUMNS = ("DATUM_NAME", "DATUM", "SHIFT_X0", "SHIFT_Y0", "SHIFT_Z0", "ROTAT_X0",
            "ROTAT_Y0", "ROTAT_Z0", "SCALE_F0", "ELLPS_ID", "#REGION", "#SOURCE")
-
-CHOICE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "datum_choice.csv")
 
 # Sign of the rotations in the database against that of +towgs84=.
 TRANSLATION, POSITION_VECTOR, COORDINATE_FRAME = 9603, 9606, 9607
@@ -106,17 +100,16 @@ def ellipsoid_id(ellipsoids, system):
 def rows():
     ellipsoids = tables.read("pj_ellps.csv")
     database = Database()
-    with open(CHOICE, newline="", encoding="ascii") as stream:
-        for choice in csv.DictReader(stream, strict=True):
-            if choice["OPERATION"]:
-                numbers, system = database.operation(int(choice["OPERATION"]))
-                source = "EPSG:" + choice["OPERATION"]
-            else:
-                numbers = [float(number) for number in choice["NUMBERS"].split()]
-                system, source = choice["ELLIPSOID"], choice["SOURCE"]
-            yield ([choice["DATUM_NAME"], choice["DATUM"]]
-                   + [plain(number) for number in numbers]
-                   + [ellipsoid_id(ellipsoids, system), choice["REGION"], source])
+    for choice in tables.read("datum_choice.csv"):
+        if choice["OPERATION"]:
+            numbers, system = database.operation(int(choice["OPERATION"]))
+            source = "EPSG:" + choice["OPERATION"]
+        else:
+            numbers = [float(number) for number in choice["NUMBERS"].split()]
+            system, source = choice["ELLIPSOID"], choice["SOURCE"]
+        yield ([choice["DATUM_NAME"], choice["DATUM"]]
+               + [plain(number) for number in numbers]
+               + [ellipsoid_id(ellipsoids, system), choice["REGION"], source])
 
 
 if __name__ == "__main__":

@@ -12,8 +12,8 @@ very number after +a=, hence
  - an ellipsoid whose numbers have more than the twelve digits that the dialog
    writes has a second row with twelve, or its own output would not find it.
 
-Run: python3 scripts/catalogue/make_ellipsoids.py
-Writes data/prj_def/pj_ellps.csv. Other tables refer to ELLPS_ID: run
+Run: python3 scripts/catalogue/make_ellipsoids.py [--check]
+Writes data/prj_def/pj_ellps.csv, or compares it with --check. Other tables refer to ELLPS_ID: run
 make_datums.py afterwards.
 """
 import libproj

@@ -6,7 +6,9 @@ must find the same row that the dialog would find.
 A module for the other scripts; it does nothing when run.
 """
 import csv
+import io
 import os
+import sys
 
 FOLDER = os.path.join(os.path.dirname(os.path.abspath(__file__)),
                       "..", "..", "data", "prj_def")
@@ -25,14 +27,25 @@ def read(name):
 
 
 def write(name, columns, rows):
-    """Write a table; each row is a dictionary or a sequence in column order."""
-    with open(os.path.join(FOLDER, name), "w", newline="", encoding="ascii") as stream:
-        writer = csv.writer(stream, lineterminator="\n")
-        writer.writerow(columns)
-        for row in rows:
-            if isinstance(row, dict):
-                row = [row.get(column, "") for column in columns]
-            writer.writerow(row)
+    """Write a table; each row is a dictionary or a sequence in column order. With
+    --check on the command line compare it with the present one instead."""
+    if sys.argv[1:] not in ([], ["--check"]):
+        sys.exit("usage: %s [--check]" % sys.argv[0])
+    text = io.StringIO(newline="")
+    writer = csv.writer(text, lineterminator="\n")
+    writer.writerow(columns)
+    for row in rows:
+        if isinstance(row, dict):
+            row = [row.get(column, "") for column in columns]
+        writer.writerow(row)
+    content, path = text.getvalue().encode("ascii"), os.path.join(FOLDER, name)
+    if not sys.argv[1:]:
+        with open(path, "wb") as stream:
+            stream.write(content)
+        return
+    with open(path, "rb") as stream:
+        if stream.read() != content:
+            sys.exit("%s differs from what %s makes" % (path, sys.argv[0]))
 
 
 def known(parameters):

@@ -23,7 +23,7 @@ double Tzu_prp_val::get_as_dbl(double default_value) const noexcept {
 
 bool Tzu_prp_val::get_as_bool(bool default_value) const noexcept {
   auto const is = [this](std::string_view word) {
-    return zu::str::trim_stricmp_equal(value_, word);
+    return zu::str::trim_stricmp(value_, word) == 0;
   };
   constexpr std::array<std::string_view, 4> yes{"1", "true", "yes", "on"};
   constexpr std::array<std::string_view, 4> no{"0", "false", "no", "off"};

@@ -19,8 +19,15 @@ std::string_view trim(std::string_view text, std::string_view set) noexcept {
   return text;
 }
 
-bool trim_stricmp_equal(std::string_view left, std::string_view right) noexcept {
-  return equal_no_case(trim(left), trim(right));
+int trim_stricmp(std::string_view left, std::string_view right) noexcept {
+  constexpr auto fold = [](char c) noexcept {
+    return static_cast<int>(static_cast<unsigned char>(to_lower(c)));
+  };
+  left = trim(left);
+  right = trim(right);
+  auto const [left_rest, right_rest] = std::ranges::mismatch(left, right, {}, fold, fold);
+  return (left_rest == left.end() ? -1 : fold(*left_rest)) -
+         (right_rest == right.end() ? -1 : fold(*right_rest));
 }
 
 std::vector<std::string_view> split(std::string_view text, std::string_view delimiters) {

@@ -15,20 +15,23 @@ inline constexpr std::string_view blanks = " \r\t\n";
 // `text` without the characters of `set` at both ends; a view into `text`.
 std::string_view trim(std::string_view text, std::string_view set = blanks) noexcept;
 
+// Of an ASCII letter; other bytes stay as they are, whatever the code page.
+constexpr char to_lower(char c) noexcept {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
 // Equality without regard to the case of ASCII letters. Keys and catalogue
-// names are ASCII; other bytes compare as they are, whatever the code page.
+// names are ASCII; other bytes compare as they are.
 constexpr bool equal_no_case(std::string_view left, std::string_view right) noexcept {
-  constexpr auto to_lower = [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  };
   if (left.size() != right.size()) return false;
   for (std::size_t i = 0; i < left.size(); ++i)
     if (left[i] != right[i] && to_lower(left[i]) != to_lower(right[i])) return false;
   return true;
 }
 
-// As equal_no_case, of both texts trimmed.
-bool trim_stricmp_equal(std::string_view left, std::string_view right) noexcept;
+// Compares both texts trimmed and without regard to the case of ASCII letters: 0 when
+// they are equal, less or more than 0 as the left one comes before or after the right one.
+int trim_stricmp(std::string_view left, std::string_view right) noexcept;
 
 // Splits at every character of `delimiters`; empty pieces are kept. The pieces
 // are views into `text`.

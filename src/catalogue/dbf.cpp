@@ -219,7 +219,7 @@ bool Tzu_file_dbf_exe::close() {
 
 bool Tzu_file_dbf_exe::find_prp_by_name(std::string_view name, std::uint32_t& index) const {
   for (std::uint32_t i = 0; i < get_np(); ++i) {
-    if (!zu::str::trim_stricmp_equal(name, get_prp_name(i))) continue;
+    if (zu::str::trim_stricmp(name, get_prp_name(i)) != 0) continue;
     index = i;
     return true;
   }
@@ -338,7 +338,7 @@ bool Tzu_file_dbf_exe::try_bool(std::string_view text, bool& flag) noexcept {
   constexpr std::array<std::string_view, 8> spellings{"t", "true",  "1", "y",
                                                       "f", "false", "0", "n"};
   auto const found = std::ranges::find_if(
-      spellings, [text](auto spelling) { return zu::str::trim_stricmp_equal(text, spelling); });
+      spellings, [text](auto spelling) { return zu::str::trim_stricmp(text, spelling) == 0; });
   if (found == spellings.end()) return false;
   flag = found - spellings.begin() < 4;
   return true;

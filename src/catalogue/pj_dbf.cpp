@@ -12,10 +12,16 @@
 #include "basic/path.h"
 #include "basic/str.h"
 #include "catalogue/dbf.h"
+#include "catalogue/pj_columns.h"
 #include "suite/zuk_basic.h"
 #include "text/strconv.h"
 
 namespace {
+
+using zu::datum_column;
+using zu::ellipse_column;
+using zu::number_part;
+using zu::proj_column;
 
 std::string& catalogue_folder() {
   static std::string folder;
@@ -52,43 +58,47 @@ std::string table_path(std::string_view name) {
   return (Tzu_pj_dbf::get_catalogue_folder() + "/").append(name);
 }
 
-// The record under the cursor of a table, by position of the wanted columns.
+// The record under the cursor of a table, whose columns have names.
+template <class Column>
 class Trow {
  public:
   // Finds the columns. Returns the name of the first one that is missing, else empty.
-  std::string_view attach(Tzu_file_dbf& table, std::span<std::string_view const> names) {
+  template <class Names>
+  std::string attach(Tzu_file_dbf& table, Names const& names) {
     table_ = &table;
-    for (std::string_view const name : names) {
+    for (auto const& name : names) {
       std::uint32_t index = 0;
-      if (!table.find_prp_by_name(name, index)) return name;
+      if (!table.find_prp_by_name(name, index)) return std::string(name);
       columns_.push_back(index);
     }
     return {};
   }
 
-  std::string text(std::size_t column) const { return std::string(cleaned(column)); }
+  std::string text(Column column) const { return std::string(cleaned(column)); }
 
-  std::optional<double> number(std::size_t column) const {
+  std::optional<double> number(Column column) const {
     return zu::number::scan_double(cleaned(column));
   }
 
-  double number_or_0(std::size_t column) const { return number(column).value_or(0); }
+  double number_or_0(Column column) const { return number(column).value_or(0); }
 
-  std::optional<int> integer(std::size_t column) const {
-    return zu::number::scan_int(cleaned(column));
+  bool is_on(Column column) const { return number_or_0(column) > 0; }
+
+  std::uint32_t id(Column column) const {
+    return static_cast<std::uint32_t>(zu::number::scan_int(cleaned(column)).value_or(0));
   }
 
  private:
   // Fields of the binary types have to be rendered; all others are read where
   // they stand.
-  std::string_view raw(std::size_t column) const {
-    std::uint32_t const index = columns_[column];
+  std::string_view raw(Column column) const {
+    std::uint32_t const index = columns_[static_cast<std::size_t>(column)];
     char const type = table_->get_prp_type(index);
     return type == 'B' || type == 'I' ? table_->get_str(index) : table_->get_text(index);
   }
 
   // Only a "*" needs a copy of the field. Most fields are blank.
-  std::string_view cleaned(std::size_t column) const {
+  std::string_view cleaned(Column column) const {
     std::string_view const text = zu::str::trim(raw(column));
     if (text.find('*') == std::string_view::npos) return text;
     buffer_ = Tzu_pj_dbf::wrk_str(text);
@@ -100,14 +110,14 @@ class Trow {
   mutable std::string buffer_;
 };
 
-template <class List, std::size_t Count, class Read>
-int load(std::string const& name, List& list, std::array<std::string_view, Count> const& columns,
-         std::string* missing, Read read_record) {
+template <class Column, class List, class Names, class Read>
+int load(std::string const& name, List& list, Names const& columns, std::string* missing,
+         Read read_record) {
   list.clear();
   List records;
   Tzu_file_dbf table;
   if (int const result = table.open(name.c_str(), true); result != 0) return result;
-  Trow row;
+  Trow<Column> row;
   if (auto const column = row.attach(table, columns); !column.empty()) {
     if (missing != nullptr) *missing = column;
     return Tzu_pj_dbf::column_missing;
@@ -124,54 +134,36 @@ int load(std::string const& name, List& list, std::array<std::string_view, Count
   return Tzu_pj_dbf::loaded;
 }
 
-constexpr std::array<std::string_view, 6> ellipse_columns{"ELLPS_ID", "ELLPS_NAME", "ELLPS",
-                                                          "A",        "B",          "RF"};
-constexpr std::array<std::string_view, 10> datum_columns{
-    "DATUM_NAME", "DATUM",    "SHIFT_X0", "SHIFT_Y0", "SHIFT_Z0",
-    "ROTAT_X0",   "ROTAT_Y0", "ROTAT_Z0", "SCALE_F0", "ELLPS_ID"};
+void read_ellipse(Trow<ellipse_column> const& row, Tzu_pj_ellipse_def& record) {
+  record.set_index(row.id(ellipse_column::id));
+  record.set_caption(row.text(ellipse_column::name));
+  record.set_prj4_name(row.text(ellipse_column::ellps));
+  record.set_semi_major(row.number_or_0(ellipse_column::a));
+  auto const b = row.number(ellipse_column::b);
+  record.set_def_semi_minor(b.has_value());
+  record.set_semi_minor(b.value_or(0));
+  auto const rf = row.number(ellipse_column::rf);
+  record.set_def_inv_flattening(rf.has_value());
+  record.set_inv_flattening(rf.value_or(0));
+}
 
-// Columns of the projection tables. The K columns must exist, as in every table
-// of the suite, but K_0 alone carries the scale.
-constexpr std::array<std::string_view, 54> proj_columns{
-    "PRJ_NAME", "PRJ_ALIAS", "PROJ",       "SOUTH",       //
-    "LAT_1",    "LAT_1_V",   "LAT_1_MIN",  "LAT_1_MAX",   //
-    "LAT_2",    "LAT_2_V",   "LAT_2_MIN",  "LAT_2_MAX",   //
-    "LAT_TS",   "LAT_TS_V",  "LAT_TS_MIN", "LAT_TS_MAX",  //
-    "LAT_0",    "LAT_0_V",   "LAT_0_MIN",  "LAT_0_MAX",   //
-    "LON_0",    "LON_0_V",   "LON_0_MIN",  "LON_0_MAX",   //
-    "LONC",     "LONC_V",    "LONC_MIN",   "LONC_MAX",    //
-    "ALPHA",    "ALPHA_V",   "ALPHA_MIN",  "ALPHA_MAX",   //
-    "K",        "K_V",       "K_MIN",      "K_MAX",       //
-    "K_0",      "K_0_V",     "K_0_MIN",    "K_0_MAX",     //
-    "X_0",      "X_0_V",     "X_0_MIN",    "X_0_MAX",     //
-    "Y_0",      "Y_0_V",     "Y_0_MIN",    "Y_0_MAX",     //
-    "UNITS",    "UNITS_V",   "ZONE",       "ZONE_V",     "ZONE_N", "DATUM"};
+void read_datum(Trow<datum_column> const& row, Tzu_pj_datum_def& record) {
+  record.set_caption(row.text(datum_column::name));
+  record.set_prj4_name(row.text(datum_column::datum));
+  std::array<double, 7> shift{};
+  for (std::size_t i = 0; i < shift.size(); ++i)
+    shift[i] = row.number_or_0(
+        static_cast<datum_column>(static_cast<std::size_t>(datum_column::shift_x) + i));
+  record.set_towgs84(shift);
+  record.set_ellipse_index(row.id(datum_column::ellipse_id));
+}
 
-struct number_columns {
-  proj_number number;
-  std::size_t first;  // the parameter's own column; _V, _MIN and _MAX follow it
-};
-constexpr std::array<number_columns, proj_numbers_count> number_places{{{proj_number::lat_1, 4},
-                                                                        {proj_number::lat_2, 8},
-                                                                        {proj_number::lat_ts, 12},
-                                                                        {proj_number::lat_0, 16},
-                                                                        {proj_number::lon_0, 20},
-                                                                        {proj_number::lonc, 24},
-                                                                        {proj_number::alpha, 28},
-                                                                        {proj_number::k_0, 36},
-                                                                        {proj_number::x_0, 40},
-                                                                        {proj_number::y_0, 44}}};
-constexpr std::size_t units_at = 48;
-constexpr std::size_t zone_at = 50;
-constexpr std::size_t datum_at = 53;
-
-bool is_on(Trow const& row, std::size_t column) { return row.number_or_0(column) > 0; }
-
-void read_number(Trow const& row, std::size_t first, Tzu_pj_dbl_param& param) {
-  if (!is_on(row, first)) return;
-  auto const value = row.number(first + 1);
-  auto const min = row.number(first + 2);
-  auto const max = row.number(first + 3);
+void read_number(Trow<proj_column> const& row, std::size_t place, Tzu_pj_dbl_param& param) {
+  auto const column = [place](number_part part) { return zu::number_column_at(place, part); };
+  if (!row.is_on(column(number_part::given))) return;
+  auto const value = row.number(column(number_part::value));
+  auto const min = row.number(column(number_part::min));
+  auto const max = row.number(column(number_part::max));
   param.set_use_proj4(true);
   param.set_def_default(value.has_value());
   param.set_default(value.value_or(0));
@@ -188,31 +180,32 @@ void set_text(Tzu_pj_str_param& param, std::string text) {
   param.set_default(std::move(text));
 }
 
-void read_zone(Trow const& row, Tzu_pj_proj_def& record) {
-  if (!is_on(row, zone_at)) return;
-  double const zone = row.number_or_0(zone_at + 1);
+void read_zone(Trow<proj_column> const& row, Tzu_pj_proj_def& record) {
+  if (!row.is_on(proj_column::zone)) return;
+  double const zone = row.number_or_0(proj_column::zone_value);
   record.get_zone().set_use_proj4(true);
   record.get_zone().set_default(zone > -1e9 && zone < 1e9 ? static_cast<int>(zone) : 0);
-  set_text(record.get_zone_name(), row.text(zone_at + 2));
+  set_text(record.get_zone_name(), row.text(proj_column::zone_name));
 }
 
-void read_proj(Trow const& row, Tzu_pj_proj_def& record) {
-  record.set_caption(row.text(0));
-  record.set_add_caption(row.text(1));
-  record.set_prj4_name(row.text(2));
-  if (is_on(row, 3)) {
+void read_proj(Trow<proj_column> const& row, Tzu_pj_proj_def& record) {
+  record.set_caption(row.text(proj_column::name));
+  record.set_add_caption(row.text(proj_column::alias));
+  record.set_prj4_name(row.text(proj_column::proj));
+  if (row.is_on(proj_column::south)) {
     record.get_south().set_use_proj4(true);
     record.get_south().set_def_default(true);
     record.get_south().set_default(true);
   }
-  for (auto const& place : number_places)
-    read_number(row, place.first, record.get_number(place.number));
-  if (is_on(row, units_at)) {
+  for (std::size_t place = 0; place < zu::number_columns.size(); ++place)
+    if (auto const number = zu::number_columns[place].number)
+      read_number(row, place, record.get_number(*number));
+  if (row.is_on(proj_column::units)) {
     record.get_units().set_use_proj4(true);
-    record.get_units().set_default(row.text(units_at + 1));
+    record.get_units().set_default(row.text(proj_column::units_value));
   }
   read_zone(row, record);
-  set_text(record.get_datum(), row.text(datum_at));
+  set_text(record.get_datum(), row.text(proj_column::datum));
 }
 
 }  // namespace
@@ -251,36 +244,17 @@ std::string Tzu_pj_dbf::wrk_str(std::string_view text) {
 
 int Tzu_pj_dbf::load_pj_ellipse(std::string const& name, Tzu_pj_ellipse_defs& list,
                                 std::string* missing) {
-  return load(name, list, ellipse_columns, missing,
-              [](Trow const& row, Tzu_pj_ellipse_def& record) {
-                record.set_index(static_cast<std::uint32_t>(row.integer(0).value_or(0)));
-                record.set_caption(row.text(1));
-                record.set_prj4_name(row.text(2));
-                record.set_semi_major(row.number_or_0(3));
-                auto const b = row.number(4);
-                record.set_def_semi_minor(b.has_value());
-                record.set_semi_minor(b.value_or(0));
-                auto const rf = row.number(5);
-                record.set_def_inv_flattening(rf.has_value());
-                record.set_inv_flattening(rf.value_or(0));
-              });
+  return load<ellipse_column>(name, list, zu::ellipse_columns, missing, read_ellipse);
 }
 
 int Tzu_pj_dbf::load_pj_datum(std::string const& name, Tzu_pj_datum_defs& list,
                               std::string* missing) {
-  return load(name, list, datum_columns, missing, [](Trow const& row, Tzu_pj_datum_def& record) {
-    record.set_caption(row.text(0));
-    record.set_prj4_name(row.text(1));
-    std::array<double, 7> shift{};
-    for (std::size_t i = 0; i < shift.size(); ++i) shift[i] = row.number_or_0(2 + i);
-    record.set_towgs84(shift);
-    record.set_ellipse_index(static_cast<std::uint32_t>(row.integer(9).value_or(0)));
-  });
+  return load<datum_column>(name, list, zu::datum_columns, missing, read_datum);
 }
 
 int Tzu_pj_dbf::load_pj_proj(std::string const& name, Tzu_pj_proj_defs& list,
                              std::string* missing) {
-  return load(name, list, proj_columns, missing, read_proj);
+  return load<proj_column>(name, list, zu::proj_columns(), missing, read_proj);
 }
 
 void Tzu_pj_dbf::load_pj_longlat(Tzu_pj_proj_defs& list) {

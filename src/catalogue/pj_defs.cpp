@@ -8,13 +8,7 @@
 
 using zu::number::distance;
 using zu::str::equal_no_case;
-using zu::str::trim_stricmp_equal;
-
-std::string_view proj_number_key(proj_number number) noexcept {
-  constexpr std::array<std::string_view, proj_numbers_count> keys{
-      "lon_0", "lonc", "lat_0", "lat_1", "lat_ts", "lat_2", "alpha", "k_0", "x_0", "y_0"};
-  return keys[static_cast<std::size_t>(number)];
-}
+using zu::str::trim_stricmp;
 
 namespace {
 
@@ -76,7 +70,7 @@ Tzu_pj_proj_def const* Tzu_pj_proj_defs::find_by_caption_and_zone(std::string_vi
                                                                   int zone) const {
   return find([=](Tzu_pj_proj_def const& record) {
     return record.get_zone().get_default() == zone &&
-           trim_stricmp_equal(record.get_caption(), caption);
+           trim_stricmp(record.get_caption(), caption) == 0;
   });
 }
 

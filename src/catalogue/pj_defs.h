@@ -13,6 +13,7 @@
 #include <string>
 #include <string_view>
 
+#include "catalogue/definition_keys.h"
 #include "catalogue/pj_param.h"
 
 class Tzu_pj_ellipse_def {
@@ -83,24 +84,6 @@ class Tzu_pj_datum_def {
   std::array<double, 7> shift_{};
   std::uint32_t ellipse_index_ = 0;
 };
-
-// The ten numeric parameters that a projection can have, in the order in which
-// the dialog shows them.
-enum class proj_number : unsigned {
-  lon_0,
-  lonc,
-  lat_0,
-  lat_1,
-  lat_ts,
-  lat_2,
-  alpha,
-  k_0,
-  x_0,
-  y_0
-};
-inline constexpr std::size_t proj_numbers_count = 10;
-// PROJ.4 key of a parameter.
-std::string_view proj_number_key(proj_number number) noexcept;
 
 class Tzu_pj_proj_def {
  public:

@@ -124,13 +124,15 @@ listed_system list_zone(Tzu_pj_proj_def const& zone) {
   system.name = strconv::to_utf8(strconv::from_system(str::trim(zone.get_caption()))) + " " +
                 std::to_string(number);
   double const meridian = is_utm(zone) ? number * 6 - 183 : zone.get_lon_0().get_default();
-  system.box = strip_around(meridian, 6, zone.is_south());
+  bool const is_narrow = zone.get_caption().find("3-degree") != std::string::npos;
+  system.box = strip_around(meridian, is_narrow ? 3 : 6, zone.is_south());
   system.other_words =
       strconv::to_utf8(strconv::from_system(zone.get_add_caption())) + " zone зона";
   if (is_utm(zone))
     system.other_words += " WGS 84 " + std::to_string(number) + (zone.is_south() ? "S" : "N");
   else
     system.other_words += " Pulkovo 1942 Пулково СК-42 SK-42 Гаусс-Крюгер";
+  if (is_narrow) system.other_words += " 3-градусная трёхградусная";
   return system;
 }
 
@@ -244,12 +246,12 @@ std::vector<listed_system> list_database_systems() {
 
 std::optional<std::string> definition_of_shipped(std::string_view id) {
   auto const known = std::ranges::find_if(known_systems, [id](known_system const& row) {
-    return str::trim_stricmp_equal(known_system_name(row), id);
+    return str::trim_stricmp(known_system_name(row), id) == 0;
   });
   if (known != known_systems.end())
     return known->confirmed ? std::optional<std::string>(known->proj4) : std::nullopt;
   for (Tzu_pj_proj_def const& zone : Tzu_pj_def_dbf::instance().get_zone_defs())
-    if (str::trim_stricmp_equal(id_of(zone), id)) return definition_of(zone);
+    if (str::trim_stricmp(id_of(zone), id) == 0) return definition_of(zone);
   return {};
 }
 

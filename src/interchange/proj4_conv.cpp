@@ -156,8 +156,8 @@ std::string prepare_for_gdal(std::string const& definition) {
   set.set(definition.c_str());
   set.decompose();
   auto const& proj = set.get_proj();
-  bool const one_parallel = proj.get_def() && str::trim_stricmp_equal(proj.get_str(), "lcc") &&
-                            !set.get_lat_2().get_def();
+  bool const one_parallel =
+      proj.get_def() && str::trim_stricmp(proj.get_str(), "lcc") == 0 && !set.get_lat_2().get_def();
   // With its origin on the parallel it is one of ESRI's own kinds.
   bool const is_known = set.get_lat_0().get_def() && set.get_lat_1().get_def() &&
                         set.get_lat_0().get_dbl() == set.get_lat_1().get_dbl();

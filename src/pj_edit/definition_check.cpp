@@ -52,10 +52,9 @@ class Tcheck {
   void check_limits() {
     edit_state const& state = editor_->state();
     Tzu_pj_proj_def const* const record =
-        state.kind == definition_kind::usual ? editor_->usual_record() : editor_->zonal_record();
+        editor_->get_is_zonal() ? editor_->zonal_record() : editor_->usual_record();
     if (state.kind == definition_kind::none || record == nullptr) return;
-    for (std::size_t i = 0; i < proj_numbers_count; ++i) {
-      auto const which = static_cast<proj_number>(i);
+    for (proj_number const which : all_proj_numbers) {
       auto const& range = record->get_number(which);
       double const value = state.number(which).value;
       bool const is_low = range.get_def_min() && value < range.get_min();

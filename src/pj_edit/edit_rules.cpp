@@ -11,38 +11,7 @@ namespace zu {
 namespace {
 
 using str::equal_no_case;
-using str::trim_stricmp_equal;
-
-constexpr std::array<proj_number, proj_numbers_count> all_numbers{
-    proj_number::lon_0,  proj_number::lonc,  proj_number::lat_0, proj_number::lat_1,
-    proj_number::lat_ts, proj_number::lat_2, proj_number::alpha, proj_number::k_0,
-    proj_number::x_0,    proj_number::y_0};
-
-Tzu_proj4_param_dbl& param_of(Tzu_proj4_str& definition, proj_number which) {
-  switch (which) {
-    case proj_number::lon_0:
-      return definition.get_lon_0();
-    case proj_number::lonc:
-      return definition.get_lonc();
-    case proj_number::lat_0:
-      return definition.get_lat_0();
-    case proj_number::lat_1:
-      return definition.get_lat_1();
-    case proj_number::lat_ts:
-      return definition.get_lat_ts();
-    case proj_number::lat_2:
-      return definition.get_lat_2();
-    case proj_number::alpha:
-      return definition.get_alpha();
-    case proj_number::k_0:
-      return definition.get_k_0();
-    case proj_number::x_0:
-      return definition.get_x_0();
-    case proj_number::y_0:
-      break;
-  }
-  return definition.get_y_0();
-}
+using str::trim_stricmp;
 
 void give_text(Tzu_proj4_param_str& param, std::string const& value) {
   param.set_def(!value.empty());
@@ -119,8 +88,9 @@ bool are_zeros_meant(Tzu_pj_ellipse_def const& ellipsoid) {
           ellipsoid.get_semi_minor() == ellipsoid.get_semi_major());
 }
 
-constexpr std::string_view gauss_kruger = "Gauss-Kruger";
-constexpr std::string_view gauss_kruger_plus_zone = "Gauss-Kruger (plus zone)";
+constexpr std::array<std::string_view, 4> gauss_kruger_names{
+    "Gauss-Kruger", "Gauss-Kruger (plus zone)", "Gauss-Kruger 3-degree",
+    "Gauss-Kruger 3-degree (plus zone)"};
 constexpr std::string_view pulkovo_1942 = "PULKOVO_1942";
 constexpr std::string_view utm = "utm";
 
@@ -156,7 +126,7 @@ void Tzu_pj_editor::set_step(edit_step const& step) {
 // Selectors start at their first entry.
 void Tzu_pj_editor::clear() {
   state_ = {};
-  for (proj_number const which : all_numbers) clear_number(which, state_.number(which));
+  for (proj_number const which : all_proj_numbers) clear_number(which, state_.number(which));
   if (lists_.usual.get_size() > 0) state_.usual_id = lists_.usual.get(0).get_index();
   if (lists_.ellipses.get_size() > 0) state_.ellipse_id = lists_.ellipses.get(0).get_index();
   if (lists_.zonal.get_size() > 0) {
@@ -177,7 +147,7 @@ std::vector<std::string> Tzu_pj_editor::zonal_names() const {
 std::vector<int> Tzu_pj_editor::zones_of(std::string_view name) const {
   std::vector<int> zones;
   for (Tzu_pj_proj_def const& record : lists_.zonal)
-    if (trim_stricmp_equal(record.get_caption(), name))
+    if (trim_stricmp(record.get_caption(), name) == 0)
       zones.push_back(record.get_zone().get_default());
   return zones;
 }
@@ -218,7 +188,7 @@ void Tzu_pj_editor::choose_zone(int zone) {
 }
 
 void Tzu_pj_editor::apply_record(Tzu_pj_proj_def const* record) {
-  for (proj_number const which : all_numbers) {
+  for (proj_number const which : all_proj_numbers) {
     number_state& number = state_.number(which);
     clear_number(which, number);
     if (record != nullptr) apply_range(record->get_number(which), number);
@@ -260,9 +230,10 @@ void Tzu_pj_editor::set_shifts(std::array<double, 7> const& values) {
 }
 
 bool Tzu_pj_editor::is_gauss_kruger() const {
-  return state_.kind == definition_kind::zonal &&
-         (equal_no_case(state_.zonal_name, gauss_kruger) ||
-          equal_no_case(state_.zonal_name, gauss_kruger_plus_zone));
+  return get_is_zonal() &&
+         std::ranges::any_of(gauss_kruger_names, [this](std::string_view name) {
+           return equal_no_case(state_.zonal_name, name);
+         });
 }
 
 // What the zones of Gauss and Kruger mean, and Krasovsky's ellipsoid, unless something
@@ -282,12 +253,16 @@ void Tzu_pj_editor::set_proj4_string(char const* text) {
     definition_.set(text);
     definition_.set_all_undefined();
     definition_.decompose();
-    clear();
-    if (definition_.get_units().get_def()) state_.units = definition_.get_units().get_str();
-    if (!take_zonal(definition_) && !take_usual(definition_)) choose_kind(definition_kind::none);
-    take_datum(definition_);
-    keep_lost_pieces(definition_);
+    proj4_str_to_controls(definition_);
   });
+}
+
+void Tzu_pj_editor::proj4_str_to_controls(Tzu_proj4_str& definition) {
+  clear();
+  if (definition.get_units().get_def()) state_.units = definition.get_units().get_str();
+  if (!take_zonal(definition) && !take_usual(definition)) choose_kind(definition_kind::none);
+  take_datum(definition);
+  keep_lost_pieces(definition);
 }
 
 bool Tzu_pj_editor::take_zonal(Tzu_proj4_str& definition) {
@@ -312,8 +287,8 @@ Tzu_pj_proj_def const* Tzu_pj_editor::match_zonal(Tzu_proj4_str& definition) con
   auto const matches = [&](Tzu_pj_proj_def const& record) {
     return equal_no_case(record.get_prj4_name(), proj) &&
            record.is_south() == is_given_south(definition) &&
-           std::ranges::all_of(all_numbers, [&](proj_number which) {
-             return fits_range(record.get_number(which), which, param_of(definition, which));
+           std::ranges::all_of(all_proj_numbers, [&](proj_number which) {
+             return fits_range(record.get_number(which), which, definition.get_number(which));
            });
   };
   auto const found = std::ranges::find_if(lists_.zonal, matches);
@@ -344,8 +319,8 @@ Tzu_pj_proj_def const* Tzu_pj_editor::match_usual(Tzu_proj4_str& definition) con
   std::ptrdiff_t most = -1;
   for (Tzu_pj_proj_def const& record : lists_.usual) {
     if (!Tzu_pj_proj_defs::fits(record, proj, lat_0, south)) continue;
-    auto const held = std::ranges::count_if(all_numbers, [&](proj_number which) {
-      return param_of(definition, which).get_def() && record.get_number(which).get_use_proj4();
+    auto const held = std::ranges::count_if(all_proj_numbers, [&](proj_number which) {
+      return definition.get_number(which).get_def() && record.get_number(which).get_use_proj4();
     });
     if (held > most) best = &record;
     most = std::max(most, held);
@@ -355,9 +330,9 @@ Tzu_pj_proj_def const* Tzu_pj_editor::match_usual(Tzu_proj4_str& definition) con
 
 void Tzu_pj_editor::fill_numbers(Tzu_pj_proj_def const& record, Tzu_proj4_str& definition) {
   apply_record(&record);
-  for (proj_number const which : all_numbers) {
+  for (proj_number const which : all_proj_numbers) {
     number_state& number = state_.number(which);
-    Tzu_proj4_param_dbl const& given = param_of(definition, which);
+    Tzu_proj4_param_dbl const& given = definition.get_number(which);
     if (given.get_def())
       number.value = given.get_dbl();
     else if (!record.get_number(which).get_def_default())
@@ -395,19 +370,31 @@ void Tzu_pj_editor::take_datum(Tzu_proj4_str& definition) {
   state_.datum_id = same == nullptr ? edit_state::custom_datum : same->get_index();
 }
 
-Tzu_pj_ellipse_def const* Tzu_pj_editor::match_ellipse(Tzu_proj4_str& definition) const {
-  if (definition.get_ellipse().get_def()) {
-    if (auto const* const record = lists_.ellipses.find_by_name(definition.get_ellipse().get_str()))
-      return record;
-  }
+Tzu_pj_ellipse_def const* Tzu_pj_editor::proj4_str_try_ellipse_name(
+    Tzu_proj4_str& definition) const {
+  if (!definition.get_ellipse().get_def()) return nullptr;
+  return lists_.ellipses.find_by_name(definition.get_ellipse().get_str());
+}
+
+Tzu_pj_ellipse_def const* Tzu_pj_editor::proj4_str_try_ellipse_params(
+    Tzu_proj4_str& definition) const {
   return lists_.ellipses.find_by_params(
       definition.get_a().get_def(), definition.get_a().get_dbl(), definition.get_b().get_def(),
       definition.get_b().get_dbl(), definition.get_rf().get_def(), definition.get_rf().get_dbl());
 }
 
+Tzu_pj_ellipse_def const* Tzu_pj_editor::proj4_str_try_ellipse_default() const {
+  return lists_.ellipses.find_by_name("wgs84");
+}
+
+Tzu_pj_ellipse_def const* Tzu_pj_editor::match_ellipse(Tzu_proj4_str& definition) const {
+  auto const* const named = proj4_str_try_ellipse_name(definition);
+  return named == nullptr ? proj4_str_try_ellipse_params(definition) : named;
+}
+
 void Tzu_pj_editor::take_ellipse(Tzu_proj4_str& definition) {
   Tzu_pj_ellipse_def const* record = match_ellipse(definition);
-  if (record == nullptr) record = lists_.ellipses.find_by_name("wgs84");
+  if (record == nullptr) record = proj4_str_try_ellipse_default();
   if (record != nullptr) choose_ellipse(record->get_index());
 }
 
@@ -432,26 +419,29 @@ void Tzu_pj_editor::keep_lost_pieces(Tzu_proj4_str& definition) {
 
 char const* Tzu_pj_editor::get_proj4_string() {
   definition_.set_all_undefined();
-  Tzu_pj_proj_def const* record = nullptr;
-  if (state_.kind == definition_kind::usual) record = usual_record();
-  if (state_.kind == definition_kind::zonal) record = zonal_record();
-  if (record != nullptr) write_projection(*record, definition_);
-  if (state_.kind != definition_kind::none) write_datum(definition_);
+  controls_to_proj4_str(definition_);
   definition_.compose();
   return definition_.get();
 }
 
+void Tzu_pj_editor::controls_to_proj4_str(Tzu_proj4_str& definition) const {
+  if (state_.kind == definition_kind::none) return;
+  auto const* const record = get_is_zonal() ? zonal_record() : usual_record();
+  if (record != nullptr) write_projection(*record, definition);
+  write_datum(definition);
+}
+
 void Tzu_pj_editor::write_projection(Tzu_pj_proj_def const& record,
                                      Tzu_proj4_str& definition) const {
-  bool const zonal = state_.kind == definition_kind::zonal;
+  bool const zonal = get_is_zonal();
   give_text(definition.get_proj(), record.get_prj4_name());
   // Only UTM says its zone by a key; elsewhere the meridian and the false
   // easting carry it.
   definition.get_zone().set_def(zonal && equal_no_case(record.get_prj4_name(), utm));
   definition.get_zone().set_int(state_.zone);
-  for (proj_number const which : all_numbers) {
+  for (proj_number const which : all_proj_numbers) {
     Tzu_pj_dbl_param const& range = record.get_number(which);
-    Tzu_proj4_param_dbl& param = param_of(definition, which);
+    Tzu_proj4_param_dbl& param = definition.get_number(which);
     if (range.get_show())
       give_if(param, true, state_.number(which).value);
     else

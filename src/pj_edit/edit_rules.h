@@ -79,6 +79,7 @@ class Tzu_pj_editor {
     return lists_.ellipses.find_by_index(state_.ellipse_id);
   }
 
+  bool get_is_zonal() const noexcept { return state_.kind == definition_kind::zonal; }
   // Whether a Gauss-Kruger system of the zonal list is chosen.
   bool is_gauss_kruger() const;
   // The seven numbers are the user's to change with "_Custom" only; a
@@ -88,6 +89,8 @@ class Tzu_pj_editor {
  private:
   template <class Act>
   void change(Act act);
+  void proj4_str_to_controls(Tzu_proj4_str& definition);
+  void controls_to_proj4_str(Tzu_proj4_str& definition) const;
   void clear();
   void apply_record(Tzu_pj_proj_def const* record);
   void fill_numbers(Tzu_pj_proj_def const& record, Tzu_proj4_str& definition);
@@ -100,6 +103,10 @@ class Tzu_pj_editor {
   void select_pulkovo_1942();
   Tzu_pj_proj_def const* match_usual(Tzu_proj4_str& definition) const;
   Tzu_pj_proj_def const* match_zonal(Tzu_proj4_str& definition) const;
+  // The ellipsoid that the definition names, that its axes have, and the one for none.
+  Tzu_pj_ellipse_def const* proj4_str_try_ellipse_name(Tzu_proj4_str& definition) const;
+  Tzu_pj_ellipse_def const* proj4_str_try_ellipse_params(Tzu_proj4_str& definition) const;
+  Tzu_pj_ellipse_def const* proj4_str_try_ellipse_default() const;
   Tzu_pj_ellipse_def const* match_ellipse(Tzu_proj4_str& definition) const;
   void write_projection(Tzu_pj_proj_def const& record, Tzu_proj4_str& definition) const;
   void write_datum(Tzu_proj4_str& definition) const;

@@ -1,8 +1,5 @@
 #include "pj_edit/edit_tips.h"
 
-#include <array>
-#include <utility>
-
 #include "basic/number.h"
 #include "basic/str.h"
 #include "text/own_texts.h"
@@ -26,9 +23,16 @@ std::wstring tell_limits(number_state const& number) {
 }
 
 own_text unit_of(proj_number which) {
-  if (which == proj_number::k_0) return own_text::unit_ratio;
-  return which == proj_number::x_0 || which == proj_number::y_0 ? own_text::unit_metres
-                                                                : own_text::unit_degrees;
+  switch (entry_of(which).unit) {
+    case key_unit::metres:
+      return own_text::unit_metres;
+    case key_unit::ratio:
+      return own_text::unit_ratio;
+    case key_unit::degrees:
+    case key_unit::none:
+      break;
+  }
+  return own_text::unit_degrees;
 }
 
 own_text unit_of_shift(std::size_t index) {
@@ -58,14 +62,10 @@ std::wstring tell_ellipse(Tzu_pj_editor const& editor) {
 
 std::wstring tell_zone(Tzu_pj_editor const& editor) {
   auto const* const zone = editor.zonal_record();
-  if (editor.state().kind != definition_kind::zonal || zone == nullptr) return {};
-  // Interface texts of the captions.
-  constexpr int group = 6;
-  constexpr std::array<std::pair<proj_number, int>, 3> shown{
-      {{proj_number::lon_0, 17}, {proj_number::k_0, 26}, {proj_number::x_0, 20}}};
+  if (!editor.get_is_zonal() || zone == nullptr) return {};
   bool const is_utm = str::equal_no_case(zone->get_prj4_name(), "utm");
   std::wstring text;
-  for (auto const& [which, caption] : shown) {
+  for (proj_number const which : {proj_number::lon_0, proj_number::k_0, proj_number::x_0}) {
     Tzu_pj_dbl_param const& fixed = zone->get_number(which);
     double value = fixed.get_default();
     // Universal Transverse Mercator has them by its name alone.
@@ -74,7 +74,7 @@ std::wstring tell_zone(Tzu_pj_editor const& editor) {
     if (is_utm && which == proj_number::x_0) value = 500000;
     if (!is_utm && !fixed.get_def_default()) continue;
     text.append(text.empty() ? L"" : L"\n");
-    text.append(strconv::from_interface(Tzu_rc::get_str(group, caption))).append(L" ");
+    text.append(strconv::from_interface(Tzu_rc::get_str(*entry_of(which).caption))).append(L" ");
     text.append(wide_number(value));
   }
   return text;

@@ -8,8 +8,6 @@
 
 namespace zu {
 
-// Group of the interface texts that hold the editor's captions.
-inline constexpr int editor_texts = 6;
 // Least widths in device-independent pixels: captions of selectors, number
 // parts of the editor's captioned edits.
 inline constexpr int selector_caption_width = 70;
@@ -59,10 +57,9 @@ inline Tzu_vcl_group_box* fill_with_inner_group(Tzu_vcl_panel& panel) {
   return fill_with_group(panel, std::max(1, group_margin - panel.ToDIP(beside)));
 }
 
-// Sets the caption of an editor text.
 template <class Control>
-void set_rc_caption(Control& control, int index) {
-  control.set_caption(vcl::rc_text(editor_texts, index));
+void set_rc_caption(Control& control, editor_text which) {
+  control.set_caption(vcl::rc_text(which));
 }
 
 }  // namespace zu

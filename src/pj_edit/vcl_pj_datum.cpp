@@ -26,8 +26,8 @@ void Tzu_vcl_pj_datum::create() {
 }
 
 void Tzu_vcl_pj_datum::load_rc() {
-  zu::set_rc_caption(*group_, 5);
-  zu::set_rc_caption(*datum_, 6);
+  zu::set_rc_caption(*group_, zu::editor_text::geographic_system);
+  zu::set_rc_caption(*datum_, zu::editor_text::datum);
   params_->load_rc();
   ellipse_->load_rc();
 }

@@ -66,12 +66,13 @@ Tzu_vcl_dbl_edit* Tzu_vcl_pj_datum_params::add_edit(wxWindow* parent, std::size_
 }
 
 void Tzu_vcl_pj_datum_params::load_rc() {
-  zu::set_rc_caption(*group_, 7);
-  for (std::size_t axis = 0; axis < axes_count; ++axis)
-    zu::set_rc_caption(*axes_[axis], 8 + static_cast<int>(axis));
-  zu::set_rc_caption(*shift_, 11);
-  zu::set_rc_caption(*rotate_, 12);
-  zu::set_rc_caption(*scale_, 13);
+  zu::set_rc_caption(*group_, zu::editor_text::datum_params);
+  zu::set_rc_caption(*axes_[0], zu::editor_text::axis_x);
+  zu::set_rc_caption(*axes_[1], zu::editor_text::axis_y);
+  zu::set_rc_caption(*axes_[2], zu::editor_text::axis_z);
+  zu::set_rc_caption(*shift_, zu::editor_text::shift);
+  zu::set_rc_caption(*rotate_, zu::editor_text::rotate);
+  zu::set_rc_caption(*scale_, zu::editor_text::scale);
   // A screen reader or a message has an edit without its table: its name says both.
   for (std::size_t index = 0; index < count; ++index) {
     std::wstring name = scale_->get_caption();

@@ -1,5 +1,7 @@
 #include "pj_edit/vcl_pj_edit.h"
 
+#include <array>
+
 #include "pj_edit/panel_tools.h"
 
 using zu::definition_kind;
@@ -56,9 +58,11 @@ void Tzu_vcl_pj_edit::create() {
 }
 
 void Tzu_vcl_pj_edit::load_rc() {
-  zu::set_rc_caption(*type_, 28);
-  for (std::size_t i = 0; i < 3; ++i)
-    type_->set_item_captions(i, zu::vcl::rc_text(zu::editor_texts, 29 + static_cast<int>(i)));
+  zu::set_rc_caption(*type_, zu::editor_text::kind);
+  constexpr std::array kinds{zu::editor_text::kind_none, zu::editor_text::kind_usual,
+                             zu::editor_text::kind_zonal};
+  for (std::size_t i = 0; i < kinds.size(); ++i)
+    type_->set_item_captions(i, zu::vcl::rc_text(kinds[i]));
   proj_->load_rc();
   datum_->load_rc();
   refresh();

@@ -83,18 +83,18 @@ void Tzu_vcl_pj_edit_form::create() {
 }
 
 void Tzu_vcl_pj_edit_form::load_rc() {
-  set_caption(zu::vcl::rc_text(zu::editor_texts, 14));
+  set_caption(zu::vcl::rc_text(zu::editor_text::projection));
   editor_->load_rc();
-  auto const text = [](zu::own_text which) { return std::wstring(zu::get_own_text(which)); };
-  result_->set_captions(text(zu::own_text::undo), text(zu::own_text::redo),
-                        text(zu::own_text::more));
-  result_->set_name(text(zu::own_text::result_name));
-  result_->set_items({{text(zu::own_text::copy_definition), [this] { on_copy(); }},
-                      {text(zu::own_text::copy_esri), [this] { on_copy_esri(); }},
-                      {text(zu::own_text::paste_system), [this] { on_paste(); }},
+  using zu::vcl::rc_text;
+  result_->set_captions(rc_text(zu::own_text::undo), rc_text(zu::own_text::redo),
+                        rc_text(zu::own_text::more));
+  result_->set_name(rc_text(zu::own_text::result_name));
+  result_->set_items({{rc_text(zu::own_text::copy_definition), [this] { on_copy(); }},
+                      {rc_text(zu::own_text::copy_esri), [this] { on_copy_esri(); }},
+                      {rc_text(zu::own_text::paste_system), [this] { on_paste(); }},
                       {},
-                      {text(zu::own_text::find_system), [this] { on_find(); }},
-                      {text(zu::own_text::try_point), [this] { on_try(); }}});
+                      {rc_text(zu::own_text::find_system), [this] { on_find(); }},
+                      {rc_text(zu::own_text::try_point), [this] { on_try(); }}});
   set_added_height(result_->GetEffectiveMinSize().y);
   buttons_->load_rc();
   catalogue_note_ =
@@ -102,7 +102,7 @@ void Tzu_vcl_pj_edit_form::load_rc() {
   open_->set_title(buttons_->get_button(Tzu_vcl_bottom_buttons::load)->get_caption());
   save_->set_title(buttons_->get_button(Tzu_vcl_bottom_buttons::save)->get_caption());
   for (auto* const files : {open_.get(), save_.get()})
-    files->set_filter(zu::vcl::rc_text(zu::editor_texts, 35));
+    files->set_filter(zu::vcl::rc_text(zu::editor_text::file_filter));
 }
 
 char const* Tzu_vcl_pj_edit_form::pj_edit(char const* text, unsigned char* changed) {

@@ -26,11 +26,11 @@ void Tzu_vcl_pj_ellipse::create() {
 }
 
 void Tzu_vcl_pj_ellipse::load_rc() {
-  zu::set_rc_caption(*group_, 0);
-  zu::set_rc_caption(*ellipse_, 1);
-  zu::set_rc_caption(*semi_major_, 2);
-  zu::set_rc_caption(*semi_minor_, 3);
-  zu::set_rc_caption(*inv_flattening_, 4);
+  zu::set_rc_caption(*group_, zu::editor_text::ellipse);
+  zu::set_rc_caption(*ellipse_, zu::editor_text::ellipse_name);
+  zu::set_rc_caption(*semi_major_, zu::editor_text::semi_major);
+  zu::set_rc_caption(*semi_minor_, zu::editor_text::semi_minor);
+  zu::set_rc_caption(*inv_flattening_, zu::editor_text::inv_flattening);
 }
 
 void Tzu_vcl_pj_ellipse::on_ellipse_change() {

@@ -9,6 +9,9 @@
 #include "vcl/event_guard.h"
 #include "vcl/toolkit.h"
 
+using zu::own_text;
+using zu::vcl::rc_text;
+
 namespace {
 
 constexpr int margin = 4;
@@ -16,16 +19,10 @@ constexpr int list_width = 560;
 constexpr int list_height = 220;
 constexpr int details_height = 110;
 constexpr int look_again_ms = 50;
-// Interface texts of the buttons.
-constexpr int rc_buttons = 5;
-constexpr int rc_cancel = 1;
-
-std::wstring own(zu::own_text which) { return zu::get_own_text(which); }
-
 }  // namespace
 
 Tzu_vcl_pj_find::Tzu_vcl_pj_find(wxWindow* form, zu::catalogue_lists const& lists)
-    : Tmodal(form, wxID_ANY, own(zu::own_text::find_title), wxDefaultPosition, wxDefaultSize,
+    : Tmodal(form, wxID_ANY, rc_text(own_text::find_title), wxDefaultPosition, wxDefaultSize,
              wxCAPTION | wxRESIZE_BORDER | wxCLOSE_BOX),
       lists_(lists) {
   create();
@@ -33,20 +30,20 @@ Tzu_vcl_pj_find::Tzu_vcl_pj_find(wxWindow* form, zu::catalogue_lists const& list
 
 void Tzu_vcl_pj_find::create() {
   words_ = zu::vcl::make_child<Tzu_vcl_edit>(this);
-  words_->SetHint(own(zu::own_text::find_hint));
-  zu::vcl::set_control_name(*words_, own(zu::own_text::find_words));
-  deprecated_ = zu::vcl::make_child<wxCheckBox>(this, wxID_ANY, own(zu::own_text::find_deprecated));
+  words_->SetHint(rc_text(own_text::find_hint));
+  zu::vcl::set_control_name(*words_, rc_text(own_text::find_words));
+  deprecated_ = zu::vcl::make_child<wxCheckBox>(this, wxID_ANY, rc_text(own_text::find_deprecated));
   list_ = zu::vcl::make_child<wxListBox>(this, wxID_ANY, wxDefaultPosition,
                                          FromDIP(wxSize(list_width, list_height)), 0, nullptr,
                                          static_cast<long>(wxLB_SINGLE));
-  zu::vcl::set_control_name(*list_, own(zu::own_text::find_list));
+  zu::vcl::set_control_name(*list_, rc_text(own_text::find_list));
   details_ = zu::vcl::make_child<Tzu_vcl_edit>(this, std::wstring(),
                                                static_cast<long>(wxTE_READONLY | wxTE_MULTILINE));
   details_->SetMinSize(FromDIP(wxSize(list_width, details_height)));
-  zu::vcl::set_control_name(*details_, own(zu::own_text::find_details));
-  take_ = zu::vcl::make_child<Tzu_vcl_button>(this, own(zu::own_text::find_take));
-  auto* const cancel = zu::vcl::make_child<Tzu_vcl_button>(
-      this, zu::vcl::rc_text(rc_buttons, rc_cancel), static_cast<wxWindowID>(wxID_CANCEL));
+  zu::vcl::set_control_name(*details_, rc_text(own_text::find_details));
+  take_ = zu::vcl::make_child<Tzu_vcl_button>(this, rc_text(own_text::find_take));
+  auto* const cancel = zu::vcl::make_child<Tzu_vcl_button>(this, rc_text(zu::button_text::cancel),
+                                                           static_cast<wxWindowID>(wxID_CANCEL));
 
   zu::vcl::bind_guarded(*words_, wxEVT_TEXT, [this] { search(); });
   zu::vcl::bind_guarded(*deprecated_, wxEVT_CHECKBOX, [this] { search(); });
@@ -116,7 +113,7 @@ void Tzu_vcl_pj_find::show_details() {
   definition_.clear();
   details_->set_text(
       is_row ? zu::tell_system(*rows_[static_cast<std::size_t>(row)], lists_, definition_)
-             : own(zu::own_text::find_nothing));
+             : rc_text(own_text::find_nothing));
   take_->Enable(!definition_.empty());
 }
 

@@ -25,7 +25,6 @@ class Tzu_vcl_pj_find : public zu::vcl::Tmodal<wxDialog> {
 
   Tzu_vcl_edit* get_words() const noexcept { return words_; }
   wxListBox* get_list() const noexcept { return list_; }
-  wxCheckBox* get_deprecated() const noexcept { return deprecated_; }
   Tzu_vcl_edit* get_details() const noexcept { return details_; }
 
  private:

@@ -80,10 +80,10 @@ Tzu_vcl_caption_selbox* Tzu_vcl_pj_proj::add_selector(Tzu_vcl_panel& strip) {
 }
 
 void Tzu_vcl_pj_proj::load_rc() {
-  zu::set_rc_caption(*group_, 14);
-  zu::set_rc_caption(*usual_, 15);
-  zu::set_rc_caption(*zonal_, 32);
-  zu::set_rc_caption(*zone_, 33);
+  zu::set_rc_caption(*group_, zu::editor_text::projection);
+  zu::set_rc_caption(*usual_, zu::editor_text::projection_name);
+  zu::set_rc_caption(*zonal_, zu::editor_text::zonal_name);
+  zu::set_rc_caption(*zone_, zu::editor_text::zone);
   params_->load_rc();
 }
 
@@ -106,7 +106,7 @@ void Tzu_vcl_pj_proj::fill_zones() {
 
 void Tzu_vcl_pj_proj::refresh() {
   zu::edit_state const& state = editor_.state();
-  bool const zonal = state.kind == zu::definition_kind::zonal;
+  bool const zonal = editor_.get_is_zonal();
   usual_strip_->Show(!zonal);
   zonal_strip_->Show(zonal);
   usual_->set_active_idx(state.usual_id);

@@ -19,12 +19,10 @@ class Tzu_vcl_pj_proj_params : public Tzu_vcl_panel {
   Tzu_vcl_caption_dbl_edit* get_edit(proj_number which) const {
     return edits_[static_cast<std::size_t>(which)];
   }
-  // What a zone fixes; nothing is shown where no zone is chosen.
-  Tzu_vcl_label* get_fixed() const noexcept { return fixed_; }
 
  private:
   zu::Tzu_pj_editor& editor_;
   Tzu_vcl_group_box* group_ = nullptr;
   std::array<Tzu_vcl_caption_dbl_edit*, proj_numbers_count> edits_{};
-  Tzu_vcl_label* fixed_ = nullptr;
+  Tzu_vcl_label* fixed_ = nullptr;  // what a zone fixes; hidden where no zone is chosen
 };

@@ -11,6 +11,9 @@
 #include "vcl/event_guard.h"
 #include "vcl/toolkit.h"
 
+using zu::own_text;
+using zu::vcl::rc_text;
+
 namespace {
 
 constexpr int margin = 4;
@@ -19,12 +22,10 @@ constexpr int edit_width = 150;
 constexpr int digits_of_degrees = 9;
 constexpr int digits_of_metres = 4;
 
-std::wstring own(zu::own_text which) { return zu::get_own_text(which); }
-
 }  // namespace
 
 Tzu_vcl_pj_trial::Tzu_vcl_pj_trial(wxWindow* form, std::string const& definition)
-    : Tmodal(form, wxID_ANY, own(zu::own_text::trial_title), wxDefaultPosition, wxDefaultSize,
+    : Tmodal(form, wxID_ANY, rc_text(own_text::trial_title), wxDefaultPosition, wxDefaultSize,
              wxCAPTION | wxCLOSE_BOX) {
   trial_.set_definition(definition);
   create();
@@ -35,9 +36,9 @@ void Tzu_vcl_pj_trial::create() {
   auto* const grid = zu::vcl::make_sizer<wxGridBagSizer>(gap, gap);
   bool const has_degrees = trial_.is_geographic();
   std::array<std::wstring, 4> const names{
-      own(zu::own_text::trial_longitude), own(zu::own_text::trial_latitude),
-      own(has_degrees ? zu::own_text::trial_own_longitude : zu::own_text::trial_x),
-      own(has_degrees ? zu::own_text::trial_own_latitude : zu::own_text::trial_y)};
+      rc_text(own_text::trial_longitude), rc_text(own_text::trial_latitude),
+      rc_text(has_degrees ? own_text::trial_own_longitude : own_text::trial_x),
+      rc_text(has_degrees ? own_text::trial_own_latitude : own_text::trial_y)};
   for (int i = 0; i < 4; ++i) {
     auto const index = static_cast<std::size_t>(i);
     auto* const label = zu::vcl::make_child<Tzu_vcl_label>(this, names.at(index));
@@ -51,8 +52,8 @@ void Tzu_vcl_pj_trial::create() {
     grid->Add(label, wxGBPosition(i % 2, i / 2 * 2), wxDefaultSpan, wxALIGN_CENTRE_VERTICAL);
     grid->Add(edit, wxGBPosition(i % 2, i / 2 * 2 + 1), wxDefaultSpan, wxEXPAND);
   }
-  message_ = zu::vcl::make_child<Tzu_vcl_label>(this, own(zu::own_text::trial_hint));
-  auto* const close = zu::vcl::make_child<Tzu_vcl_button>(this, own(zu::own_text::trial_close),
+  message_ = zu::vcl::make_child<Tzu_vcl_label>(this, rc_text(own_text::trial_hint));
+  auto* const close = zu::vcl::make_child<Tzu_vcl_button>(this, rc_text(own_text::trial_close),
                                                           static_cast<wxWindowID>(wxID_CANCEL));
   auto* const bottom = zu::vcl::make_sizer<wxBoxSizer>(wxHORIZONTAL);
   bottom->Add(message_, wxSizerFlags(1).CentreVertical());
@@ -78,7 +79,7 @@ void Tzu_vcl_pj_trial::on_typed(edit_index which) {
   if (!first || !second) {
     for (auto const other : {is_forward ? x : longitude, is_forward ? y : latitude})
       edits_.at(other)->set_text({});
-    message_->set_caption(own(zu::own_text::trial_hint));
+    message_->set_caption(rc_text(own_text::trial_hint));
     return;
   }
   if (is_forward)

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include "catalogue/pj_param.h"
@@ -13,8 +14,6 @@
 // A parameter that becomes undefined keeps its last value, which counts again
 // when it is defined later. Texts that are returned as pointers belong to the
 // parameter and stay valid until its next get_out_str.
-// The kinds with a value give it alone from get_value_text, defined or not, as
-// get_out_str writes it.
 class Tzu_proj4_param {
  public:
   Tzu_proj4_param(Tzu_proj4_param const&) = delete;
@@ -29,7 +28,7 @@ class Tzu_proj4_param {
   std::string_view name() const noexcept { return name_; }
   void set_name(char const* name) { name_ = name; }
   void clear_other_names() noexcept { other_names_.clear(); }
-  void add_other_name(char const* name) { other_names_.emplace_back(name); }
+  void add_other_name(std::string_view name) { other_names_.emplace_back(name); }
   unsigned get_other_names_count() const noexcept {
     return static_cast<unsigned>(other_names_.size());
   }
@@ -38,7 +37,7 @@ class Tzu_proj4_param {
   void set_def(bool def) noexcept { def_ = def; }
 
  protected:
-  explicit Tzu_proj4_param(char const* name) : name_(name) {}
+  explicit Tzu_proj4_param(std::string_view name) : name_(name) {}
   ~Tzu_proj4_param() = default;
   // Renders "+name=value ", or nothing when undefined.
   char const* render(std::string_view value);
@@ -51,96 +50,116 @@ class Tzu_proj4_param {
   std::string out_text_;
 };
 
-// Empty text undefines and clears; anything else is the value as passed.
-class Tzu_proj4_param_str final : public Tzu_proj4_param {
+namespace zu {
+
+// Seven numbers towards WGS 84: dx, dy, dz in metres, rx, ry, rz in arc-seconds
+// (position vector), scale in ppm.
+using shift_numbers = std::array<double, 7>;
+
+// A value as a definition has it: "%.12lg", "%d", seven numbers separated by ",". A flag
+// has none.
+inline std::string const& value_text(std::string const& value) noexcept { return value; }
+std::string value_text(double value);
+std::string value_text(int value);
+inline std::string value_text(bool /*value*/) { return {}; }
+std::string value_text(shift_numbers const& values);
+
+// Texts are compared trimmed and without regard to case, doubles within 1e-6.
+bool is_same_value(std::string const& left, std::string const& right) noexcept;
+bool is_same_value(double left, double right) noexcept;
+constexpr bool is_same_value(int left, int right) noexcept { return left == right; }
+constexpr bool is_same_value(bool left, bool right) noexcept { return left == right; }
+bool is_same_value(shift_numbers const& left, shift_numbers const& right) noexcept;
+
+}  // namespace zu
+
+// What the kinds have in common.
+template <class Value>
+class Tzu_proj4_value_param : public Tzu_proj4_param {
  public:
-  explicit Tzu_proj4_param_str(char const* name) : Tzu_proj4_param(name) {}
-  char const* get_out_str() override;
-  bool val_from_str(char const* text) override;
-  std::string const& get_value_text() const noexcept { return value_; }
-  char const* get_str() const noexcept { return value_.c_str(); }
-  void set_str(char const* value) { value_ = value; }
-  void set_param(Tzu_pj_str_param const& from);
-  void set_param(Tzu_proj4_param_str const& from);
-  bool equal(Tzu_proj4_param_str const& other) const noexcept;
+  char const* get_out_str() override {
+    if constexpr (std::is_same_v<Value, bool>)
+      return render_flag();
+    else
+      return get_def() ? render(get_value_text()) : render({});
+  }
+  // The value alone, defined or not, as get_out_str writes it.
+  decltype(auto) get_value_text() const { return zu::value_text(value_); }
+
+  // From a parameter of the catalogue: defined when that has a default.
+  void set_param(Tzu_pj_value_param<Value> const& from) {
+    set_def(from.get_def_default());
+    if (from.get_def_default()) value_ = from.get_default();
+  }
+  void set_param(Tzu_proj4_value_param const& from) {
+    set_def(from.get_def());
+    value_ = from.value_;
+  }
+  // Both undefined, or both defined with the same value.
+  bool equal(Tzu_proj4_value_param const& other) const noexcept {
+    return get_def() == other.get_def() && (!get_def() || zu::is_same_value(value_, other.value_));
+  }
+
+ protected:
+  using Tzu_proj4_param::Tzu_proj4_param;
+  ~Tzu_proj4_value_param() = default;
+  Value const& value() const noexcept { return value_; }
+  Value& value() noexcept { return value_; }
 
  private:
-  std::string value_;
+  Value value_{};
+};
+
+// Empty text undefines and clears; anything else is the value as passed.
+class Tzu_proj4_param_str final : public Tzu_proj4_value_param<std::string> {
+ public:
+  explicit Tzu_proj4_param_str(std::string_view name) : Tzu_proj4_value_param(name) {}
+  bool val_from_str(char const* text) override;
+  char const* get_str() const noexcept { return value().c_str(); }
+  void set_str(char const* text) { value() = text; }
 };
 
 // Read with "%lg" from the trimmed text, defined when a number was read;
 // written with "%.12lg".
-class Tzu_proj4_param_dbl final : public Tzu_proj4_param {
+class Tzu_proj4_param_dbl final : public Tzu_proj4_value_param<double> {
  public:
-  explicit Tzu_proj4_param_dbl(char const* name) : Tzu_proj4_param(name) {}
-  char const* get_out_str() override;
+  explicit Tzu_proj4_param_dbl(std::string_view name) : Tzu_proj4_value_param(name) {}
   bool val_from_str(char const* text) override;
-  std::string get_value_text() const;
-  double get_dbl() const noexcept { return value_; }
-  void set_dbl(double value) noexcept { value_ = value; }
-  void set_param(Tzu_pj_dbl_param const& from);
-  void set_param(Tzu_proj4_param_dbl const& from);
-  bool equal(Tzu_proj4_param_dbl const& other) const noexcept;
-
- private:
-  double value_ = 0;
+  double get_dbl() const noexcept { return value(); }
+  void set_dbl(double number) noexcept { value() = number; }
 };
 
 // Read and written with "%d".
-class Tzu_proj4_param_int final : public Tzu_proj4_param {
+class Tzu_proj4_param_int final : public Tzu_proj4_value_param<int> {
  public:
-  explicit Tzu_proj4_param_int(char const* name) : Tzu_proj4_param(name) {}
-  char const* get_out_str() override;
+  explicit Tzu_proj4_param_int(std::string_view name) : Tzu_proj4_value_param(name) {}
   bool val_from_str(char const* text) override;
-  std::string get_value_text() const;
-  int get_int() const noexcept { return value_; }
-  void set_int(int value) noexcept { value_ = value; }
-  void set_param(Tzu_pj_int_param const& from);
-  void set_param(Tzu_proj4_param_int const& from);
-  bool equal(Tzu_proj4_param_int const& other) const noexcept;
-
- private:
-  int value_ = 0;
+  int get_int() const noexcept { return value(); }
+  void set_int(int number) noexcept { value() = number; }
 };
 
 // A flag: any text, even "false", defines it as true; a defined flag is written
 // whatever its value.
-class Tzu_proj4_param_bool final : public Tzu_proj4_param {
+class Tzu_proj4_param_bool final : public Tzu_proj4_value_param<bool> {
  public:
-  explicit Tzu_proj4_param_bool(char const* name) : Tzu_proj4_param(name) {}
-  char const* get_out_str() override;
+  explicit Tzu_proj4_param_bool(std::string_view name) : Tzu_proj4_value_param(name) {}
   bool val_from_str(char const* text) override;
-  bool get_bool() const noexcept { return value_; }
-  void set_bool(bool value) noexcept { value_ = value; }
-  void set_param(Tzu_pj_bool_param const& from);
-  void set_param(Tzu_proj4_param_bool const& from);
-  bool equal(Tzu_proj4_param_bool const& other) const noexcept;
-
- private:
-  bool value_ = false;
+  bool get_bool() const noexcept { return value(); }
+  void set_bool(bool flag) noexcept { value() = flag; }
 };
 
-// Seven numbers towards WGS 84: dx, dy, dz in metres, rx, ry, rz in arc-seconds
-// (position vector), scale in ppm. Missing and unreadable numbers are 0; seven
-// are always written. val_from_str returns whether the last number tried was
-// read.
-class Tzu_proj4_param_towgs84 final : public Tzu_proj4_param {
+// Missing and unreadable numbers are 0; seven are always written. val_from_str
+// returns whether the last number tried was read.
+class Tzu_proj4_param_towgs84 final : public Tzu_proj4_value_param<zu::shift_numbers> {
  public:
-  static constexpr std::size_t count = 7;
+  static constexpr std::size_t count = std::tuple_size_v<zu::shift_numbers>;
 
-  explicit Tzu_proj4_param_towgs84(char const* name) : Tzu_proj4_param(name) {}
-  char const* get_out_str() override;
+  explicit Tzu_proj4_param_towgs84(std::string_view name) : Tzu_proj4_value_param(name) {}
   bool val_from_str(char const* text) override;
-  std::string get_value_text() const;  // separated by ","
-  double get_dbl(unsigned index) const { return values_.at(index); }
-  void set_dbl(unsigned index, double value) { values_.at(index) = value; }
-  std::array<double, count> const& get_values() const noexcept { return values_; }
-  void set_values(std::array<double, count> const& values) noexcept { values_ = values; }
-  void set_param(Tzu_proj4_param_towgs84 const& from);
-  bool equal(Tzu_proj4_param_towgs84 const& other) const noexcept;
-
- private:
-  std::array<double, count> values_{};
+  double get_dbl(unsigned index) const { return value().at(index); }
+  void set_dbl(unsigned index, double number) { value().at(index) = number; }
+  zu::shift_numbers const& get_values() const noexcept { return value(); }
+  void set_values(zu::shift_numbers const& values) noexcept { value() = values; }
 };
 
 class Tzu_proj4_traits {

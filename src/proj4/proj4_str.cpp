@@ -1,23 +1,19 @@
 #include "proj4/proj4_str.h"
 
 #include <algorithm>
-#include <cmath>
 #include <string_view>
 #include <utility>
 
-#include "basic/number.h"
 #include "basic/str.h"
 
 using zu::str::equal_no_case;
 
-Tzu_proj4_str::Tzu_proj4_str()
-    : list_{&proj_,    &zone_,   &lon_0_, &lonc_,  &lat_0_, &x_0_,   &y_0_,
-            &lat_1_,   &lat_ts_, &lat_2_, &south_, &k_0_,   &alpha_, &datum_,
-            &towgs84_, &a_,      &b_,     &rf_,    &ellps_, &units_, &nadgrids_} {
-  k_0_.add_other_name("k");
-  // A radius gives both axes.
-  a_.add_other_name("R");
-  b_.add_other_name("R");
+using enum zu::definition_key;
+
+Tzu_proj4_str::Tzu_proj4_str() : Tzu_proj4_str(places, number_places) {
+  for (auto const& entry : zu::definition_keys)
+    if (!entry.other_name.empty())
+      list_[static_cast<std::size_t>(entry.key)]->add_other_name(entry.other_name);
 }
 
 void Tzu_proj4_str::decompose() {
@@ -53,13 +49,14 @@ void Tzu_proj4_str::compose_as(style wanted) {
   bool const sphere = is_sphere();
   bool const by_radius = sphere && wanted == style::proj;
   bool any = false;
-  for (Tzu_proj4_param* const param : list_) {
-    if (sphere && param == &towgs84_) continue;
-    if (by_radius && (param == &b_ || param == &rf_)) continue;
+  for (auto const& entry : zu::definition_keys) {
+    Tzu_proj4_param* const param = list_[static_cast<std::size_t>(entry.key)];
+    if (sphere && entry.key == towgs84) continue;
+    if (by_radius && (entry.key == b || entry.key == rf)) continue;
     if (!param->get_def()) continue;
     any = true;
-    if (by_radius && param == &a_)
-      text.append("+R=").append(zu::number::format_double(a_.get_dbl())).append(" ");
+    if (by_radius && entry.key == a)
+      text.append("+R=").append(get_a().get_value_text()).append(" ");
     else
       text.append(param->get_out_str());
   }
@@ -72,36 +69,37 @@ void Tzu_proj4_str::set_all_undefined() noexcept {
 }
 
 bool Tzu_proj4_str::is_sphere() const noexcept {
-  if (ellps_.get_def() && equal_no_case(ellps_.get_str(), "sphere")) return true;
-  if (!a_.get_def()) return false;
-  return (b_.get_def() && zu::number::distance(a_.get_dbl(), b_.get_dbl()) < 1e-6) ||
-         (rf_.get_def() && std::abs(rf_.get_dbl()) < 1e-6);
+  if (param<ellps>().get_def() && equal_no_case(param<ellps>().get_str(), "sphere")) return true;
+  if (!param<a>().get_def()) return false;
+  return (param<b>().get_def() && zu::is_same_value(param<a>().get_dbl(), param<b>().get_dbl())) ||
+         (param<rf>().get_def() && zu::is_same_value(param<rf>().get_dbl(), 0.0));
 }
 
 bool Tzu_proj4_str::is_valid() const noexcept {
-  return proj_.get_def() && (datum_.get_def() || ellps_.get_def() ||
-                             (a_.get_def() && (b_.get_def() || rf_.get_def())));
+  return param<proj>().get_def() &&
+         (param<datum>().get_def() || param<ellps>().get_def() ||
+          (param<a>().get_def() && (param<b>().get_def() || param<rf>().get_def())));
 }
 
 bool Tzu_proj4_str::equal(Tzu_proj4_str const& other) const noexcept {
-  return proj_.equal(other.proj_) && datum_.equal(other.datum_) && ellps_.equal(other.ellps_) &&
-         units_.equal(other.units_) && lon_0_.equal(other.lon_0_) && lonc_.equal(other.lonc_) &&
-         lat_0_.equal(other.lat_0_) && x_0_.equal(other.x_0_) && y_0_.equal(other.y_0_) &&
-         lat_1_.equal(other.lat_1_) && lat_ts_.equal(other.lat_ts_) && lat_2_.equal(other.lat_2_) &&
-         k_0_.equal(other.k_0_) && alpha_.equal(other.alpha_) && a_.equal(other.a_) &&
-         b_.equal(other.b_) && rf_.equal(other.rf_) && south_.equal(other.south_) &&
-         towgs84_.equal(other.towgs84_) && zone_.equal(other.zone_);
+  return [&]<std::size_t... Places>(std::index_sequence<Places...>) {
+    return ((zu::definition_keys[Places].key == nadgrids ||
+             std::get<Places>(params_).equal(std::get<Places>(other.params_))) &&
+            ...);
+  }
+  (places);
 }
 
 bool Tzu_proj4_str::get_is_long_lat() const noexcept {
-  return proj_.get_def() &&
-         (equal_no_case(proj_.get_str(), "longlat") || equal_no_case(proj_.get_str(), "latlong"));
+  auto const& given = param<proj>();
+  return given.get_def() &&
+         (equal_no_case(given.get_str(), "longlat") || equal_no_case(given.get_str(), "latlong"));
 }
 
 void Tzu_proj4_str::set_is_long_lat() {
-  proj_.set_def(true);
-  proj_.set_str("longlat");
-  auto const drop = [](auto&... params) { (params.set_def(false), ...); };
-  drop(zone_, lon_0_, lonc_, lat_0_, x_0_, y_0_, lat_1_, lat_ts_, lat_2_, south_, k_0_, alpha_,
-       units_);
+  for (auto const& entry : zu::definition_keys)
+    if (entry.part == zu::key_part::projection)
+      list_[static_cast<std::size_t>(entry.key)]->set_def(false);
+  get_proj().set_def(true);
+  get_proj().set_str("longlat");
 }

@@ -4,12 +4,15 @@
 #include <array>
 #include <cstddef>
 #include <string>
+#include <tuple>
+#include <utility>
 
+#include "catalogue/definition_keys.h"
 #include "proj4/proj4_param.h"
 
 class Tzu_proj4_str {
  public:
-  static constexpr std::size_t params_count = 21;
+  static constexpr std::size_t params_count = zu::definition_keys_count;
 
   Tzu_proj4_str();
   Tzu_proj4_str(Tzu_proj4_str const&) = delete;
@@ -56,56 +59,78 @@ class Tzu_proj4_str {
   // The parameters in the order in which they are read and written.
   std::array<Tzu_proj4_param*, params_count> const& get_list() noexcept { return list_; }
 
-  Tzu_proj4_param_str& get_proj() noexcept { return proj_; }
-  Tzu_proj4_param_str& get_datum() noexcept { return datum_; }
-  Tzu_proj4_param_str& get_ellipse() noexcept { return ellps_; }
-  Tzu_proj4_param_str& get_units() noexcept { return units_; }
-  Tzu_proj4_param_dbl& get_lon_0() noexcept { return lon_0_; }
-  Tzu_proj4_param_dbl& get_lonc() noexcept { return lonc_; }
-  Tzu_proj4_param_dbl& get_lat_0() noexcept { return lat_0_; }
-  Tzu_proj4_param_dbl& get_x_0() noexcept { return x_0_; }
-  Tzu_proj4_param_dbl& get_y_0() noexcept { return y_0_; }
-  Tzu_proj4_param_dbl& get_lat_1() noexcept { return lat_1_; }
-  Tzu_proj4_param_dbl& get_lat_ts() noexcept { return lat_ts_; }
-  Tzu_proj4_param_dbl& get_lat_2() noexcept { return lat_2_; }
-  Tzu_proj4_param_dbl& get_k_0() noexcept { return k_0_; }
-  Tzu_proj4_param_dbl& get_k() noexcept { return k_0_; }
-  Tzu_proj4_param_dbl& get_alpha() noexcept { return alpha_; }
-  Tzu_proj4_param_dbl& get_a() noexcept { return a_; }
-  Tzu_proj4_param_dbl& get_b() noexcept { return b_; }
-  Tzu_proj4_param_dbl& get_rf() noexcept { return rf_; }
-  Tzu_proj4_param_bool& get_south() noexcept { return south_; }
-  Tzu_proj4_param_towgs84& get_towgs84() noexcept { return towgs84_; }
-  Tzu_proj4_param_int& get_zone() noexcept { return zone_; }
-  Tzu_proj4_param_str& get_nadgrids() noexcept { return nadgrids_; }
+  // A parameter by its key, with the type of its kind.
+  template <zu::definition_key Key>
+  auto& param() noexcept {
+    return std::get<static_cast<std::size_t>(Key)>(params_);
+  }
+  template <zu::definition_key Key>
+  auto const& param() const noexcept {
+    return std::get<static_cast<std::size_t>(Key)>(params_);
+  }
+  // The same where the key is known at run time only: calls act with the parameter.
+  template <class Act>
+  void visit(zu::definition_key key, Act act) const;
+  Tzu_proj4_param_dbl& get_number(proj_number number) noexcept {
+    return *numbers_.at(static_cast<std::size_t>(number));
+  }
+
+  Tzu_proj4_param_str& get_proj() noexcept { return param<zu::definition_key::proj>(); }
+  Tzu_proj4_param_str& get_datum() noexcept { return param<zu::definition_key::datum>(); }
+  Tzu_proj4_param_str& get_ellipse() noexcept { return param<zu::definition_key::ellps>(); }
+  Tzu_proj4_param_str& get_units() noexcept { return param<zu::definition_key::units>(); }
+  Tzu_proj4_param_dbl& get_lon_0() noexcept { return param<zu::definition_key::lon_0>(); }
+  Tzu_proj4_param_dbl& get_lonc() noexcept { return param<zu::definition_key::lonc>(); }
+  Tzu_proj4_param_dbl& get_lat_0() noexcept { return param<zu::definition_key::lat_0>(); }
+  Tzu_proj4_param_dbl& get_x_0() noexcept { return param<zu::definition_key::x_0>(); }
+  Tzu_proj4_param_dbl& get_y_0() noexcept { return param<zu::definition_key::y_0>(); }
+  Tzu_proj4_param_dbl& get_lat_1() noexcept { return param<zu::definition_key::lat_1>(); }
+  Tzu_proj4_param_dbl& get_lat_ts() noexcept { return param<zu::definition_key::lat_ts>(); }
+  Tzu_proj4_param_dbl& get_lat_2() noexcept { return param<zu::definition_key::lat_2>(); }
+  Tzu_proj4_param_dbl& get_k_0() noexcept { return param<zu::definition_key::k_0>(); }
+  Tzu_proj4_param_dbl& get_k() noexcept { return get_k_0(); }
+  Tzu_proj4_param_dbl& get_alpha() noexcept { return param<zu::definition_key::alpha>(); }
+  Tzu_proj4_param_dbl& get_a() noexcept { return param<zu::definition_key::a>(); }
+  Tzu_proj4_param_dbl& get_b() noexcept { return param<zu::definition_key::b>(); }
+  Tzu_proj4_param_dbl& get_rf() noexcept { return param<zu::definition_key::rf>(); }
+  Tzu_proj4_param_bool& get_south() noexcept { return param<zu::definition_key::south>(); }
+  Tzu_proj4_param_towgs84& get_towgs84() noexcept { return param<zu::definition_key::towgs84>(); }
+  Tzu_proj4_param_int& get_zone() noexcept { return param<zu::definition_key::zone>(); }
+  Tzu_proj4_param_str& get_nadgrids() noexcept { return param<zu::definition_key::nadgrids>(); }
 
  private:
+  // The type of each kind, in the order of key_kind.
+  using kinds = std::tuple<Tzu_proj4_param_str, Tzu_proj4_param_dbl, Tzu_proj4_param_int,
+                           Tzu_proj4_param_bool, Tzu_proj4_param_towgs84>;
+  static constexpr auto places = std::make_index_sequence<params_count>();
+  static constexpr auto number_places = std::make_index_sequence<proj_numbers_count>();
+
+  // One parameter for each line of the table of keys.
+  template <std::size_t... Places>
+  static auto make_params(std::index_sequence<Places...>) -> std::tuple<
+      std::tuple_element_t<static_cast<std::size_t>(zu::definition_keys[Places].kind), kinds>...>;
+  template <std::size_t... Places, std::size_t... Numbers>
+  explicit Tzu_proj4_str(std::index_sequence<Places...>, std::index_sequence<Numbers...>)
+      : params_(zu::definition_keys[Places].name...),
+        list_{&std::get<Places>(params_)...},
+        numbers_{&param<zu::proj_numbers[Numbers].key>()...} {}
+
   enum class style { library, proj };
   void compose_as(style wanted);
 
   std::string text_;
   std::string definition_;
-  Tzu_proj4_param_str proj_{"proj"};
-  Tzu_proj4_param_str datum_{"datum"};
-  Tzu_proj4_param_str ellps_{"ellps"};
-  Tzu_proj4_param_str units_{"units"};
-  Tzu_proj4_param_dbl lon_0_{"lon_0"};
-  Tzu_proj4_param_dbl lonc_{"lonc"};
-  Tzu_proj4_param_dbl lat_0_{"lat_0"};
-  Tzu_proj4_param_dbl x_0_{"x_0"};
-  Tzu_proj4_param_dbl y_0_{"y_0"};
-  Tzu_proj4_param_dbl lat_1_{"lat_1"};
-  Tzu_proj4_param_dbl lat_ts_{"lat_ts"};
-  Tzu_proj4_param_dbl lat_2_{"lat_2"};
-  Tzu_proj4_param_dbl k_0_{"k_0"};
-  Tzu_proj4_param_dbl alpha_{"alpha"};
-  Tzu_proj4_param_dbl a_{"a"};
-  Tzu_proj4_param_dbl b_{"b"};
-  Tzu_proj4_param_dbl rf_{"rf"};
-  Tzu_proj4_param_bool south_{"south"};
-  Tzu_proj4_param_towgs84 towgs84_{"towgs84"};
-  Tzu_proj4_param_int zone_{"zone"};
-  Tzu_proj4_param_str nadgrids_{"nadgrids"};
+  decltype(make_params(places)) params_;
   std::array<Tzu_proj4_param*, params_count> list_;
+  std::array<Tzu_proj4_param_dbl*, proj_numbers_count> numbers_;
   bool lon_wrap_ = true;
 };
+
+template <class Act>
+void Tzu_proj4_str::visit(zu::definition_key key, Act act) const {
+  auto const at = static_cast<std::size_t>(key);
+  [&]<std::size_t... Places>(std::index_sequence<Places...>) {
+    ((at == Places ? act(std::get<Places>(params_)) : void()), ...);
+  }
+  (places);
+}

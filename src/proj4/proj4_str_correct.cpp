@@ -26,7 +26,7 @@ char const* Tzu_proj4_str_correct::get_proj4() {
 
 bool Tzu_proj4_str_correct::patch_lcc_1sp_for_gdal() {
   if (!set_.get_proj().get_def()) return false;
-  if (!zu::str::trim_stricmp_equal(set_.get_proj().get_str(), "lcc")) return false;
+  if (zu::str::trim_stricmp(set_.get_proj().get_str(), "lcc") != 0) return false;
   bool patched = false;
   double const lat_1 = set_.get_lat_1().get_dbl();
   for (Tzu_proj4_param_dbl* const param : {&set_.get_lat_2(), &set_.get_lat_0()}) {

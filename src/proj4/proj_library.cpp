@@ -58,7 +58,7 @@ bool is_name(std::string_view text) noexcept {
 std::string name_taken(PJ const* system, std::string_view text) {
   if (!is_name(text)) return {};
   char const* const name = proj_get_name(system);
-  if (name == nullptr || str::trim_stricmp_equal(name, text)) return {};
+  if (name == nullptr || str::trim_stricmp(name, text) == 0) return {};
   char const* const authority = proj_get_id_auth_name(system, 0);
   char const* const code = proj_get_id_code(system, 0);
   std::string taken = name;

@@ -4,11 +4,12 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
-#include <span>
+#include <limits>
 #include <utility>
 
 #include "basic/number.h"
 #include "basic/str.h"
+#include "catalogue/definition_keys.h"
 #include "proj4/proj4_str.h"
 #include "text/own_texts.h"
 #include "text/strconv.h"
@@ -18,23 +19,32 @@ namespace {
 
 using str::equal_no_case;
 
-enum class value_kind { text, angle, number, whole, flag, shift };
-
 struct Tkey {
   std::string_view name;
-  value_kind kind;
+  key_kind kind;
+  bool is_angle;
 };
 
-// The keys that are read, and the other names "k" and "R", by first letter.
-constexpr std::array<Tkey, Tzu_proj4_str::params_count + 2> keys{
-    {{"R", value_kind::number},      {"a", value_kind::number},    {"alpha", value_kind::angle},
-     {"b", value_kind::number},      {"datum", value_kind::text},  {"ellps", value_kind::text},
-     {"k", value_kind::number},      {"k_0", value_kind::number},  {"lat_0", value_kind::angle},
-     {"lat_1", value_kind::angle},   {"lat_2", value_kind::angle}, {"lat_ts", value_kind::angle},
-     {"lon_0", value_kind::angle},   {"lonc", value_kind::angle},  {"nadgrids", value_kind::text},
-     {"proj", value_kind::text},     {"rf", value_kind::number},   {"south", value_kind::flag},
-     {"towgs84", value_kind::shift}, {"units", value_kind::text},  {"x_0", value_kind::number},
-     {"y_0", value_kind::number},    {"zone", value_kind::whole}}};
+// The names of keys that are read, by first letter.
+constexpr auto keys = [] {
+  constexpr auto names = [] {
+    std::array<Tkey, 2 * definition_keys_count> all{};
+    std::size_t count = 0;
+    for (auto const& entry : definition_keys) {
+      for (std::string_view const name : {entry.name, entry.other_name}) {
+        auto* const end = all.begin() + count;
+        bool const is_new = std::ranges::find(all.begin(), end, name, &Tkey::name) == end;
+        if (is_new && !name.empty())
+          all.at(count++) = {name, entry.kind, entry.unit == key_unit::degrees};
+      }
+    }
+    return std::pair(all, count);
+  }();
+  std::array<Tkey, names.second> sorted{};
+  std::copy_n(names.first.begin(), names.second, sorted.begin());
+  std::ranges::sort(sorted, {}, &Tkey::name);
+  return sorted;
+}();
 
 // Where the keys with each first letter begin.
 constexpr auto first_places = [] {
@@ -104,19 +114,18 @@ bool are_plain_numbers(std::string_view value) {
   return is_shift_count(count) && is_plain_number(value);
 }
 
-bool is_read_whole(value_kind kind, std::string_view value) {
+bool is_read_whole(key_kind kind, std::string_view value) {
   switch (kind) {
-    case value_kind::text:
+    case key_kind::text:
       return !value.empty();
-    case value_kind::flag:
+    case key_kind::flag:
       return value.empty();
-    case value_kind::whole:
+    case key_kind::whole:
       return is_plain_number(value) && value.size() < 9 &&
              value.find('.') == std::string_view::npos;
-    case value_kind::shift:
+    case key_kind::shift:
       return are_plain_numbers(value);
-    case value_kind::angle:
-    case value_kind::number:
+    case key_kind::number:
       break;
   }
   return is_plain_number(value);
@@ -146,7 +155,9 @@ str::name_value take_piece(std::string_view& text) {
 // each twice. False where that is not as plain.
 bool is_plain(std::string_view text) {
   if (!text.empty() && text.front() != '+') return false;
+  // A bit for each key.
   unsigned given = 0;
+  static_assert(keys.size() <= std::numeric_limits<unsigned>::digits);
   bool may_be_sphere = false;
   while (!text.empty()) {
     auto const parts = take_piece(text);
@@ -251,24 +262,21 @@ void Treport::check_unknown(Tpiece const& piece) {
 void Treport::check_value(Tpiece const& piece) {
   std::string_view const value = piece.parts.value;
   switch (keys.at(piece.place).kind) {
-    case value_kind::text:
+    case key_kind::text:
       if (value.empty()) add(piece.text, loss_reason::unread_value, true);
       break;
-    case value_kind::flag:
+    case key_kind::flag:
       // Nothing and "T" are how PROJ spells yes.
       if (!value.empty() && !equal_no_case(value, "t"))
         add(piece.text, loss_reason::unread_value, true);
       break;
-    case value_kind::angle:
-      check_number(piece, value, true);
+    case key_kind::number:
+      check_number(piece, value, keys.at(piece.place).is_angle);
       break;
-    case value_kind::number:
-      check_number(piece, value, false);
-      break;
-    case value_kind::whole:
+    case key_kind::whole:
       check_zone(piece);
       break;
-    case value_kind::shift:
+    case key_kind::shift:
       check_shift(piece);
       break;
   }
@@ -330,9 +338,7 @@ bool Treport::is_given_elsewhere(std::size_t place) const {
 
 std::string_view Treport::whole_number(std::size_t index) const {
   Tpiece const& piece = pieces_[index];
-  auto const kind = keys.at(piece.place).kind;
-  if ((kind != value_kind::number && kind != value_kind::angle) || index + 1 == pieces_.size())
-    return {};
+  if (keys.at(piece.place).kind != key_kind::number || index + 1 == pieces_.size()) return {};
   std::string_view const value = piece.parts.value;
   std::string_view const next = pieces_[index + 1].text;
   bool const is_cut = value.size() > 1 && (value.back() == 'e' || value.back() == 'E') &&

@@ -1,6 +1,7 @@
 #include "proj4/short_text.h"
 
-#include "basic/number.h"
+#include <algorithm>
+
 #include "catalogue/catalogue.h"
 
 bool Tzu_pj4_parts::init(char const* text) {
@@ -22,72 +23,39 @@ std::string Tzu_pj4_parts::part(std::string_view value) const {
   return std::string(value).append(separator_);
 }
 
-template <class Param>
-std::string Tzu_pj4_parts::given_part(Param const& param) const {
-  return param.get_def() ? part(param.get_value_text()) : std::string();
+// A number that the record fixes; null for none.
+Tzu_pj_dbl_param const* Tzu_pj4_parts::fixed_number(zu::definition_key key) const {
+  if (def_ == nullptr) return nullptr;
+  auto const found = std::ranges::find(zu::proj_numbers, key, &zu::proj_number_entry::key);
+  if (found == zu::proj_numbers.end()) return nullptr;
+  Tzu_pj_dbl_param const& number = def_->get_number(found->number);
+  return number.get_def_default() ? &number : nullptr;
 }
 
-std::string Tzu_pj4_parts::number_part(Tzu_proj4_param_dbl const& param, proj_number number) const {
-  if (param.get_def() || def_ == nullptr || !def_->get_number(number).get_def_default())
-    return given_part(param);
-  return part(zu::number::format_double(def_->get_number(number).get_default()));
+std::string Tzu_pj4_parts::get_part(zu::definition_key key) const {
+  std::string value;
+  visit(key, [&](auto const& param) {
+    if (param.get_def())
+      value = param.get_value_text();
+    else if (auto const* const fixed = fixed_number(key))
+      value = zu::value_text(fixed->get_default());
+  });
+  if (value.empty()) return {};
+  return part(key == zu::definition_key::towgs84 ? "(" + value + ")" : value);
 }
 
-std::string Tzu_pj4_parts::get_pj4_caption() {
+std::string Tzu_pj4_parts::get_pj4_caption() const {
   return def_ == nullptr ? get_pj4_name() : part(def_->get_caption());
 }
-
-std::string Tzu_pj4_parts::get_pj4_name() { return given_part(get_proj()); }
-
-std::string Tzu_pj4_parts::get_pj4_zone() { return given_part(get_zone()); }
-
-std::string Tzu_pj4_parts::get_pj4_lon0() { return number_part(get_lon_0(), proj_number::lon_0); }
-
-std::string Tzu_pj4_parts::get_pj4_lonc() { return number_part(get_lonc(), proj_number::lonc); }
-
-std::string Tzu_pj4_parts::get_pj4_lat0() { return number_part(get_lat_0(), proj_number::lat_0); }
-
-std::string Tzu_pj4_parts::get_pj4_x0() { return number_part(get_x_0(), proj_number::x_0); }
-
-std::string Tzu_pj4_parts::get_pj4_y0() { return number_part(get_y_0(), proj_number::y_0); }
-
-std::string Tzu_pj4_parts::get_pj4_lat1() { return number_part(get_lat_1(), proj_number::lat_1); }
-
-std::string Tzu_pj4_parts::get_pj4_lat_ts() {
-  return number_part(get_lat_ts(), proj_number::lat_ts);
-}
-
-std::string Tzu_pj4_parts::get_pj4_lat2() { return number_part(get_lat_2(), proj_number::lat_2); }
-
-std::string Tzu_pj4_parts::get_pj4_k0() { return number_part(get_k_0(), proj_number::k_0); }
-
-std::string Tzu_pj4_parts::get_pj4_alpha() { return number_part(get_alpha(), proj_number::alpha); }
-
-std::string Tzu_pj4_parts::get_pj4_datum() { return given_part(get_datum()); }
-
-std::string Tzu_pj4_parts::get_pj4_towgs84() {
-  if (!get_towgs84().get_def()) return {};
-  return part("(" + get_towgs84().get_value_text() + ")");
-}
-
-std::string Tzu_pj4_parts::get_pj4_ellips() { return given_part(get_ellipse()); }
-
-std::string Tzu_pj4_parts::get_pj4_a() { return given_part(get_a()); }
-
-std::string Tzu_pj4_parts::get_pj4_b() { return given_part(get_b()); }
-
-std::string Tzu_pj4_parts::get_pj4_rf() { return given_part(get_rf()); }
 
 bool Tzu_short_text_helper::get_short_text(char const* definition, Izu_string_adp* adapter) {
   Tzu_pj4_parts parts;
   parts.init(definition);
   if (adapter == nullptr || !parts.get_proj().get_def()) return false;
-  std::string const text = parts.get_pj4_caption() + parts.get_pj4_lon0() + parts.get_pj4_lonc() +
-                           parts.get_pj4_lat0() + parts.get_pj4_x0() + parts.get_pj4_y0() +
-                           parts.get_pj4_lat1() + parts.get_pj4_lat_ts() + parts.get_pj4_lat2() +
-                           parts.get_pj4_k0() + parts.get_pj4_alpha() + parts.get_pj4_datum() +
-                           parts.get_pj4_towgs84() + parts.get_pj4_ellips() + parts.get_pj4_a() +
-                           parts.get_pj4_b() + parts.get_pj4_rf();
+  std::string text = parts.get_pj4_caption();
+  for (zu::definition_key const key : zu::described_keys)
+    if (key != zu::definition_key::proj && key != zu::definition_key::zone)
+      text += parts.get_part(key);
   // Catalogue and definition share the system's code page, in which adapters
   // read narrow text.
   zu_string_adp_feed_c(adapter, text.c_str());

@@ -24,31 +24,34 @@ class Tzu_pj4_parts : public Tzu_proj4_str {
   Tzu_pj_proj_def const* get_def() const noexcept { return def_; }
 
   // The record's caption; without a record the projection's key.
-  std::string get_pj4_caption();
-  std::string get_pj4_name();  // the projection's key
-  std::string get_pj4_zone();
-  std::string get_pj4_lon0();
-  std::string get_pj4_lonc();
-  std::string get_pj4_lat0();
-  std::string get_pj4_x0();
-  std::string get_pj4_y0();
-  std::string get_pj4_lat1();
-  std::string get_pj4_lat_ts();
-  std::string get_pj4_lat2();
-  std::string get_pj4_k0();
-  std::string get_pj4_alpha();
-  std::string get_pj4_datum();
-  std::string get_pj4_towgs84();  // "(" seven numbers by "," ")"
-  std::string get_pj4_ellips();
-  std::string get_pj4_a();
-  std::string get_pj4_b();
-  std::string get_pj4_rf();
+  std::string get_pj4_caption() const;
+  // The projection's key.
+  std::string get_pj4_name() const { return get_part(zu::definition_key::proj); }
+  std::string get_pj4_zone() const { return get_part(zu::definition_key::zone); }
+  std::string get_pj4_lon0() const { return get_part(zu::definition_key::lon_0); }
+  std::string get_pj4_lonc() const { return get_part(zu::definition_key::lonc); }
+  std::string get_pj4_lat0() const { return get_part(zu::definition_key::lat_0); }
+  std::string get_pj4_x0() const { return get_part(zu::definition_key::x_0); }
+  std::string get_pj4_y0() const { return get_part(zu::definition_key::y_0); }
+  std::string get_pj4_lat1() const { return get_part(zu::definition_key::lat_1); }
+  std::string get_pj4_lat_ts() const { return get_part(zu::definition_key::lat_ts); }
+  std::string get_pj4_lat2() const { return get_part(zu::definition_key::lat_2); }
+  std::string get_pj4_k0() const { return get_part(zu::definition_key::k_0); }
+  std::string get_pj4_alpha() const { return get_part(zu::definition_key::alpha); }
+  std::string get_pj4_datum() const { return get_part(zu::definition_key::datum); }
+  std::string get_pj4_towgs84() const {
+    return get_part(zu::definition_key::towgs84);
+  }  // "(" seven numbers by "," ")"
+  std::string get_pj4_ellips() const { return get_part(zu::definition_key::ellps); }
+  std::string get_pj4_a() const { return get_part(zu::definition_key::a); }
+  std::string get_pj4_b() const { return get_part(zu::definition_key::b); }
+  std::string get_pj4_rf() const { return get_part(zu::definition_key::rf); }
+  // The part of any key; a flag's is empty.
+  std::string get_part(zu::definition_key key) const;
 
  private:
   std::string part(std::string_view value) const;
-  template <class Param>
-  std::string given_part(Param const& param) const;
-  std::string number_part(Tzu_proj4_param_dbl const& param, proj_number number) const;
+  Tzu_pj_dbl_param const* fixed_number(zu::definition_key key) const;
 
   Tzu_pj_proj_def const* def_ = nullptr;
   std::string separator_ = "; ";

@@ -22,34 +22,7 @@ bool apply_to_vertex(Vertex* vertex, Tzu_reproj_xy& reproj, bool forward) {
   return vertex != nullptr && reproj.apply(&vertex->x, &vertex->y, direction_of(forward));
 }
 
-bool apply_to_box_approx(Tzu_box_d2* box, Tzu_reproj_xy& reproj, Tzu_xy_array& buffer,
-                         bool forward) {
-  // Such a chain leaves finite points where they are, which are no result.
-  if (reproj.is_blocked(direction_of(forward))) return false;
-  return steps::apply_to_box_approx(box, buffer, by(reproj, forward));
-}
-
 }  // namespace
-
-bool Tzu_reproj_d2::apply_vtx(Tzu_vtx_d2* vertex) { return apply_to_vertex(vertex, reproj_, true); }
-bool Tzu_reproj_d2::apply_vtx3d(Tzu_vtx_d3* vertex) {
-  return apply_to_vertex(vertex, reproj_, true);
-}
-bool Tzu_reproj_d2::apply_pv(Tzu_pp2d* sequence) {
-  return steps::apply_to_sequence(sequence, buffer_, by(reproj_, true));
-}
-bool Tzu_reproj_d2::apply_pv3d(Tzu_pvtx_d3* sequence) {
-  return steps::apply_to_sequence(sequence, buffer_, by(reproj_, true));
-}
-bool Tzu_reproj_d2::apply_ov(Tzu_op2d* set) {
-  return steps::apply_to_set(set, buffer_, by(reproj_, true));
-}
-bool Tzu_reproj_d2::apply_ov3d(Tzu_ovtx_d3* set) {
-  return steps::apply_to_set(set, buffer_, by(reproj_, true));
-}
-bool Tzu_reproj_d2::apply_box_approx_ex(Tzu_box_d2* box) {
-  return apply_to_box_approx(box, reproj_, buffer_, true);
-}
 
 bool Tzu_reproj_fb_d2::apply_xy(std::size_t count, double* x, double* y, bool forward) {
   return reproj_.apply_xy(count, x, y, direction_of(forward));
@@ -76,5 +49,7 @@ bool Tzu_reproj_fb_d2::apply_box(Tzu_box_d2* box, bool forward) {
   return steps::apply_to_box(box, buffer_, by(reproj_, forward));
 }
 bool Tzu_reproj_fb_d2::apply_box_approx(Tzu_box_d2* box, bool forward) {
-  return apply_to_box_approx(box, reproj_, buffer_, forward);
+  // Such a chain does not move finite points, and that is no result.
+  if (reproj_.is_blocked(direction_of(forward))) return false;
+  return steps::apply_to_box_approx(box, buffer_, by(reproj_, forward));
 }

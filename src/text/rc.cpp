@@ -9,6 +9,8 @@
 namespace {
 
 constexpr int lang_russian = 1;
+constexpr int button_group = 5;
+constexpr int editor_group = 6;
 
 struct Tstate {
   int lang = 0;
@@ -52,4 +54,12 @@ char const* Tzu_rc::get_str(int group, int index) {
     }
   }
   return now.buffer.c_str();
+}
+
+char const* Tzu_rc::get_str(zu::button_text which) {
+  return get_str(button_group, static_cast<int>(which));
+}
+
+char const* Tzu_rc::get_str(zu::editor_text which) {
+  return get_str(editor_group, static_cast<int>(which));
 }

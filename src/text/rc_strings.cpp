@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <stdexcept>
 
+#include "text/rc.h"
+
 namespace zu {
 namespace {
 
@@ -38,6 +40,25 @@ struct cp1251_text {
 template <cp1251_text Text>
 consteval char const* operator""_cp1251() {
   return Text.bytes.data();
+}
+
+template <class Name>
+struct Tnamed_text {
+  Name name;
+  rc_entry text;
+};
+
+// Does not compile where a text is not at the place of its name.
+template <class Name, std::size_t Count>
+consteval std::array<rc_entry, Count> texts_of(
+    std::array<Tnamed_text<Name>, Count> const& named_texts) {
+  std::array<rc_entry, Count> texts{};
+  for (std::size_t i = 0; i < Count; ++i) {
+    if (static_cast<std::size_t>(named_texts[i].name) != i)
+      throw std::invalid_argument("a text is not at the place of its name");
+    texts[i] = named_texts[i].text;
+  }
+  return texts;
 }
 
 // Spellings such as "flattering" and "Standart", the double blank of the file
@@ -116,55 +137,58 @@ constexpr std::array<rc_entry, 4> group_4{{
     {"Point in polygons", u8"Точка в полигонах"_cp1251},
 }};
 
-constexpr std::array<rc_entry, 7> group_5{{
-    {"Apply", u8"Применить"_cp1251},
-    {"Cancel", u8"Отменить"_cp1251},
-    {"Help", u8"Помощь"_cp1251},
-    {"Successfully executed", u8"Выполнено успешно"_cp1251},
-    {"Error: execution terminated", u8"Ошибка: выполнение прервано"_cp1251},
-    {"Save", u8"Сохранить"_cp1251},
-    {"Load", u8"Загрузить"_cp1251},
-}};
+constexpr auto group_5 = texts_of(std::array<Tnamed_text<button_text>, 7>{{
+    {button_text::apply, {"Apply", u8"Применить"_cp1251}},
+    {button_text::cancel, {"Cancel", u8"Отменить"_cp1251}},
+    {button_text::help, {"Help", u8"Помощь"_cp1251}},
+    {button_text::succeeded, {"Successfully executed", u8"Выполнено успешно"_cp1251}},
+    {button_text::terminated,
+     {"Error: execution terminated", u8"Ошибка: выполнение прервано"_cp1251}},
+    {button_text::save, {"Save", u8"Сохранить"_cp1251}},
+    {button_text::load, {"Load", u8"Загрузить"_cp1251}},
+}});
 
-constexpr std::array<rc_entry, 36> group_6{{
-    {"Spheroid", u8"Эллипсоид"_cp1251},
-    {"Spheroid", u8"Название"_cp1251},
-    {"Semimajor axis", u8"Большая полуось"_cp1251},
-    {"Semiminor axis", u8"Малая полуось"_cp1251},
-    {"Inverse flattering", u8"Обратный коэфф. сжатия"_cp1251},
-    {"Geographic coordinate system", u8"Система координат"_cp1251},
-    {"Datum", u8"Датум"_cp1251},
-    {"Datum parameters", u8"Параметры датума"_cp1251},
-    {"Axis X", u8"Ось Х"_cp1251},
-    {"Axis Y", u8"Ось Y"_cp1251},
-    {"Axis Z", u8"Ось Z"_cp1251},
-    {"Shift", u8"Смещение"_cp1251},
-    {"Rotate", u8"Поворот"_cp1251},
-    {"Scale factor", u8"Масштабный коэфф."_cp1251},
-    {"Projection", u8"Проекция"_cp1251},
-    {"Projection", u8"Название"_cp1251},
-    {"Projection parameters", u8"Параметры проекции"_cp1251},
-    {"Central Meridian", u8"Центральный меридиан"_cp1251},
-    {"Central Meridian", u8"Меридиан центра проекции"_cp1251},
-    {"Latitude of Origin", u8"Широта начала коорд."_cp1251},
-    {"False Easting", u8"Сдвиг к востоку"_cp1251},
-    {"False Northing", u8"Сдвиг к северу"_cp1251},
-    {"1st Standart Parallel", u8"1я стандартная параллель"_cp1251},
-    {"1st Standart Parallel", u8"1я стандартная параллель"_cp1251},
-    {"2nd Standart Parallel", u8"2я стандартная параллель"_cp1251},
-    {"Scale Factor", u8"Масштабный коэфф."_cp1251},
-    {"Scale Factor", u8"Масштабный коэфф."_cp1251},
-    {"Alpha", u8"Альфа"_cp1251},
-    {"Type", u8"Тип"_cp1251},
-    {"Unknown", u8"Не определена"_cp1251},
-    {"Usual projections", u8"Общие проекции"_cp1251},
-    {"Zonal projections", u8"Зональные проекции"_cp1251},
-    {"Zonal type", u8"Проекция"_cp1251},
-    {"Zone", u8"Номер зоны"_cp1251},
-    {"Projection", u8"Проекция"_cp1251},
-    {"Projection parameters file *.pj4|*.pj4|ESRI projection  file *.prj|*.prj",
-     u8"Файл параметров проекции *.pj4|*.pj4|Файл проекции ESRI *.prj|*.prj"_cp1251},
-}};
+constexpr auto group_6 = texts_of(std::array<Tnamed_text<editor_text>, 36>{{
+    {editor_text::ellipse, {"Spheroid", u8"Эллипсоид"_cp1251}},
+    {editor_text::ellipse_name, {"Spheroid", u8"Название"_cp1251}},
+    {editor_text::semi_major, {"Semimajor axis", u8"Большая полуось"_cp1251}},
+    {editor_text::semi_minor, {"Semiminor axis", u8"Малая полуось"_cp1251}},
+    {editor_text::inv_flattening, {"Inverse flattering", u8"Обратный коэфф. сжатия"_cp1251}},
+    {editor_text::geographic_system,
+     {"Geographic coordinate system", u8"Система координат"_cp1251}},
+    {editor_text::datum, {"Datum", u8"Датум"_cp1251}},
+    {editor_text::datum_params, {"Datum parameters", u8"Параметры датума"_cp1251}},
+    {editor_text::axis_x, {"Axis X", u8"Ось Х"_cp1251}},
+    {editor_text::axis_y, {"Axis Y", u8"Ось Y"_cp1251}},
+    {editor_text::axis_z, {"Axis Z", u8"Ось Z"_cp1251}},
+    {editor_text::shift, {"Shift", u8"Смещение"_cp1251}},
+    {editor_text::rotate, {"Rotate", u8"Поворот"_cp1251}},
+    {editor_text::scale, {"Scale factor", u8"Масштабный коэфф."_cp1251}},
+    {editor_text::projection, {"Projection", u8"Проекция"_cp1251}},
+    {editor_text::projection_name, {"Projection", u8"Название"_cp1251}},
+    {editor_text::projection_params, {"Projection parameters", u8"Параметры проекции"_cp1251}},
+    {editor_text::lon_0, {"Central Meridian", u8"Центральный меридиан"_cp1251}},
+    {editor_text::lonc, {"Central Meridian", u8"Меридиан центра проекции"_cp1251}},
+    {editor_text::lat_0, {"Latitude of Origin", u8"Широта начала коорд."_cp1251}},
+    {editor_text::x_0, {"False Easting", u8"Сдвиг к востоку"_cp1251}},
+    {editor_text::y_0, {"False Northing", u8"Сдвиг к северу"_cp1251}},
+    {editor_text::lat_1, {"1st Standart Parallel", u8"1я стандартная параллель"_cp1251}},
+    {editor_text::lat_ts, {"1st Standart Parallel", u8"1я стандартная параллель"_cp1251}},
+    {editor_text::lat_2, {"2nd Standart Parallel", u8"2я стандартная параллель"_cp1251}},
+    {editor_text::k, {"Scale Factor", u8"Масштабный коэфф."_cp1251}},
+    {editor_text::k_0, {"Scale Factor", u8"Масштабный коэфф."_cp1251}},
+    {editor_text::alpha, {"Alpha", u8"Альфа"_cp1251}},
+    {editor_text::kind, {"Type", u8"Тип"_cp1251}},
+    {editor_text::kind_none, {"Unknown", u8"Не определена"_cp1251}},
+    {editor_text::kind_usual, {"Usual projections", u8"Общие проекции"_cp1251}},
+    {editor_text::kind_zonal, {"Zonal projections", u8"Зональные проекции"_cp1251}},
+    {editor_text::zonal_name, {"Zonal type", u8"Проекция"_cp1251}},
+    {editor_text::zone, {"Zone", u8"Номер зоны"_cp1251}},
+    {editor_text::projection_file, {"Projection", u8"Проекция"_cp1251}},
+    {editor_text::file_filter,
+     {"Projection parameters file *.pj4|*.pj4|ESRI projection  file *.prj|*.prj",
+      u8"Файл параметров проекции *.pj4|*.pj4|Файл проекции ESRI *.prj|*.prj"_cp1251}},
+}});
 
 constexpr std::array<rc_entry, 6> group_7{{
     {"Reproject shapes", u8"Перепроецирование векторных файлов"_cp1251},

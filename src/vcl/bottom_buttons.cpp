@@ -4,9 +4,10 @@
 
 namespace {
 
-constexpr int rc_buttons = 5;
-// Entries of the five captions in the order of the buttons.
-constexpr std::array<int, Tzu_vcl_bottom_buttons::buttons_count> rc_captions{5, 6, 0, 1, 2};
+using zu::button_text;
+constexpr std::array<button_text, Tzu_vcl_bottom_buttons::buttons_count> captions{
+    button_text::save, button_text::load, button_text::apply, button_text::cancel,
+    button_text::help};
 constexpr std::array<wchar_t const*, Tzu_vcl_bottom_buttons::buttons_count> first_captions{
     L"Save", L"Load", L"Apply", L"Cancel", L"Help"};
 
@@ -45,9 +46,8 @@ void Tzu_vcl_bottom_buttons::create() {
 }
 
 void Tzu_vcl_bottom_buttons::load_rc() {
-  for (std::size_t index = 0; index < buttons_count; ++index) {
-    buttons_[index]->set_caption(zu::vcl::rc_text(rc_buttons, rc_captions[index]));
-  }
+  for (std::size_t index = 0; index < buttons_count; ++index)
+    buttons_[index]->set_caption(zu::vcl::rc_text(captions[index]));
   layout_buttons();
 }
 

@@ -19,27 +19,6 @@ class Tzu_vcl_bottom_buttons : public Tzu_vcl_panel {
   enum button_index : std::size_t { save, load, apply, cancel, help };
   static constexpr std::size_t buttons_count = 5;
 
-  // Left edge of each button on a bar of `width`, -1 for a hidden one. Slots
-  // close up when a button is hidden.
-  static constexpr std::array<int, buttons_count> button_lefts(
-      int width, int slot_width, int margin_width, std::array<bool, buttons_count> const& visible) {
-    std::array<int, buttons_count> lefts{-1, -1, -1, -1, -1};
-    int const step = slot_width + margin_width;
-    int left = margin_width;
-    for (std::size_t const index : {save, load}) {
-      if (!visible[index]) continue;
-      lefts[index] = left;
-      left += step;
-    }
-    int right = width;
-    for (std::size_t const index : {help, cancel, apply}) {
-      if (!visible[index]) continue;
-      right -= step;
-      lefts[index] = right;
-    }
-    return lefts;
-  }
-
   explicit Tzu_vcl_bottom_buttons(wxWindow* parent);
 
   // Shows Apply and Cancel; the other three are hidden.
@@ -62,7 +41,8 @@ class Tzu_vcl_bottom_buttons : public Tzu_vcl_panel {
 
   Tzu_vcl_button* get_button(button_index index) const { return buttons_[index]; }
 
-  // Size of every button: the constants, or more where a caption needs it.
+  // Size of every button: the constants, or more where a caption needs it. Slots close up
+  // when a button is hidden.
   wxSize get_slot_size() const { return slot_size_; }
 
   std::function<void()> on_cancel;

@@ -60,22 +60,18 @@ void Tzu_vcl_caption_panel::lay_out() {
   if (IsShownOnScreen()) Layout();
 }
 
+void Tzu_vcl_caption_panel::call_on_change() const {
+  if (on_change) on_change();
+}
+
 wxWindow* Tzu_vcl_caption_dbl_edit::make_control() {
   edit_ = zu::vcl::make_child<Tzu_vcl_dbl_edit>(this);
   edit_->on_change = [this] { on_dbl_edit_change(); };
   return edit_;
 }
 
-void Tzu_vcl_caption_dbl_edit::call_on_change() const {
-  if (on_change) on_change();
-}
-
 wxWindow* Tzu_vcl_caption_selbox::make_control() {
   selbox_ = zu::vcl::make_child<Tzu_vcl_selbox>(this);
   selbox_->on_change = [this] { call_on_change(); };
   return selbox_;
-}
-
-void Tzu_vcl_caption_selbox::call_on_change() const {
-  if (on_change) on_change();
 }

@@ -30,7 +30,9 @@ class Tzu_vcl_caption_panel : public Tzu_vcl_panel {
   // The control has this width at the right, the caption fills the rest.
   void set_edit_width(int width);
 
-  Tzu_vcl_label* get_label() const noexcept { return label_; }
+  // Fired when the user has changed the control.
+  std::function<void()> on_change;
+  void call_on_change() const;
 
  protected:
   virtual wxWindow* make_control() = 0;
@@ -65,9 +67,6 @@ class Tzu_vcl_caption_dbl_edit : public Tzu_vcl_caption_panel {
 
   Tzu_vcl_dbl_edit* get_edit() const noexcept { return edit_; }
 
-  std::function<void()> on_change;
-  void call_on_change() const;
-
  protected:
   wxWindow* make_control() override;
 
@@ -100,9 +99,6 @@ class Tzu_vcl_caption_selbox : public Tzu_vcl_caption_panel {
   }
 
   Tzu_vcl_selbox* get_selbox() const noexcept { return selbox_; }
-
-  std::function<void()> on_change;
-  void call_on_change() const;
 
  protected:
   wxWindow* make_control() override;

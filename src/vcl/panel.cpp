@@ -1,14 +1,13 @@
 #include "vcl/panel.h"
 
-#include "text/rc.h"
 #include "text/strconv.h"
 #include "vcl/toolkit.h"
 
 namespace zu::vcl {
 
-std::wstring rc_text(int group, int index) {
-  return strconv::from_interface(Tzu_rc::get_str(group, index));
-}
+std::wstring rc_text(button_text which) { return strconv::from_interface(Tzu_rc::get_str(which)); }
+std::wstring rc_text(editor_text which) { return strconv::from_interface(Tzu_rc::get_str(which)); }
+std::wstring rc_text(own_text which) { return get_own_text(which); }
 
 int scaled(wxWindow const& window, int length) {
   int const height = platform::control_height(window);

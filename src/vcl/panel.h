@@ -12,6 +12,9 @@
 #include <string>
 #include <utility>
 
+#include "text/own_texts.h"
+#include "text/rc.h"
+
 namespace zu::vcl {
 
 // Makes a window that its parent owns and destroys.
@@ -26,8 +29,10 @@ Sizer* make_sizer(Arguments&&... arguments) {
   return std::make_unique<Sizer>(std::forward<Arguments>(arguments)...).release();
 }
 
-// An interface text in the current language.
-std::wstring rc_text(int group, int index);
+// Interface texts in the current language.
+std::wstring rc_text(button_text which);
+std::wstring rc_text(editor_text which);
+std::wstring rc_text(own_text which);
 
 // The design is drawn in pixels for 96 dots per inch and controls of this height.
 inline constexpr int design_control_height = 21;

@@ -25,10 +25,12 @@
 #include "basic/number.h"
 #include "basic/str.h"
 #include "catalogue/dbf.h"
+#include "catalogue/pj_columns.h"
 #include "text/strconv.h"
 
 namespace {
 
+using zu::proj_column;
 using row = std::vector<std::string>;
 
 struct table {
@@ -97,9 +99,6 @@ std::string checked_number(std::string_view text) {
   return std::string(number);
 }
 
-constexpr std::array<std::string_view, 11> parameters{
-    "LAT_1", "LAT_2", "LAT_TS", "LAT_0", "LON_0", "LONC", "ALPHA", "K", "K_0", "X_0", "Y_0"};
-
 // The four columns of a parameter from its one cell.
 std::array<std::string, 4> expand_parameter(std::string_view cell) {
   if (cell.empty()) return {"0", "", "", ""};
@@ -112,41 +111,44 @@ std::array<std::string, 4> expand_parameter(std::string_view cell) {
   return {"1", "", bound(cell.substr(0, dots)), bound(cell.substr(dots + 2))};
 }
 
-row projection_columns() {
-  row names{"PRJ_NAME", "PRJ_ALIAS", "PROJ", "SOUTH"};
-  for (std::string_view const name : parameters)
-    for (std::string_view const part : {"", "_V", "_MIN", "_MAX"})
-      names.push_back(std::string(name).append(part));
-  for (char const* name : {"UNITS", "UNITS_V", "ZONE", "ZONE_V", "ZONE_N", "DATUM"})
-    names.emplace_back(name);
-  return names;
-}
-
 std::string yes_or_no(bool yes) { return yes ? "1" : "0"; }
 
-// The 54 columns of one projection from the cells of its short form.
-row expand_projection(row const& names, row const& cells) {
+// All columns of one projection from the cells of its short form.
+row expand_projection(row const& names, row const& cells, row const& columns) {
   auto const cell = [&](std::string_view name) -> std::string {
     auto const at = std::ranges::find(names, name);
     return at == names.end() ? "" : cells[static_cast<std::size_t>(at - names.begin())];
   };
-  bool const south = zu::number::scan_double(cell("SOUTH")).value_or(0) > 0;
-  row values{cell("PRJ_NAME"), cell("PRJ_ALIAS"), cell("PROJ"), yes_or_no(south)};
-  for (std::string_view const name : parameters)
-    for (std::string& value : expand_parameter(cell(name))) values.push_back(std::move(value));
-  std::string const units = cell("UNITS");
-  std::string const zone = cell("ZONE").empty() ? "" : checked_number(cell("ZONE"));
-  for (std::string const& value : {yes_or_no(!units.empty()), units, yes_or_no(!zone.empty()), zone,
-                                   cell("ZONE_N"), cell("DATUM")})
-    values.push_back(value);
+  row values(columns.size());
+  auto const value_of = [&values](proj_column column) -> std::string& {
+    return values.at(static_cast<std::size_t>(column));
+  };
+  auto const take = [&](proj_column column) {
+    value_of(column) = cell(columns.at(static_cast<std::size_t>(column)));
+  };
+  take(proj_column::name);
+  take(proj_column::alias);
+  take(proj_column::proj);
+  take(proj_column::zone_name);
+  take(proj_column::datum);
+  value_of(proj_column::south) = yes_or_no(zu::number::scan_double(cell("SOUTH")).value_or(0) > 0);
+  for (std::size_t place = 0; place < zu::number_columns.size(); ++place) {
+    auto const parts = expand_parameter(cell(zu::number_columns[place].name));
+    for (std::size_t part = 0; part < parts.size(); ++part)
+      value_of(zu::number_column_at(place, static_cast<zu::number_part>(part))) = parts[part];
+  }
+  value_of(proj_column::units_value) = cell("UNITS");
+  value_of(proj_column::units) = yes_or_no(!cell("UNITS").empty());
+  if (!cell("ZONE").empty()) value_of(proj_column::zone_value) = checked_number(cell("ZONE"));
+  value_of(proj_column::zone) = yes_or_no(!cell("ZONE").empty());
   return values;
 }
 
 table expand_projections(table const& source) {
-  table result{projection_columns(), {}};
+  table result{zu::proj_columns(), {}};
   for (row const& cells : source.rows) {
     try {
-      result.rows.push_back(expand_projection(source.names, cells));
+      result.rows.push_back(expand_projection(source.names, cells, result.names));
     } catch (std::runtime_error const& error) {
       throw error_at(result.rows.size() + 2, error.what());
     }

@@ -227,7 +227,7 @@ void list_known(std::ostream& out) {
 
 bool show_known(std::ostream& out, std::string const& definition_or_name) {
   for (zu::known_system const& system : zu::known_systems) {
-    if (!zu::str::trim_stricmp_equal(known_system_name(system), definition_or_name)) continue;
+    if (zu::str::trim_stricmp(known_system_name(system), definition_or_name) != 0) continue;
     if (!system.confirmed)
       throw Terror("nobody has published the numbers of " + definition_or_name);
     out << system.proj4 << '\n' << system.wkt << '\n';

@@ -20,10 +20,10 @@ using core_test::put_file;
 // "+init=" names in a parameter file, or as an ESRI file; a line each.
 std::string const reaching_texts = core_test::read_file(ZU_TEST_CASES "/texts/reaching.txt");
 
-class Cli_conversions_posix : public cli_test::Cli {};
+class Cli_conversions_linux : public cli_test::Cli {};
 
 // What GDAL's own program makes of the files that are written.
-TEST_F(Cli_conversions_posix, EsriFilesAreReadByOtherPrograms) {
+TEST_F(Cli_conversions_linux, EsriFilesAreReadByOtherPrograms) {
   for (auto const& [definition, read] : std::initializer_list<std::array<char const*, 2>>{
            {"+proj=tmerc +lon_0=37.5 +lat_0=55.5 +x_0=12 +y_0=14 +k_0=1 +ellps=krass",
             "+proj=tmerc +lat_0=55.5 +lon_0=37.5 +k=1 +x_0=12 +y_0=14 +ellps=krass +units=m "
@@ -39,7 +39,7 @@ TEST_F(Cli_conversions_posix, EsriFilesAreReadByOtherPrograms) {
   }
 }
 
-class Cli_reach_posix : public cli_test::Cli {
+class Cli_reach_linux : public cli_test::Cli {
  protected:
   void SetUp() override {
     // A system without the tracer is one that was not made ready for these tests.
@@ -82,7 +82,7 @@ class Cli_reach_posix : public cli_test::Cli {
                                              {"ASAN_OPTIONS", "detect_leaks=0"}};
 };
 
-TEST_F(Cli_reach_posix, ImportsOpenNothingThatATextNames) {
+TEST_F(Cli_reach_linux, ImportsOpenNothingThatATextNames) {
   std::string const codes = "EPSG:28407\n+init=epsg:28407\nno such system\nPROJCS[\"x\"\n";
   ASSERT_NE(reaching_texts, "");
   auto const usual = touched({"import", "-"}, codes);
@@ -112,7 +112,7 @@ TEST_F(Cli_reach_posix, ImportsOpenNothingThatATextNames) {
 
 // A definition may name the grids of its datum shift, which PROJ then opens; but no
 // other file, and nothing that is elsewhere.
-TEST_F(Cli_reach_posix, TransformationsOpenGridsAndAskNobody) {
+TEST_F(Cli_reach_linux, TransformationsOpenGridsAndAskNobody) {
   std::string const geographic = "+proj=longlat +datum=WGS84";
   put_file(path("points"), "37 55");
   auto const of = [&](std::string const& from) {

@@ -17,7 +17,7 @@ using cli_test::expect_outcome;
 using cli_test::local_system;
 using core_test::put_file;
 
-class Cli_posix : public cli_test::Cli {};
+class Cli_linux : public cli_test::Cli {};
 
 // Runs the program with the words of a command line, and puts what the terminal
 // shows, without carriage returns, in place of the outcome's errors. Nothing where
@@ -35,7 +35,7 @@ std::optional<core_test::outcome> run_before_terminal(std::string const& words) 
   return result;
 }
 
-TEST_F(Cli_posix, ProgressIsForWhoSitsBeforeATerminal) {
+TEST_F(Cli_linux, ProgressIsForWhoSitsBeforeATerminal) {
   put_file(path("a.pj4"), "+proj=longlat +ellps=krass");
   put_file(path("b.pj4"), "text");
   auto result = run_before_terminal("convert " + path("a.pj4") + " " + path("b.pj4") + " --to prj");
@@ -66,7 +66,7 @@ TEST_F(Cli_posix, ProgressIsForWhoSitsBeforeATerminal) {
       << shown;
 }
 
-TEST_F(Cli_posix, NoticesAFullDiskAndTheLackOfADisplay) {
+TEST_F(Cli_linux, NoticesAFullDiskAndTheLackOfADisplay) {
   expect_outcome(run({"save", local_system, "/dev/full"}), 2, "",
                  "Error: cannot write /dev/full\n");
   auto const edited = run({"edit", local_system});
@@ -75,7 +75,7 @@ TEST_F(Cli_posix, NoticesAFullDiskAndTheLackOfADisplay) {
   EXPECT_EQ(edited.err.find('\n'), edited.err.size() - 1);
 }
 
-TEST_F(Cli_posix, GivesTheSameInEveryLocale) {
+TEST_F(Cli_linux, GivesTheSameInEveryLocale) {
   for (auto const& command :
        std::vector<std::vector<std::string>>{{"apply", local_system},
                                              {"apply", "+proj=utm +zone=37 +south +ellps=intl"},

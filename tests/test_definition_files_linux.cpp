@@ -9,7 +9,7 @@
 
 namespace {
 
-TEST(Definition_file_posix, plain_form_has_no_other_names_either) {
+TEST(Definition_file_linux, plain_form_has_no_other_names_either) {
   for (auto const& page : core_test::system_pages()) {
     core_test::Ttemp_folder const folder;
     core_test::Tsystem_page const system(page);
@@ -21,7 +21,7 @@ TEST(Definition_file_posix, plain_form_has_no_other_names_either) {
 
 // The device takes the open and no byte, as a full disk does; whoever runs the test,
 // nobody may write among a process's own files, and read its memory.
-TEST(Definition_file_posix, what_cannot_be_read_or_written_is_a_failure) {
+TEST(Definition_file_linux, what_cannot_be_read_or_written_is_a_failure) {
   for (wchar_t const* name : {L"/dev/full", L"/proc/self/f.prj"}) {
     EXPECT_FALSE(zu_pj4_export_esri_prj(L"+proj=longlat +datum=WGS84", name));
     EXPECT_FALSE(Tzu_add_file::save_pj4_ini(name, L"+proj=merc"));

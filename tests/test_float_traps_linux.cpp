@@ -43,7 +43,7 @@ void core_test::watch_floats(float_watcher wanted) {
 namespace {
 
 // Whoever starts the program may have switched traps on in it.
-TEST(Float_traps_posix, the_program_is_masked_as_a_whole) {
+TEST(Float_traps_linux, the_program_is_masked_as_a_whole) {
   for (std::vector<std::string> const& words : std::vector<std::vector<std::string>>{
            {"apply", "+proj=longlat +R=6371000"},
            {"normalize", "+proj=stere +lat_0=90 +lat_ts=70 +a=6378137 +b=6356752"},
