@@ -16,8 +16,8 @@ namespace terminal {
 // The arguments behind the program's name.
 std::vector<std::string> arguments(int argc, char** argv);
 
-// Makes standard input and output pass bytes, and a console read and show them
-// in the encoding until the program ends.
+// Makes standard input and output pass bytes as they are, and a console read and show
+// texts in the encoding until the program ends.
 void prepare_streams();
 
 // Reads what the stream has by now, at least a byte where it does not end there: 0
