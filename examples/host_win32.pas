@@ -2,6 +2,7 @@
   division by zero is an exception to it, as Pascal's run time has set it up.
 
     host_win32 DEFINITION...    opens the dialog on each in turn, prints the results
+    host_win32                  opens it on a definition of its own, shows the result
 
   While the dialog is open and the host's own timer ticks, the title of the
   host's window is "ticking". }
@@ -24,6 +25,14 @@ var
   execute: TExecute;
   is_open: Boolean;
 
+function definition_of(number: Integer): AnsiString;
+begin
+  if ParamCount = 0 then
+    Result := '+proj=utm +zone=37 +datum=WGS84 +no_defs'
+  else
+    Result := ParamStr(number);
+end;
+
 procedure edit(window: HWND; number: Integer);
 var
   mask: TFPUExceptionMask;
@@ -36,10 +45,12 @@ begin
   changed := 0;
   is_open := True;
   { The text belongs to the library; the assignment makes our copy. }
-  definition := execute(window, PAnsiChar(AnsiString(ParamStr(number))), @changed);
+  definition := execute(window, PAnsiChar(definition_of(number)), @changed);
   is_open := False;
   SetWindowText(window, class_name);
   WriteLn(changed, ' ', definition);
+  if ParamCount = 0 then
+    MessageBox(window, PAnsiChar(definition), 'The definition now', MB_OK);
   if (GetExceptionMask <> mask) or (GetMXCSR <> mxcsr) then
     WriteLn('the exception mask is another');
 end;
@@ -52,7 +63,7 @@ begin
       if is_open then
         SetWindowText(window, 'ticking');
     message_edit:
-      if first > ParamCount then
+      if first > Max(ParamCount, 1) then
         DestroyWindow(window)
       else
       begin

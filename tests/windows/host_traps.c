@@ -105,7 +105,7 @@ HOST_CASE(traps_of_pascal_stay_its_own) {
                         .hStdOutput = pipe[1],
                         .hStdError = pipe[1]};
   PROCESS_INFORMATION process = {.hProcess = NULL};
-  library_path(path, L"zu_host_pas.exe");
+  library_path(path, L"zu_sample_pascal.exe");
   (void)swprintf(command, 1024, L"\"%ls\" \"" POLAR "\" \"" MOSCOW "\" \"" SPHERE "\"", path);
   CHECK(CreateProcessW(path, command, NULL, NULL, TRUE, 0, NULL, NULL, &start, &process));
   CloseHandle(pipe[1]);
