@@ -1,5 +1,5 @@
-// Loading the catalogue into records, beside reading every field of the same
-// tables as text.
+// Compares loading the catalogue into records with reading every field of the same tables as
+// text.
 
 #include <benchmark/benchmark.h>
 #include <shapefil.h>

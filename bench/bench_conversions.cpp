@@ -1,5 +1,5 @@
-// Conversions beside the bare calls of GDAL that they rest on, and the look-up
-// of a known system beside comparing them all.
+// Compares conversions with the calls of GDAL that they need, and the search for a known
+// system with comparing all of them.
 
 #include <benchmark/benchmark.h>
 
@@ -17,7 +17,7 @@
 
 namespace {
 
-// The row in the middle, and a definition that is like a row's but for a number.
+// The row in the middle, and a definition that differs from a row in one number.
 constexpr std::size_t hit = 221;
 constexpr char const* miss =
     "+proj=tmerc +lon_0=39 +lat_0=0 +x_0=7500000 +y_0=0.5 +k_0=1 "
@@ -61,7 +61,7 @@ void export_esri(benchmark::State& state) {
       state.SkipWithError("not exported");
 }
 
-// The same calls of GDAL without the rest.
+// Only the same calls of GDAL.
 void export_by_gdal(benchmark::State& state) {
   for ([[maybe_unused]] auto _ : state) {
     zu::spatial_reference const system(OSRNewSpatialReference(nullptr));
@@ -78,7 +78,7 @@ void export_by_gdal(benchmark::State& state) {
   }
 }
 
-// A thousand codes of all over the EPSG data.
+// A thousand codes from all parts of the EPSG data.
 std::vector<std::string> const& thousand_codes() {
   static std::vector<std::string> const inputs = [] {
     libproj::Tcontext const context;
@@ -118,7 +118,7 @@ constexpr int repetitions = 9;
 BENCHMARK(look_up_hit)->Repetitions(repetitions);
 BENCHMARK(look_up_miss)->Repetitions(repetitions);
 BENCHMARK(compare_all)->Repetitions(repetitions);
-// The long ones in turn, so that a slower minute of the machine meets both.
+// The long benchmarks run in turn, so that other load on the machine slows down both.
 BENCHMARK(export_esri)->Repetitions(repetitions);
 BENCHMARK(export_by_gdal)->Repetitions(repetitions);
 BENCHMARK(import_codes)->Iterations(1)->Repetitions(repetitions);

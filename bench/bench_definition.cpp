@@ -1,5 +1,4 @@
-// Reading and writing a definition, beside PROJ's making an object of the same
-// text.
+// Compares reading and writing a definition with PROJ making an object of the same text.
 
 #include <benchmark/benchmark.h>
 #include <proj.h>

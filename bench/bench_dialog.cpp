@@ -1,6 +1,6 @@
-// From the call to the first paint of the editor's form, beside an empty form
-// of the toolkit's of the same size, and beside a form with as many stock
-// controls as the editor has. Needs a display.
+// Measures the time from the call to the first paint of the editor's form. Compares it with an
+// empty form of the same size, and with a form that has as many standard controls as the
+// editor. Needs a display.
 
 #include <benchmark/benchmark.h>
 #include <wx/choice.h>
@@ -26,8 +26,8 @@ constexpr char const* definition =
     "+proj=tmerc +lon_0=78.05 +lat_0=0 +x_0=4500000 +y_0=-5811057.628 +k_0=1 "
     "+towgs84=24.82,-131.21,-82.66,0,0,0.16,-0.12 +ellps=krass +units=m +lon_wrap=45 +no_defs";
 
-// Closes a modal dialog when it has painted for the first time, which is when
-// the event loop is idle after the window has been drawn, and keeps the time.
+// Closes a modal dialog after its first paint and stores the time. The first paint is over
+// when the event loop is idle after the window was drawn.
 class Tfirst_paint {
  public:
   explicit Tfirst_paint(wxDialog& dialog) : dialog_(dialog) {
@@ -47,7 +47,7 @@ class Tfirst_paint {
   std::optional<clock_type::time_point> time_;
 };
 
-// The size that the editor had last.
+// The last size of the editor.
 wxSize& form_size() {
   static wxSize size{600, 360};
   return size;
@@ -72,8 +72,8 @@ void open_editor(benchmark::State& state) {
   }
 }
 
-// What the toolkit alone takes for the same controls: the same numbers of
-// labels, edits, boxes and buttons, and lists with the same items.
+// The time of the toolkit alone for the same controls: as many labels, edits, boxes and
+// buttons, and lists with the same items.
 void add_stock_controls(wxDialog& form, std::array<wxArrayString, 6> const& lists) {
   constexpr int labels = 27;
   constexpr int edits = 20;
@@ -149,7 +149,7 @@ BENCHMARK(open_empty_form)
 }  // namespace
 
 int main(int argc, char** argv) {
-  // All forms get the controls that the dialog has in a host.
+  // All forms get the same look of controls as the dialog in a host.
   zu::vcl::Tzu_look_scope const look;
   zu::vcl::start();
   // The catalogue is read once in a process.

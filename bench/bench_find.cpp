@@ -1,5 +1,5 @@
-// The search of systems as a user types, beside the same words asked of PROJ's
-// database by LIKE.
+// Compares the search for systems while a user types with a query by LIKE for the same words
+// in PROJ's database.
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
@@ -17,7 +17,7 @@
 
 namespace {
 
-// The texts that the search line has one after the other.
+// The texts of the search line, one after the other.
 std::vector<std::string> const& keystrokes() {
   static std::vector<std::string> const texts = [] {
     std::vector<std::string> all;

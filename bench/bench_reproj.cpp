@@ -1,5 +1,5 @@
-// Transforming points between a zone of Pulkovo 1942 and WGS 84, beside the same
-// operation of PROJ's called bare. Each round goes there and back.
+// Compares transforming points between a zone of Pulkovo 1942 and WGS 84 with the same
+// operation called in PROJ directly. Each round transforms there and back.
 
 #include <benchmark/benchmark.h>
 #include <proj.h>
@@ -22,7 +22,8 @@ constexpr char const* wgs84 = "+proj=longlat +datum=WGS84 +lon_wrap=45 +no_defs"
 constexpr std::size_t million = 1000000;
 constexpr std::size_t few = 5;
 
-// Points all over the zone; every `bad`-th of them, if any, is none.
+// Points in all parts of the zone. Every `bad`-th point is not valid; 0 means that all are
+// valid.
 Tzu_xy_array make_points(std::size_t size, std::size_t bad = 0) {
   Tzu_xy_array points;
   points.set_size(size);
@@ -52,7 +53,7 @@ class Tbare {
   zu::proj_library::object operation_;
 };
 
-// Runs rounds and keeps the time of the wall, too, which threads do not escape.
+// Runs rounds and also measures the elapsed time, which includes the work of all threads.
 template <class Round>
 void run_rounds(benchmark::State& state, Round round) {
   for ([[maybe_unused]] auto _ : state) {
@@ -66,7 +67,7 @@ void run_rounds(benchmark::State& state, Round round) {
 void check(benchmark::State& state, Tzu_xy_array const& points) {
   auto const wanted = make_points(points.get_size());
   std::size_t const last = points.get_size() - 1;
-  // The heights that a round loses move a point by less than that.
+  // A round loses the heights. That moves a point by less than this.
   if (!(std::abs(points.get_x(last) - wanted.get_x(last)) < 1))
     state.SkipWithError("the round has not led back");
 }
@@ -98,7 +99,7 @@ void run_bare(benchmark::State& state, std::size_t piece) {
 void bare_array(benchmark::State& state) { run_bare(state, million); }
 void bare_array_on_one_processor(benchmark::State& state) { run_bare(state, million); }
 void array(benchmark::State& state) { run_own(state, million); }
-// Pieces that are too short to be shared stay on one processor.
+// Pieces that are too short to be divided stay on one processor.
 void array_on_one_processor(benchmark::State& state) {
   run_own(state, Tzu_reproj_xy_exec::get_parallel_size() - 1);
 }
@@ -128,7 +129,7 @@ void polyline(benchmark::State& state) {
   check(state, points);
 }
 
-// A hundred thousand small sequences, as a host has them.
+// A hundred thousand small sequences, as in a host.
 class Tshort_sequences {
  public:
   static constexpr std::size_t count = 100000;
@@ -181,7 +182,7 @@ void bare_short_sequences(benchmark::State& state) {
   sequences.check(state);
 }
 
-// Without the ways into the geometry and out of it.
+// Without copying into the geometry and out of it.
 void bare_short_arrays(benchmark::State& state) {
   Tbare operation;
   auto points = make_points(Tshort_sequences::count * few);
@@ -207,7 +208,7 @@ void half_bad(benchmark::State& state) { run_with_bad(state, 2); }
 void one_bad(benchmark::State& state) { run_with_bad(state, million); }
 
 constexpr int repetitions = 9;
-// On the clock of the wall what uses several processors, else on the processor's.
+// Elapsed time for benchmarks that use several processors, else processor time.
 BENCHMARK(bare_array)->Repetitions(repetitions)->UseManualTime();
 BENCHMARK(array)->Repetitions(repetitions)->UseManualTime();
 BENCHMARK(polyline)->Repetitions(repetitions)->UseManualTime();

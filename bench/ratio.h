@@ -1,4 +1,4 @@
-// Runs benchmarks and compares one of them with its yardstick of the same run.
+// Runs benchmarks and compares one of them with another one of the same run, its yardstick.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -11,8 +11,8 @@
 
 namespace bench {
 
-// Shows the usual table and keeps the median time of each benchmark, that of the
-// processor unless it measures itself: other work on the machine counts less.
+// Shows the usual table and stores the median time of each benchmark. This is processor time,
+// which other work on the machine changes less, unless the benchmark measures time itself.
 class Treporter : public benchmark::ConsoleReporter {
  public:
   void ReportRuns(std::vector<Run> const& runs) override {
@@ -26,7 +26,7 @@ class Treporter : public benchmark::ConsoleReporter {
     ConsoleReporter::ReportRuns(runs);
   }
   bool has_failed() const noexcept { return failed_; }
-  // 0 when the benchmark was not among those chosen.
+  // 0 when the benchmark was not chosen.
   double median(std::string const& name) const {
     auto const found = medians_.find(name);
     return found == medians_.end() ? 0 : found->second;
@@ -43,7 +43,7 @@ struct comparison {
   char const* goal;
 };
 
-// Runs all and prints, last, how often each `name` takes the time of its yardstick.
+// Runs all. At the end prints for each `name` the ratio to its yardstick.
 inline int run(int argc, char** argv, std::vector<comparison> const& comparisons) {
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;

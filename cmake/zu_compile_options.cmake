@@ -13,12 +13,16 @@ else()
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
     $<$<BOOL:${ZU_WARNINGS_AS_ERRORS}>:-Werror>)
   if(WIN32)
-    # What of the libraries linked in nobody calls stays out.
+    # The linker leaves out code that nobody calls.
     target_compile_options(zu_options INTERFACE -ffunction-sections -fdata-sections)
     target_link_options(zu_options INTERFACE LINKER:--gc-sections)
-    # The same sources give the same bytes, wherever and whenever.
-    target_compile_options(zu_options INTERFACE "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
+    # The same sources give the same bytes at any time.
     target_link_options(zu_options INTERFACE LINKER:--no-insert-timestamp)
+  endif()
+  # The same sources give the same bytes in any folder, so clones can share them through
+  # ccache. Release builds on Linux hold no path, and gcov needs the real ones.
+  if(NOT ZU_COVERAGE AND (WIN32 OR NOT CMAKE_BUILD_TYPE STREQUAL "Release"))
+    target_compile_options(zu_options INTERFACE "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
   endif()
   if(ZU_SANITIZE)
     target_compile_options(zu_options INTERFACE -fsanitize=address,undefined

@@ -30,8 +30,8 @@ int host_load(char const* library) {
     if (separator != NULL) memcpy(separator + 1, name, sizeof name);
     library = path;
   }
-  /* Local, so that the host's names and the library's do not mix. It stays loaded
-     as long as the program runs. */
+  /* RTLD_LOCAL keeps the names of the host and the library apart. The library stays loaded
+     until the program ends. */
   void* const handle = dlopen(library, RTLD_NOW | RTLD_LOCAL);
   void* const address = handle == NULL ? NULL : dlsym(handle, "zu_proj4_form_execute");
   if (address == NULL) {
@@ -39,7 +39,7 @@ int host_load(char const* library) {
     /* cppcheck-suppress resourceLeak */
     return 0;
   }
-  /* C has no cast from an object's address to a function's. */
+  /* C cannot cast an object's address to a function's. */
   memcpy(&execute, &address, sizeof execute);
   /* cppcheck-suppress resourceLeak */
   return 1;

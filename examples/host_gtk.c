@@ -1,13 +1,10 @@
-/* A host of the dialog in plain C and GTK 3: an edit line with a definition, a
-   button that opens the dialog on it, and what the dialog gave back.
+/* A host of the dialog in plain C and GTK 3. Its window has a definition, a button that opens
+   the dialog, and the result.
 
-   usage: zu_demo_host [--times N] [--library FILE] [--run-once] [--controls FILE]
-                       [DEFINITION]
+   usage: zu_demo_host [--times N] [--library FILE] [DEFINITION]
 
-   --times N        press "Edit..." N times by itself and end
-   --library FILE   the library; by default the one beside the program
-   --run-once       as --times 1
-   --controls FILE  keep in FILE what the open dialog shows, and where */
+   --times N       press "Edit..." N times by itself and end
+   --library FILE  the library; by default the one in the program's folder */
 #include <gdk/gdk.h>
 #include <gtk/gtk.h>
 #include <stdio.h>
@@ -16,7 +13,6 @@
 #endif
 
 #include "host_common.h"
-#include "host_controls_gtk.h"
 
 typedef struct {
   host_state state;
@@ -26,7 +22,7 @@ typedef struct {
   GtkWidget* changed;
 } host;
 
-/* Null where the display is not X11: the dialog then has no owner. */
+/* Null if the display is not X11. The dialog has no owner then. */
 static zu_pj_edit_window window_id(GtkWidget* window) {
 #ifdef GDK_WINDOWING_X11
   GdkWindow* const native = gtk_widget_get_window(window);
@@ -61,8 +57,7 @@ static gboolean on_work(gpointer context) {
   return G_SOURCE_REMOVE;
 }
 
-/* A while after the window has come up: by then it has its place, and the
-   dialog can be centred on it. */
+/* The window must get its place first, because the dialog opens over its middle. */
 static gboolean on_map(GtkWidget* widget, GdkEvent* event, gpointer context) {
   (void)widget;
   (void)event;
@@ -118,18 +113,12 @@ static void build_window(host* self, char const* definition) {
 }
 
 int main(int argc, char** argv) {
-  gboolean run_once = FALSE;
   gint times = 0;
   char* library = NULL;
-  char* controls_file = NULL;
   char** definitions = NULL;
   GOptionEntry const options[] = {
-      {"run-once", 0, 0, G_OPTION_ARG_NONE, &run_once, "Open the dialog at once, end with it",
-       NULL},
       {"times", 0, 0, G_OPTION_ARG_INT, &times, "Open the dialog N times by itself, and end", "N"},
       {"library", 0, 0, G_OPTION_ARG_FILENAME, &library, "Where the library is", "FILE"},
-      {"controls", 0, 0, G_OPTION_ARG_FILENAME, &controls_file,
-       "Keep in FILE what the open dialog shows, and where", "FILE"},
       {G_OPTION_REMAINING, 0, 0, G_OPTION_ARG_STRING_ARRAY, &definitions, NULL, "[DEFINITION]"},
       {NULL, 0, 0, G_OPTION_ARG_NONE, NULL, NULL, NULL}};
   GError* error = NULL;
@@ -142,15 +131,13 @@ int main(int argc, char** argv) {
     return 2;
   }
 
-  host self = {.state.times = run_once ? 1 : times};
+  host self = {.state.times = times};
   if (!host_load(library)) return 1;
   build_window(&self, definitions && definitions[0] ? definitions[0] : host_usual_definition);
   g_timeout_add(host_tick_ms, on_tick, &self.state);
-  if (controls_file != NULL) host_controls_watch(self.window, controls_file);
   gtk_main();
 
   g_strfreev(definitions);
   g_free(library);
-  g_free(controls_file);
   return 0;
 }

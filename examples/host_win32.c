@@ -1,10 +1,7 @@
-/* A host of the dialog in plain C and Win32: an edit line with a definition, a
-   button that opens the dialog on it, and what the dialog gave back.
+/* A host of the dialog in plain C and Win32. Its window has a definition, a button that opens
+   the dialog, and the result.
 
-   usage: zu_sample_host [--run-once] [--controls FILE] [DEFINITION]
-
-   --run-once       press "Edit..." by itself and end with the dialog
-   --controls FILE  keep in FILE what the open dialog shows, and where */
+   usage: zu_sample_host [DEFINITION] */
 #include <windows.h>
 /* After the system's header. */
 #include <shellapi.h>
@@ -12,7 +9,6 @@
 #include <string.h>
 #include <wchar.h>
 
-#include "host_controls_win32.h"
 #include "zu_pj_edit/zu_pj_edit.h"
 
 typedef char const* (*execute_function)(zu_pj_edit_window owner, char const* definition,
@@ -20,18 +16,19 @@ typedef char const* (*execute_function)(zu_pj_edit_window owner, char const* def
 
 /* The Return key goes to the button that is IDOK. */
 enum { id_edit = IDOK, id_definition = 100, id_result, id_changed };
-enum { controls_timer = 1, message_run_once = WM_APP };
+enum { timer = 1, timer_ms = 50 };
 /* At 96 dots per inch. */
 enum { window_width = 860, window_height = 260, margin = 12, gap = 8, caption_width = 110 };
 
 typedef struct {
   execute_function execute;
-  BOOL run_once;
-  wchar_t const* controls_file;
+  BOOL is_open; /* the dialog */
+  int ticks;    /* of the timer while the dialog was open */
   wchar_t const* start_definition;
   int dpi;
   HFONT font;
   HWND window;
+  HWND focus; /* the control that last had the focus */
   HWND captions[3];
   HWND definition;
   HWND button;
@@ -50,7 +47,7 @@ static void* take_memory(size_t size) {
   return memory;
 }
 
-/* Both give a text to be freed. */
+/* The caller must free the text. */
 static char* to_narrow(UINT page, wchar_t const* text) {
   int const size = WideCharToMultiByte(page, 0, text, -1, NULL, 0, NULL, NULL);
   char* const result = take_memory((size_t)size + 1);
@@ -75,8 +72,7 @@ static wchar_t* text_of(HWND window) {
   return text;
 }
 
-/* To the console that the program was started from, or to where its output was
-   sent; a program with windows has neither by itself. */
+/* Writes to the program's output, or to the console of the parent process. */
 static void write_text(DWORD stream, wchar_t const* text) {
   HANDLE handle = GetStdHandle(stream);
   DWORD mode = 0;
@@ -103,10 +99,10 @@ static void write_line(DWORD stream, wchar_t const* name, wchar_t const* text) {
 
 static void show_error(host const* self, wchar_t const* text) {
   write_line(STD_ERROR_HANDLE, program_name, text);
-  if (!self->run_once) MessageBoxW(self->window, text, program_name, MB_OK | MB_ICONERROR);
+  MessageBoxW(self->window, text, program_name, MB_OK | MB_ICONERROR);
 }
 
-/* The library lies beside this program; nothing else of its name is taken. */
+/* Loads the library only from the folder of this program. */
 static execute_function load_library(host const* self) {
   static wchar_t const name[] = L"zu_pj_edit.dll";
   enum { path_size = 32768 };
@@ -128,8 +124,7 @@ static execute_function load_library(host const* self) {
   return (execute_function)(void (*)(void))address;
 }
 
-/* The library takes text in the system's code page. Null when the text cannot be
-   written in it. */
+/* The library takes text in the system's code page. Null if the page lacks a character. */
 static char* to_ansi(wchar_t const* text) {
   char* const result = to_narrow(CP_ACP, text);
   wchar_t* const again = to_wide(CP_ACP, result);
@@ -140,17 +135,22 @@ static char* to_ansi(wchar_t const* text) {
   return NULL;
 }
 
-static BOOL edit(host* self) {
-  /* A copy: the line may change while the dialog is open. */
+static void edit(host* self) {
+  /* The line may change while the dialog is open. */
   wchar_t* const before = text_of(self->definition);
   char* const input = to_ansi(before);
   if (input == NULL) {
     show_error(self, L"the definition has characters that the system's code page lacks");
     free(before);
-    return FALSE;
+    return;
   }
   unsigned char changed = 0;
+  wchar_t ticks[16];
+  self->is_open = TRUE;
+  self->ticks = 0;
   char const* const output = self->execute(self->window, input, &changed);
+  self->is_open = FALSE;
+  (void)swprintf(ticks, sizeof ticks / sizeof ticks[0], L"%d", self->ticks);
   wchar_t* const after = to_wide(CP_ACP, output);
 
   SetWindowTextW(self->result, after);
@@ -158,14 +158,14 @@ static BOOL edit(host* self) {
   write_line(STD_OUTPUT_HANDLE, L"before", before);
   write_line(STD_OUTPUT_HANDLE, L"after", after);
   write_line(STD_OUTPUT_HANDLE, L"changed", changed ? L"1" : L"0");
+  write_line(STD_OUTPUT_HANDLE, L"ticks", ticks);
   if (changed) SetWindowTextW(self->definition, after);
   free(after);
   free(input);
   free(before);
-  return TRUE;
 }
 
-/* Windows before 10 have one resolution for all screens. */
+/* Before Windows 10 all screens have one resolution. */
 static int dpi_of(HWND window) {
   typedef UINT(WINAPI * function)(HWND window);
   FARPROC const address = GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow");
@@ -183,7 +183,7 @@ static BOOL CALLBACK give_font(HWND window, LPARAM font) {
   return TRUE;
 }
 
-/* The font of the system's messages, at the resolution of the window. */
+/* The system's font for messages, at the resolution of the window. */
 static void renew_font(host* self) {
   HFONT const old = self->font;
   NONCLIENTMETRICSW metrics = {.cbSize = sizeof metrics};
@@ -237,6 +237,7 @@ static void build(host* self) {
     self->captions[i] = add_control(self, L"Static", captions[i], 0, 0, 0);
   self->definition = add_control(self, L"Edit", self->start_definition, WS_TABSTOP | ES_AUTOHSCROLL,
                                  WS_EX_CLIENTEDGE, id_definition);
+  self->focus = self->definition;
   self->button =
       add_control(self, L"Button", L"Edit...", WS_TABSTOP | BS_DEFPUSHBUTTON, 0, id_edit);
   self->result = add_control(self, L"Edit", L"-", WS_TABSTOP | ES_MULTILINE | ES_READONLY,
@@ -273,15 +274,16 @@ static LRESULT CALLBACK on_message(HWND window, UINT message, WPARAM first, LPAR
     case WM_COMMAND:
       if (LOWORD(first) == id_edit && HIWORD(first) == BN_CLICKED) edit(self);
       return 0;
-    case message_run_once:
-      if (!edit(self)) PostQuitMessage(1);
-      DestroyWindow(window);
+    case WM_ACTIVATE:
+      if (LOWORD(first) == WA_INACTIVE && IsChild(window, GetFocus())) self->focus = GetFocus();
+      return DefWindowProcW(window, message, first, second);
+    case WM_SETFOCUS:
+      /* An active window gets the focus itself. Its control shall have it. */
+      if (IsChild(window, (HWND)first)) self->focus = (HWND)first;
+      SetFocus(self->focus);
       return 0;
     case WM_TIMER:
-      if (first == controls_timer && !host_controls_write(window, self->controls_file)) {
-        KillTimer(window, controls_timer);
-        show_error(self, L"cannot write the list of controls");
-      }
+      if (self->is_open) ++self->ticks;
       return 0;
     case WM_DESTROY:
       DeleteObject(self->font);
@@ -313,14 +315,12 @@ static BOOL open_window(host* self) {
   SetWindowPos(self->window, NULL, (screen.left + screen.right - width) / 2,
                (screen.top + screen.bottom - height) / 2, width, height, SWP_NOZORDER);
   ShowWindow(self->window, SW_SHOWNORMAL);
-  SetFocus(self->definition);
   return TRUE;
 }
 
 static int run(host* self) {
   MSG message;
-  if (self->controls_file != NULL) SetTimer(self->window, controls_timer, 200, NULL);
-  if (self->run_once) PostMessageW(self->window, message_run_once, 0, 0);
+  SetTimer(self->window, timer, timer_ms, NULL);
   while (GetMessageW(&message, NULL, 0, 0) > 0) {
     if (IsDialogMessageW(self->window, &message)) continue;
     TranslateMessage(&message);
@@ -331,15 +331,8 @@ static int run(host* self) {
 
 static BOOL read_options(host* self, int count, wchar_t** arguments) {
   for (int i = 1; i < count; ++i) {
-    if (wcscmp(arguments[i], L"--run-once") == 0) {
-      self->run_once = TRUE;
-    } else if (wcscmp(arguments[i], L"--controls") == 0 && i + 1 < count) {
-      self->controls_file = arguments[++i];
-    } else if (wcsncmp(arguments[i], L"--", 2) == 0 || self->start_definition != NULL) {
-      return FALSE;
-    } else {
-      self->start_definition = arguments[i];
-    }
+    if (wcsncmp(arguments[i], L"--", 2) == 0 || self->start_definition != NULL) return FALSE;
+    self->start_definition = arguments[i];
   }
   if (self->start_definition == NULL) self->start_definition = default_definition;
   return TRUE;
@@ -357,7 +350,7 @@ int WINAPI WinMain(HINSTANCE program, HINSTANCE none, LPSTR command_line, int sh
   wchar_t** const arguments = CommandLineToArgvW(GetCommandLineW(), &count);
   int status = 2;
   if (arguments == NULL || !read_options(&self, count, arguments)) {
-    show_error(&self, L"usage: zu_sample_host [--run-once] [--controls FILE] [DEFINITION]");
+    show_error(&self, L"usage: zu_sample_host [DEFINITION]");
   } else {
     status = 1;
     self.execute = load_library(&self);

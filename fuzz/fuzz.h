@@ -1,5 +1,5 @@
-// What the fuzzers share. Each is one function, which libFuzzer calls with inputs
-// of its own making, and the ordinary tests with the seeds.
+// Functions for all fuzzers. A fuzzer is one function. libFuzzer calls it with random
+// inputs, the ordinary tests call it with the seeds.
 #pragma once
 
 #include <cstddef>
@@ -21,14 +21,14 @@ inline std::string_view text_of(std::uint8_t const* data, std::size_t size) {
   return {reinterpret_cast<char const*>(data), size};
 }
 
-// Each byte a letter: invalid wherever bytes of the input are.
+// Makes each byte a letter.
 inline std::wstring widen(std::string_view text) {
   std::wstring wide;
   for (char const c : text) wide += static_cast<wchar_t>(static_cast<unsigned char>(c));
   return wide;
 }
 
-// Stops the fuzzer, with the input as a finding.
+// Stops the fuzzer where the condition does not hold; the input is a finding then.
 inline void require(bool holds, char const* what) {
   if (holds) return;
   std::fputs(what, stderr);
@@ -36,7 +36,7 @@ inline void require(bool holds, char const* what) {
   std::abort();
 }
 
-// What `produce` feeds; whether it does must be what it says.
+// The text that `produce` feeds. Its result must tell whether it fed one.
 template <class Produce>
 std::wstring fed(Produce produce) {
   constexpr wchar_t const* nothing = L"\x1unfed";

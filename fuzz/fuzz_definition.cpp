@@ -1,4 +1,4 @@
-// A definition, through reading, writing, describing and the editing rules.
+// Reads, writes, describes and edits a definition.
 #include "fuzz.h"
 #include "pj_edit/edit_rules.h"
 #include "proj4/proj4_str.h"
@@ -24,15 +24,15 @@ std::string edited(std::string const& definition) {
 
 int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
   std::string const definition(fuzz::text_of(data, size));
-  // The "+" of a huge number's exponent begins a key, as any does.
+  // The "+" in the exponent of a huge number begins a key, as any "+" does.
   auto const has_huge = [](std::string const& text) {
     return text.find("e+") != std::string::npos;
   };
   std::string const written = rewritten(definition);
   fuzz::require(has_huge(written) || rewritten(written) == written,
                 "a text of ours is not read as it was written");
-  // What is written gives every number, so that a zone may be known that was not, with
-  // a meridian a turn away; after that nothing changes.
+  // The first edit writes every number, so the second one may recognise a zone and
+  // write its meridian, which may differ by 360 degrees. A third edit must change nothing.
   std::string const applied = edited(edited(definition));
   fuzz::require(has_huge(applied) || edited(applied) == applied,
                 "the dialog changes what it has written");

@@ -1,4 +1,4 @@
-// A text in any notation.
+// Imports a text in any notation.
 #include "fuzz.h"
 #include "text/strconv.h"
 #include "zu_pj_edit/zu_pj4_layer.h"

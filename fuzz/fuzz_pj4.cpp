@@ -1,4 +1,4 @@
-// A definition file: what is loaded from it, saved again and loaded again.
+// Loads a definition file, saves the definition and loads it again.
 #include "fuzz.h"
 #include "interchange/add_file.h"
 

@@ -1,4 +1,4 @@
-// An ESRI projection file: its definition, and that one's file.
+// Imports an ESRI projection file and exports its definition into a file.
 #include "fuzz.h"
 #include "zu_pj_edit/zu_pj4_layer.h"
 

@@ -1,4 +1,4 @@
-// A dBase table: each of its values, and the loading of a catalogue of such.
+// Reads all values of a dBase table, and loads it as each table of the catalogue.
 #include "catalogue/catalogue.h"
 #include "catalogue/dbf.h"
 #include "catalogue/pj_dbf.h"
@@ -9,7 +9,7 @@ int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
   core_test::put_file(name, fuzz::text_of(data, size));
   Tzu_file_dbf table;
   if (table.open(name.c_str(), true) != 0) return 0;
-  // The header may promise more records than any fuzzer has time for.
+  // The header may promise more records than there is time for.
   for (std::uint32_t record = 0; record < std::min(table.get_nr(), 100U); ++record) {
     table.set_rec(record);
     for (std::uint32_t field = 0; field < table.get_np(); ++field) {

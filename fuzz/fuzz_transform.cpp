@@ -1,4 +1,4 @@
-// Points between two definitions: two lines, and behind them the coordinates.
+// Transforms points between two definitions. The input is two lines, then coordinates.
 #include <bit>
 #include <cmath>
 #include <cstring>

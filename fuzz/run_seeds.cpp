@@ -1,4 +1,4 @@
-// Runs a fuzzer's function on the files of folders, as an ordinary test.
+// Calls the function of a fuzzer for each file of the folders, as an ordinary test.
 #include <filesystem>
 #include <span>
 

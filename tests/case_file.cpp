@@ -51,7 +51,7 @@ words pieces_of(std::string const& text, std::string const& separator) {
   return pieces;
 }
 
-// As a shell takes a line apart, where every quote is a double one.
+// Splits a line as a shell does. All quotes are double ones.
 words shell_words(std::string const& text) {
   words parts;
   std::istringstream stream(text);
@@ -193,7 +193,7 @@ class Tfile {
     started_ = number_;
   }
 
-  // The last one may have lines of output yet.
+  // Lines of output may follow the last one.
   void take_rows(std::string const& inputs, std::string const& wanted) {
     for (auto const& input : pieces_of(inputs, " || ")) {
       finish();
@@ -207,7 +207,7 @@ class Tfile {
     }
   }
 
-  // What is behind "=>".
+  // Takes the text after "=>".
   void expect(std::string const& text) {
     if (text == " \"\"") return wanted_.add("\\c");
     if (text.size() > 1) wanted_.add(text.substr(1) + "\\c");

@@ -22,7 +22,7 @@ struct scope {
 
   // A file in the scope's folder.
   std::filesystem::path path(std::string const& utf8) const;
-  // With the name of the folder in place of "<folder>", and the other way round.
+  // Replaces "<folder>" by the folder's name, and the name by "<folder>".
   std::string with_folder(std::string text) const;
   std::string without_folder(std::string text) const;
 
@@ -33,11 +33,12 @@ struct scope {
   std::any state;     // the operations' own
 };
 
-// Texts to a text, all in UTF-8 unless the operation says otherwise.
+// Makes a text of texts. They are UTF-8 unless the operation says otherwise.
 using operation = std::function<std::string(scope&, words const&)>;
 using operations = std::map<std::string, operation>;
 
-// Those of the program. "put", "cat", "mkdir", "ls", "cd" and "env" are there besides.
+// The operations of the program. Every program has "put", "cat", "mkdir", "ls", "cd" and
+// "env", too.
 operations const& of_program();
 
 }  // namespace case_file

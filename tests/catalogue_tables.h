@@ -1,5 +1,4 @@
-// Tables of a catalogue, written with shapelib, so that their writer and our
-// reader are strangers.
+// Writes tables of a catalogue with shapelib, which shares no code with our reader.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -33,7 +32,7 @@ inline table_columns columns_of(std::string const& table) {
 }
 
 // Rows are written as "COLUMN=text;COLUMN=text". Names and keys are text, all
-// others numbers; what a row does not give becomes shapelib's null, which is
+// others numbers. A column that a row does not give becomes shapelib's null, which is
 // asterisks in a number.
 inline void write_table(std::string const& file, table_columns const& names,
                         std::vector<std::string> const& rows) {

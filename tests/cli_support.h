@@ -12,11 +12,6 @@
 
 namespace cli_test {
 
-constexpr char const* unordered =
-    "+units=m +k=1 +proj=tmerc +ellps=WGS84 +lon_0=39 +towgs84=1,2,3 +x_0=7500000";
-constexpr char const* ordered =
-    "+proj=tmerc +lon_0=39 +x_0=7500000 +k_0=1 +towgs84=1,2,3,0,0,0,0 +ellps=WGS84 +units=m "
-    "+lon_wrap=45 +no_defs\n";
 constexpr char const* local_system =
     "+proj=tmerc +lon_0=78.05 +lat_0=0 +x_0=4500000 +y_0=-5811057.628 +k_0=1 "
     "+towgs84=24.82,-131.21,-82.66,0,0,0.16,-0.12 +ellps=krass +units=m +lon_wrap=45 +no_defs";

@@ -37,13 +37,12 @@ class Ttemp_folder {
 
 void put_file(std::string const& name, std::string_view content);
 std::string read_file(std::string const& name);
-// The content goes into the record, too.
+// Adds the content to the record, too.
 std::string get_file(std::string const& name);
 
-// With the variable ZU_TEST_RECORD set, adds a text that the system under test
-// gave to the program's file in the folder of that name: the same tests give
-// the same record on every platform, save those of suites with the platform's
-// name. Wide text is recorded as UTF-8. Gives the text back.
+// Adds a text of the system under test to the record, and returns it. The record is a file of
+// the program's name in the folder ZU_TEST_RECORD. It is the same on every platform, because
+// suites with the name of a platform add nothing. Wide text is recorded as UTF-8.
 std::string const& recorded(std::string const& text);
 std::wstring const& recorded(std::wstring const& text);
 
@@ -64,7 +63,7 @@ struct system_page {
   char const* encoding;
   wchar_t const* letters;
   char const* bytes;  // the letters in this page
-  // What the page cannot spell, if anything. The first is one that Windows takes
+  // Letters that the page does not have. Windows takes the first one
   // for the letter `like` when asked for that page.
   std::vector<wchar_t const*> foreign;
   char const* like;

@@ -1,5 +1,5 @@
 // An operator new that fails where a test wants it to, for the whole program, its
-// libraries included. What is taken by malloc alone does not fail.
+// libraries included. Calls of malloc do not fail.
 #pragma once
 
 #include <cstddef>
@@ -10,19 +10,19 @@
 
 namespace failing_allocator {
 
-// Whether memory is back after the failure, or lacks from then on.
+// Whether only one allocation fails, or all from that one on.
 enum class lack { once, for_good };
 
 // Which allocations count, and may fail, by the code that called operator new.
 using filter = bool (*)(void const* caller);
 bool all(void const* caller) noexcept;
-// Those of the program's own code, by way of the standard library or not. Not there
-// on Windows, where the libraries are parts of the program.
+// Only those of the program's own code, also when the standard library makes them. Not on
+// Windows, where the libraries are parts of the program.
 bool own(void const* caller) noexcept;
 
 // Makes the n-th allocation from here on fail, counted over all threads.
 void arm(std::size_t nth, lack how_long, filter counts = all) noexcept;
-// Ends that; whether the failure came.
+// Ends that, and tells whether the allocation failed.
 bool disarm() noexcept;
 
 // What the road gives; "no memory" when it throws std::bad_alloc.
@@ -40,19 +40,19 @@ std::string made_by(Produce produce) {
 }
 
 struct options {
-  // Whether what is taken has to be given back; libraries that keep something for
-  // their next call cannot be asked that.
+  // Whether all memory has to be given back. Some libraries keep memory for the next
+  // call.
   bool gives_back = true;
   filter counts = all;
   // Called after each failure.
   std::function<void()> check = [] {};
 };
 
-// Goes the road with each allocation denied in turn, until it needs no more of them.
+// Runs the road once for each of its allocations, which fails.
 // It has to give the right result, the text "failed" or std::bad_alloc. In a first
-// round nothing comes between, so that what is made once in a process is denied, too,
-// at each place; then the road is gone again after each failure, and has to give the
-// right result.
+// round the road is not repeated after a failure, so that also things that are made only
+// once in a process fail at each place. In a second round it is repeated, and has to give
+// the right result.
 void deny_each(std::function<std::string()> const& road, std::string const& right,
                options const& wanted = {});
 

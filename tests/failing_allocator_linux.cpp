@@ -11,8 +11,8 @@
 namespace failing_allocator {
 namespace {
 
-// Where the module is loaded that the code is in; null for the standard library's.
-// What of that is made of templates may be in any module, which all share it.
+// The start of the module with the code; null for the standard library's code.
+// Its templates may be compiled into any module.
 void const* module_of(void const* code) noexcept {
   Dl_info info{};
   if (dladdr(code, &info) == 0) return nullptr;

@@ -7,7 +7,7 @@
 namespace core_test {
 namespace {
 
-// What is done instead of waiting that many milliseconds.
+// Called in place of a wait of so many milliseconds.
 std::function<void(unsigned)>& in_sleep() {
   static std::function<void(unsigned)> instance;
   return instance;

@@ -1,5 +1,5 @@
-// A file that is kept from who opens it next, and the pauses that a program makes
-// for it.
+// Holds a file open, so that others cannot open it; counts how often a program waits for
+// it.
 #pragma once
 
 #include <windows.h>
@@ -12,13 +12,13 @@
 
 namespace core_test {
 
-// To the system it is one whether another program has the file or this one.
+// For the system it is the same whether this program or another one has the file.
 class Tfile_holder {
  public:
   // How it has the file open: for nobody else, to write it, to read it.
   enum Tsharing { alone, writing, reading };
 
-  // A failure is one of the test.
+  // The test fails when this does.
   Tfile_holder(std::string const& name, Tsharing sharing);
   void let_go() { file_.reset(); }
 
@@ -30,7 +30,7 @@ class Tfile_holder {
   std::unique_ptr<HANDLE, closer> file_;
 };
 
-// Runs `act`, whose calls of Sleep take no time, and gives their milliseconds.
+// Runs `act`. Its calls of Sleep take no time; gives their milliseconds.
 // Each calls `in_pause` with its number, from 1.
 std::vector<unsigned> pauses_of(std::function<void()> const& act,
                                 std::function<void(std::size_t)> const& in_pause = {});

@@ -1,4 +1,4 @@
-// What of the floating-point units a host sets and sees.
+// The state of the floating-point units, as a host sets and sees it.
 #pragma once
 
 #include <xmmintrin.h>

@@ -1,4 +1,4 @@
-// Whoever has this in it reckons with traps on from its start.
+// A program with this file in it starts with traps on.
 
 #include "float_state.h"
 

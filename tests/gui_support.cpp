@@ -15,10 +15,10 @@
 
 #include <algorithm>
 #include <chrono>
-#include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <memory>
 #include <mutex>
 #include <stdexcept>
 #include <thread>
@@ -44,29 +44,34 @@ class Twatch_dog {
   }
   // Returns what the program waited for before. Empty if it waits for nothing.
   std::string await(std::string what) {
-    std::lock_guard const lock(mutex_);
-    since_ = std::chrono::steady_clock::now();
-    return std::exchange(what_, std::move(what));
+    std::lock_guard const lock(state_->mutex);
+    state_->since = clock::now();
+    return std::exchange(state_->what, std::move(what));
   }
 
  private:
-  void watch(std::stop_token const& stop) {
-    std::unique_lock lock(mutex_);
-    while (!stop.stop_requested()) {
-      changed_.wait_for(lock, stop, std::chrono::seconds(1), [] { return false; });
-      if (what_.empty() || std::chrono::steady_clock::now() - since_ < patience_of_watch_dog)
-        continue;
+  using clock = std::chrono::steady_clock;
+  struct Tstate {
+    std::mutex mutex;
+    std::string what;
+    clock::time_point since;
+  };
+
+  // The thread ends with the program. Nobody may wait for it then.
+  Twatch_dog() {
+    std::thread([state = state_] { watch(*state); }).detach();
+  }
+  static void watch(Tstate& state) {
+    for (;; std::this_thread::sleep_for(std::chrono::seconds(1))) {
+      std::lock_guard const lock(state.mutex);
+      if (state.what.empty() || clock::now() - state.since < patience_of_watch_dog) continue;
       std::fprintf(stderr, "error: the program %s, and its thread is blocked\n",
-                   in_vain(what_).c_str());
+                   in_vain(state.what).c_str());
       std::_Exit(EXIT_FAILURE);
     }
   }
 
-  std::mutex mutex_;
-  std::condition_variable_any changed_;
-  std::string what_;
-  std::chrono::steady_clock::time_point since_;
-  std::jthread thread_{[this](std::stop_token const& stop) { watch(stop); }};
+  std::shared_ptr<Tstate> state_ = std::make_shared<Tstate>();
 };
 
 // Names what the program waits for in a scope.
@@ -234,7 +239,7 @@ void focus(wxWindow& control) {
   control.SetFocus();
   wxString const what = wxString::Format("the focus of %s \"%s\"",
                                          control.GetClassInfo()->GetClassName(), control.GetName());
-  wait_for(what.ToStdString(), [&] { return wxWindow::FindFocus() == &control; });
+  wait_for(what.ToStdString(), [&] { return platform::has_focus(control); });
 }
 
 void press(int key, int modifiers) {

@@ -134,6 +134,8 @@ namespace platform {
 void prepare_display();
 // Whether the form is on the screen and gets the keys. If not, asks for them.
 bool has_keyboard(wxTopLevelWindow& form);
+// Whether the keys of the form go to this control.
+bool has_focus(wxWindow const& control);
 // Whether the toolkit and the window system agree where the control is.
 bool is_settled(wxWindow const& control);
 void turn_wheel();

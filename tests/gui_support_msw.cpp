@@ -27,6 +27,8 @@ bool has_keyboard(wxTopLevelWindow& form) {
   return false;
 }
 
+bool has_focus(wxWindow const& control) { return GetFocus() == control.GetHandle(); }
+
 bool is_settled(wxWindow const& control) {
   wxSize const size = control.GetSize();
   wxPoint const centre = control.GetScreenPosition() + wxPoint(size.x / 2, size.y / 2);

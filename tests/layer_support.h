@@ -1,5 +1,4 @@
-/* What the tests of the C-style layer share: checks, a string adapter, and what only
-   the platform and the suite can give. */
+/* Shared by the tests of the C-style layer: checks, a string adapter, files and the language. */
 #ifndef ZU_LAYER_SUPPORT_H
 #define ZU_LAYER_SUPPORT_H
 
@@ -9,31 +8,30 @@
 extern "C" {
 #endif
 
-/* Tells of a condition that does not hold; layer_result is main's result then. */
+/* Reports a false condition. layer_result is the exit code of main. */
 #ifndef __cplusplus
 #define CHECK(condition) layer_check((condition) ? 1 : 0, #condition, __FILE__, __LINE__)
 #endif
 void layer_check(int holds, char const* what, char const* file, int line);
 int layer_result(void);
 
-/* Whether both are texts, and the same. */
+/* Whether both are the same text and neither is null. */
 int layer_same(char const* left, char const* right);
 
-/* The program's adapter, which has received nothing. */
+/* The program's adapter. Forgets the texts that it has received. */
 Izu_string_adp* layer_adapter(void);
-/* How many texts it has received since, and whether it was one, of that width. */
+/* How many texts it has received since then, and whether it was exactly this one. */
 int layer_received_count(void);
 int layer_received(char const* text);
 int layer_received_wide(wchar_t const* text);
-/* The narrow text; null when there is none. */
+/* The narrow text; null if there is none. */
 char const* layer_received_narrow(void);
 
 /* The language: 1 is Russian, 0 English. */
 void layer_set_language(int language);
-/* Path of a file in a folder of the program's own, which goes with it. Valid until
-   the next call. */
+/* The path of a file in a temporary folder of the program. Valid until the next call. */
 wchar_t const* layer_file(wchar_t const* name);
-/* A file's content, until the next call; null when there is none to be read. */
+/* The content of a file, until the next call; null if it cannot be read. */
 char const* layer_content(wchar_t const* name);
 
 #ifdef __cplusplus

@@ -54,7 +54,7 @@ struct command {
   std::string program;
   std::vector<std::string> arguments;
   std::string input;
-  // Standard output is one that takes nothing.
+  // Writing to standard output fails.
   bool loses_output = false;
 };
 

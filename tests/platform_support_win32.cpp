@@ -35,12 +35,12 @@ handle_ptr open_for_child(std::filesystem::path const& name, DWORD access, DWORD
   return handle_ptr(handle);
 }
 
-// As the C run-time of the program takes a command line apart.
+// Quotes an argument as the C run-time expects it.
 std::wstring quoted(std::wstring const& argument) {
   std::wstring text = L"\"";
   std::size_t backslashes = 0;
   for (wchar_t const c : argument) {
-    // Those before a quote stand for half as many, and one more for the quote.
+    // Backslashes before a quote are doubled, and the quote gets one more.
     if (c == L'"') text.append(backslashes + 1, L'\\');
     backslashes = c == L'\\' ? backslashes + 1 : 0;
     text += c;

@@ -1,7 +1,8 @@
-// Files where names are bytes.
+// Files, folders and terminals as POSIX has them.
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <stdlib.h>  // NOLINT(modernize-deprecated-headers): POSIX's own
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -12,16 +13,21 @@
 #include <thread>
 
 #include "basic/file.h"
+#include "basic/file_system.h"
+#include "basic/path.h"
+#include "basic/session.h"
 #include "core_support.h"
 
 namespace {
 
 namespace fs = std::filesystem;
+namespace files = zu::file_system;
 using core_test::put_file;
 using core_test::read_file;
+using core_test::Tenvironment;
 using core_test::Ttemp_folder;
 
-// What the act gives in a process of its own.
+// Runs the act in another process and gives its result.
 template <class Act>
 int apart(Act act) {
   pid_t const child = fork();
@@ -33,7 +39,7 @@ int apart(Act act) {
 
 constexpr std::size_t long_size = 200000;
 
-// A process of its own that saves now one and now the other content for ever.
+// Another process, which saves the two contents in turn for ever.
 pid_t start_saving(std::wstring const& name) {
   pid_t const saver = fork();
   if (saver != 0) return saver;
@@ -47,7 +53,7 @@ bool is_whole(std::string const& content) {
   return content == std::string(long_size, 'a') || content == std::string(long_size, 'b');
 }
 
-// When they die is left to chance; what they leave is not.
+// The savers die at random moments; the file must be whole each time.
 TEST(File_posix, savers_that_die_and_savers_at_once_leave_one_content_whole) {
   Ttemp_folder const folder;
   std::mt19937 random(5);  // NOLINT(cert-msc51-cpp): repeatable
@@ -72,7 +78,7 @@ TEST(File_posix, a_save_without_room_leaves_the_old_file_and_no_other) {
   put_file(folder.file("old"), "old");
   std::string const content(long_size, 'a');
   EXPECT_FALSE(apart([&] {
-    // As on a full disk: what is beyond the limit is not written.
+    // As on a full disk: nothing is written beyond the limit.
     rlimit const limit{1000, 1000};
     static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
     setrlimit(RLIMIT_FSIZE, &limit);
@@ -104,7 +110,7 @@ TEST(File_posix, saving_changes_the_content_alone) {
   EXPECT_EQ(folder.count(), 7U) << "and nothing beside them";
 }
 
-// As a user to whom permissions apply, which the superuser is not.
+// As an ordinary user: permissions do not stop the superuser.
 TEST(File_posix, what_may_not_be_written_is_not_and_a_closed_folder_is_no_hindrance) {
   Ttemp_folder const folder;
   for (char const* name : {"read only", "open"}) put_file(folder.file(name), "old");
@@ -129,6 +135,68 @@ TEST(File_posix, what_may_not_be_written_is_not_and_a_closed_folder_is_no_hindra
   EXPECT_EQ(read_file(folder.file("read only")), "old");
   EXPECT_EQ(read_file(folder.file("open")), "new");
   EXPECT_EQ(folder.count(), 3U);
+}
+
+TEST(Session_posix, knows_user_and_computer_as_the_systems_programs_do) {
+  auto const told = [](char const* program, char const* option) {
+    std::string const text = core_test::run({program, {option}, "", false}).out;
+    return text.substr(0, text.find_first_of(".\n"));
+  };
+  auto const user = zu::session::user_name();
+  EXPECT_EQ(zu::path::to_native(user), told("/usr/bin/id", "-un"));
+  EXPECT_EQ(zu::path::to_native(zu::session::computer_name()), told("/usr/bin/uname", "-n"));
+}
+
+TEST(Session_posix, knows_a_terminal) {
+  auto const is_terminal = [](char const* name) {
+    zu::file::stream const stream(std::fopen(name, "r+"));
+    return stream && zu::session::is_terminal(stream.get());
+  };
+  zu::file::stream const master(std::fopen("/dev/ptmx", "r+"));
+  if (!master) GTEST_SKIP() << "no terminals here";
+  ASSERT_EQ(grantpt(fileno(master.get())), 0);
+  ASSERT_EQ(unlockpt(fileno(master.get())), 0);
+  EXPECT_TRUE(is_terminal(ptsname(fileno(master.get()))));
+  EXPECT_FALSE(is_terminal("/dev/null"));
+}
+
+TEST(File_system_posix, names_are_spelled_in_the_systems_encoding_or_not_at_all) {
+  Ttemp_folder const folder;
+  Tenvironment const system{{"LC_ALL", "ru_RU.CP1251"}};
+  put_file(folder.file("f"), "x");
+  std::wstring const foreign = folder.wide(L"\u00FC");
+  EXPECT_FALSE(files::copy_file(folder.wide(L"f"), foreign));
+  EXPECT_FALSE(files::move(folder.wide(L"f"), foreign));
+  EXPECT_FALSE(files::make_folders(foreign));
+  EXPECT_FALSE(files::make_temporary_file(foreign));
+  EXPECT_EQ(folder.count(), 1U);
+  // A byte that is no character of the encoding.
+  Tenvironment const utf8{{"LC_ALL", "C.UTF-8"}};
+  put_file(folder.file("\xC6"), "");
+  EXPECT_EQ(files::find(folder.wide(L""), L"*"), std::vector<std::wstring>{L"f"});
+}
+
+TEST(File_system_posix, case_point_and_permissions_count) {
+  Ttemp_folder const folder;
+  put_file(folder.file(".F"), "x");
+  EXPECT_TRUE(files::get_attributes(folder.wide(L".F"))->is_hidden);
+  EXPECT_EQ(files::find(folder.wide(L""), L".f"), std::vector<std::wstring>());
+  fs::permissions(folder.file(".F"), static_cast<fs::perms>(0640));
+  ASSERT_TRUE(files::copy_file(folder.wide(L".F"), folder.wide(L"g")));
+  EXPECT_EQ(fs::status(folder.file("g")).permissions(), static_cast<fs::perms>(0640));
+}
+
+TEST(File_system_posix, moves_a_file_to_another_volume) {
+  Ttemp_folder const folder;
+  std::string const other = "/dev/shm";
+  if (!fs::exists(other)) GTEST_SKIP();
+  Tenvironment const volume{{"TMPDIR", other.c_str()}};
+  Ttemp_folder const away;
+  put_file(folder.file("f"), "new");
+  put_file(away.file("f"), "old");
+  EXPECT_TRUE(files::move(folder.wide(L"f"), away.wide(L"f")));
+  EXPECT_EQ(core_test::read_file(away.file("f")), "new");
+  EXPECT_EQ(folder.count() + away.count(), 1U);
 }
 
 }  // namespace

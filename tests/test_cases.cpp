@@ -1,6 +1,7 @@
 // What the files of tests/cases/test_cases do with their texts.
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <sstream>
 
@@ -22,6 +23,7 @@
 #include "pj_edit/edit_paste.h"
 #include "pj_edit/edit_tips.h"
 #include "pj_edit/point_trial.h"
+#include "proj4/proj4_str_correct.h"
 #include "proj4/short_text.h"
 #include "reproj/reproj_d2.h"
 #include "text/rc.h"
@@ -47,14 +49,14 @@ struct definition : Tzu_proj4_str {
   }
 };
 
-// What is written is read and written as it is.
+// Reading and writing the result changes nothing.
 std::string normalize(scope& /*in*/, words const& a) {
   std::string const once = definition(a.at(0)).composed();
   std::string const again = definition(once).composed();
   return again == once ? once : once + " and then " + again;
 }
 
-// By a sphere's radius where it has one, and after that in the ordinary form.
+// For PROJ, and after that in the ordinary form.
 std::string normalize_for_proj(scope& /*in*/, words const& a) {
   definition set(a.at(0));
   set.compose_for_proj4();
@@ -109,9 +111,13 @@ std::string interface(scope& /*in*/, words const& a) {
       zu::strconv::from_interface(Tzu_rc::get_str(std::stoi(a.at(1)), std::stoi(a.at(2)))));
 }
 
+// With "; " for the ends of the lines.
 std::string describe(scope& /*in*/, words const& a) {
   speak(a.at(0));
-  return to_utf8(zu::strconv::from_interface(definition(a.at(1)).get_text()));
+  auto text = to_utf8(zu::strconv::from_interface(definition(a.at(1)).get_text()));
+  for (std::size_t at = 0; (at = text.find("\r\n", at)) != std::string::npos;)
+    text.replace(at, 2, "; ");
+  return text;
 }
 
 std::string fed(std::function<int(Izu_string_adp*)> const& produce) {
@@ -125,7 +131,8 @@ std::string summarize(scope& /*in*/, words const& a) {
   return fed([&](auto* to) { return Tzu_short_text_helper::get_short_text(a.at(1).c_str(), to); });
 }
 
-// Those that the summary leaves out, too; of what was read before nothing counts.
+// All parts, also those that the summary leaves out. Nothing of an earlier definition is
+// left.
 std::string parts(scope& /*in*/, words const& a) {
   static Tzu_pj4_parts read;
   speak("en");
@@ -139,8 +146,12 @@ case_file::operation converted_by(int (*convert)(wchar_t const*, Izu_string_adp*
   };
 }
 
-// Names of a geographic system by its seven numbers and its ellipsoid, and what comes
-// back of its ESRI WKT.
+std::string patch_for_gdal(scope& /*in*/, words const& a) {
+  return Tzu_proj4_str_correct().patch_proj4_for_gdal(a.at(0).c_str());
+}
+
+// The names that ESRI WKT has for seven numbers and an ellipsoid, and the definition that
+// is read from it.
 std::string names_in_esri(scope& /*in*/, words const& a) {
   auto const wkt = fed([&](auto* to) {
     auto const definition = "+proj=longlat +towgs84=" + a.at(0) + " " + a.at(1) + " +no_defs";
@@ -253,7 +264,18 @@ std::string step(scope& in, words const& a) {
          editor.get_proj4_string();
 }
 
-// What is told of a paste, or the definition then.
+// Chooses so many numbers, and counts how many can be undone.
+std::string many_steps(scope& in, words const& a) {
+  auto& [projections, datums, editor, history] = catalogue_of(in);
+  editor.choose_datum(zu::edit_state::custom_datum);
+  history.start(editor.step());
+  for (int i = 1; i <= std::stoi(a.at(0)); ++i) editor.set_shift(0, i);
+  int undone = 0;
+  for (; history.can_undo(); ++undone) editor.set_step(history.undo());
+  return std::to_string(undone);
+}
+
+// The note on a paste, or the new definition.
 std::string paste(scope& in, words const& a) {
   auto& editor = catalogue_of(in).editor;
   speak(a.at(0));
@@ -295,8 +317,7 @@ std::string tip(scope& in, words const& a) {
   return to_utf8(zu::tell_shift(editor, std::stoul(a[1])));
 }
 
-// What is to be told of the catalogue and of a definition that is opened, or of that
-// which is there.
+// The note on the catalogue and on a definition, which is opened if it is given.
 std::string note(scope& in, words const& a) {
   auto& [projections, datums, editor, history] = catalogue_of(in);
   speak(a.at(0));
@@ -306,7 +327,7 @@ std::string note(scope& in, words const& a) {
   return in.without_folder(to_utf8(zu::compose_note(L"", zu::tell_catalogue({}, faults), editor)));
 }
 
-// What is to be told of a file that is loaded, or into which a definition is saved.
+// The note on a file after loading it, or after saving a definition in it.
 std::string file_note(scope& in, words const& a) {
   speak(a.at(0));
   std::wstring const name = in.folder.wide(from_utf8(a.at(1)));
@@ -332,8 +353,7 @@ template <class Param, class Value>
 void add_param(std::ostringstream& text, std::string_view key, Param const& param,
                Value const& value) {
   if (!param.get_use_proj4() && !param.get_def_default() && value == Value()) return;
-  text << "\n"
-       << key << (param.get_use_proj4() ? "" : ", not of PROJ")
+  text << "; " << key << (param.get_use_proj4() ? "" : ", not of PROJ")
        << (param.get_show() ? ", shown" : "");
   if (param.get_def_default()) text << ", is " << value;
   if (!param.get_def_default() && value != Value()) text << ", (" << value << ")";
@@ -358,7 +378,7 @@ std::string projection(scope& in, words const& a) {
     if (param.get_def_min() || param.get_min() != 0) text << ", from " << param.get_min();
     if (param.get_def_max() || param.get_max() != 0) text << ", to " << param.get_max();
   }
-  return text.str() + "\n";
+  return text.str();
 }
 
 std::string datums(scope& in, words const& /*a*/) {
@@ -459,7 +479,7 @@ std::vector<double> numbers_of(std::string const& text) {
   return numbers;
 }
 
-// To twelve digits: those behind are the mathematics library's own.
+// To twelve digits. The next ones depend on the mathematics library.
 std::string text_of(std::vector<double> const& numbers) {
   std::string text;
   for (double const one : numbers)
@@ -467,15 +487,32 @@ std::string text_of(std::vector<double> const& numbers) {
   return text;
 }
 
-// A point from one system to another; what is no text of a system is its geographic one.
+// A point from one system to another. An empty text is the other one's geographic system.
 std::string transform(scope& /*in*/, words const& a) {
   Tzu_reproj_xy reproj;
   bool const made = a.at(0).empty()   ? reproj.init_from_latlong(a.at(1).c_str())
                     : a.at(1).empty() ? reproj.init_to_latlong(a[0].c_str())
                                       : reproj.init(a[0].c_str(), a[1].c_str());
   auto point = numbers_of(a.at(2));
-  if (!made) return "no operation";
-  return reproj.apply(&point.at(0), &point.at(1)) ? text_of(point) : "failed";
+  bool const done = reproj.apply(&point.at(0), &point.at(1));
+  if (!made) return done || text_of(point) != a[2] ? "moved all the same" : "no operation";
+  return done ? text_of(point) : "failed";
+}
+
+// A name, a system, degrees and metres; the last two have to agree to the published
+// digits.
+std::string there_and_back(scope& /*in*/, words const& a) {
+  Tzu_reproj_xy reproj;
+  if (!reproj.init_from_latlong(a.at(1).c_str())) return "no operation";
+  auto const degrees = numbers_of(a.at(2));
+  auto const metres = numbers_of(a.at(3));
+  auto there = degrees;
+  auto back = metres;
+  reproj.apply(&there.at(0), &there.at(1));
+  reproj.apply(&back.at(0), &back.at(1), reproj_direction::backward);
+  bool const is_near = std::hypot(there[0] - metres.at(0), there[1] - metres.at(1)) <= 0.01 &&
+                       std::hypot(back[0] - degrees.at(0), back[1] - degrees.at(1)) <= 3e-7;
+  return is_near ? "as published" : text_of(there) + ", back " + text_of(back);
 }
 
 // As the dialog searches when its list is whole.
@@ -492,7 +529,7 @@ std::string search(scope& /*in*/, words const& a) {
   return rows.empty() ? "" : rows.front()->id;
 }
 
-// What is told of the row that comes first, deprecated ones with it, which is taken.
+// Takes the first row, deprecated ones included, and gives what the dialog tells of it.
 std::string take(scope& in, words const& a) {
   speak(a.at(0));
   auto const rows = find_systems(a.at(1), true);
@@ -518,6 +555,7 @@ case_file::operations const& case_file::of_program() {
   static operations const all{{"search", &search},
                               {"take", &take},
                               {"step", &step},
+                              {"many_steps", &many_steps},
                               {"paste", &paste},
                               {"tip", &tip},
                               {"angle", &angle},
@@ -536,6 +574,7 @@ case_file::operations const& case_file::of_program() {
                               {"from_esri", converted_by(&zu_pj4_import_esri_prj)},
                               {"import", converted_by(&zu_pj4_import_crs)},
                               {"names_in_esri", &names_in_esri},
+                              {"patch_for_gdal", &patch_for_gdal},
                               {"load", &load},
                               {"table", &table},
                               {"use_tables", &use_tables},
@@ -560,6 +599,7 @@ case_file::operations const& case_file::of_program() {
                               {"known", &known},
                               {"known_from_esri", &known_from_esri},
                               {"transform", &transform},
+                              {"there_and_back", &there_and_back},
                               {"box", &box}};
 
   return all;

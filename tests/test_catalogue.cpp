@@ -4,7 +4,6 @@
 
 #include "catalogue/catalogue.h"
 #include "catalogue_tables.h"
-#include "proj4/proj4_param.h"
 
 namespace {
 
@@ -74,27 +73,6 @@ TEST_F(Catalogue, remembers_what_was_found_last) {
   EXPECT_EQ(caption(catalogue.get_proj_defs().find_by_name_south("tmerc", true)), "TM south");
   catalogue.load();
   EXPECT_TRUE(catalogue.get_last_proj() == nullptr && catalogue.get_last_zone() == nullptr);
-}
-
-// A parameter of a definition takes a row's value where the row has one.
-template <class Param, class From, class Value>
-void expect_taken(Value value, char const* text) {
-  Param param("key");
-  From given;
-  given.set_default(value);
-  param.val_from_str("1");
-  param.set_param(given);
-  EXPECT_FALSE(param.get_def()) << text;
-  given.set_def_default(true);
-  param.set_param(given);
-  EXPECT_STREQ(param.get_out_str(), text);
-}
-
-TEST(Proj_defs, values_go_into_definitions) {
-  expect_taken<Tzu_proj4_param_str, Tzu_pj_str_param>("krass", "+key=krass ");
-  expect_taken<Tzu_proj4_param_int, Tzu_pj_int_param>(37, "+key=37 ");
-  expect_taken<Tzu_proj4_param_dbl, Tzu_pj_dbl_param>(-0.5, "+key=-0.5 ");
-  expect_taken<Tzu_proj4_param_bool, Tzu_pj_bool_param>(true, "+key ");
 }
 
 }  // namespace

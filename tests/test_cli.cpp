@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "basic/str.h"
 #include "cli_support.h"
 
 namespace {
@@ -17,9 +18,7 @@ namespace fs = std::filesystem;
 using cli_test::Cli;
 using cli_test::expect_lines;
 using cli_test::local_system;
-using cli_test::ordered;
 using cli_test::shell_letters;
-using cli_test::unordered;
 using core_test::get_file;
 using core_test::put_file;
 
@@ -92,9 +91,6 @@ TEST_F(Cli, FindsItsCatalogueInAFolderOfAnyLetterOfThePage) {
     EXPECT_NE(run({"--catalogue", folder + "prj_def", "catalogue", "datums"}).out,
               run({"catalogue", "datums"}).out);
   }
-  // What needs no catalogue goes without.
-  fs::create_directory(path("folder"));
-  expect_lines(run({"--catalogue", path("folder"), "normalize", unordered}), ordered);
 }
 
 TEST_F(Cli, ExplainsItself) {
@@ -104,6 +100,60 @@ TEST_F(Cli, ExplainsItself) {
     EXPECT_NE(result.out, "");
     EXPECT_EQ(result.err, "");
   }
+}
+
+// The dialog adds seven numbers to a datum's key. Two of the systems do not have them.
+TEST_F(Cli, KnowsSystemsByDefinitionAlsoAfterTheDialog) {
+  auto const lines_of = [](std::string const& text) { return zu::str::split(text, "\n"); };
+  auto const list = run({"known", "--list"}).out;
+  EXPECT_EQ(std::ranges::count(list, '\n'), 442);
+  EXPECT_NE(list.find("\n73\tPulkovo_1942_GK_Zone_7\tconfirmed\t+proj=tmerc +lon_0=39 "),
+            std::string::npos);
+  std::string definitions;
+  for (auto const row : lines_of(list)) {
+    // Placeholders are not for use.
+    if (row.empty() || row.ends_with("\tunconfirmed\t")) continue;
+    EXPECT_NE(row.find("\tconfirmed\t+proj="), std::string_view::npos) << row;
+    definitions.append(row.substr(row.rfind('\t') + 1)).append("\n");
+  }
+  EXPECT_EQ(std::ranges::count(definitions, '\n'), 381);
+  auto const direct = run({"to-esri", "-"}, definitions).out;
+  auto const edited = run({"to-esri", "-"}, run({"apply", "-"}, definitions).out).out;
+  auto const before = lines_of(direct);
+  auto const after = lines_of(edited);
+  ASSERT_EQ(before.size(), after.size());
+  std::vector<std::string> changed;
+  for (std::size_t i = 0; i < before.size(); ++i)
+    for (auto const text : {before[i], after[i]})
+      if (before[i] != after[i]) changed.emplace_back(text.substr(0, text.find(',')));
+  EXPECT_EQ(changed, (std::vector<std::string>{"GEOGCS[\"GCS_WGS_1984\"", "GEOGCS[\"GCS_unknown\"",
+                                               "PROJCS[\"Russia_Cadastre_77_1\"", ""}));
+}
+
+// The text and one of its lines are longer than the buffer.
+TEST_F(Cli, KeepsTheOrderOfLongInput) {
+  std::string input;
+  std::string output;
+  auto const add = [&](std::string const& rest) {
+    input.append("39 0 ").append(rest).append("\n");
+    output.append("500000.0000 0.0000 ").append(rest).append("\n");
+  };
+  for (int i = 0; i < 400000; ++i) add(std::to_string(i) + " a name");
+  add(std::string(std::size_t{5} << 20U, 'x'));
+  for (int i = 0; i < 100000; ++i) add(std::to_string(i));
+  put_file(path("long.txt"), input);
+  std::vector<std::string> arguments{"transform", "--from", "EPSG:4326", "--to", "EPSG:32637"};
+  EXPECT_TRUE(core_test::run({ZU_PJ4, arguments, input}).out == output);
+  EXPECT_EQ(core_test::run({ZU_PJ4, arguments, input, true}).status, 2) << "output is lost";
+  arguments.push_back(path("long.txt"));
+  auto const result = core_test::run({ZU_PJ4, arguments, ""});
+  EXPECT_EQ(result.status, 0) << result.err;
+  EXPECT_TRUE(result.out == output);
+
+  put_file(path("line.txt"), std::string(std::size_t{40} << 20U, '1'));
+  arguments.back() = path("line.txt");
+  EXPECT_EQ(run(arguments).err,
+            "Error: this is no text of points: it has a line of more than 32 MB\n");
 }
 
 }  // namespace

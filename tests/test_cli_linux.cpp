@@ -1,14 +1,20 @@
-// The command-line program before a terminal, on a full disk and in other locales.
+// The command-line program before a terminal and on a full disk, and what it asks of the
+// system.
 
 #include <gtest/gtest.h>
 #include <stdlib.h>  // NOLINT(modernize-deprecated-headers): POSIX's own
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <optional>
+#include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "basic/file.h"
+#include "basic/str.h"
 #include "cli_support.h"
 
 namespace {
@@ -29,7 +35,7 @@ std::optional<core_test::outcome> run_before_terminal(std::string const& words) 
   EXPECT_EQ(grantpt(terminal) + unlockpt(terminal), 0);
   auto result =
       core_test::run({"/bin/sh", {"-c", ZU_PJ4 " " + words + " 2>" + ptsname(terminal)}, ""});
-  // The terminal's end is an error of its other side.
+  // Reading fails when the other side has closed the terminal.
   for (int c = std::fgetc(master.get()); c != EOF; c = std::fgetc(master.get()))
     if (c != '\r') result.err += static_cast<char>(c);
   return result;
@@ -46,7 +52,7 @@ TEST_F(Cli_linux, ProgressIsForWhoSitsBeforeATerminal) {
                      "Wait: [####################] 100% converting\n"
                      "Finished: 1 of 2 files converted\n"
                      "Error: 1 of 2 files not converted\n");
-  // Of points only where they are many.
+  // Progress of points is shown for many points only.
   std::string const points = path("points.txt");
   std::string const transform = "transform --from EPSG:4326 --to EPSG:32637 " + points;
   put_file(points, "39 0\nx\n");
@@ -75,18 +81,119 @@ TEST_F(Cli_linux, NoticesAFullDiskAndTheLackOfADisplay) {
   EXPECT_EQ(edited.err.find('\n'), edited.err.size() - 1);
 }
 
-TEST_F(Cli_linux, GivesTheSameInEveryLocale) {
-  for (auto const& command :
-       std::vector<std::vector<std::string>>{{"apply", local_system},
-                                             {"apply", "+proj=utm +zone=37 +south +ellps=intl"},
-                                             {"catalogue", "datums", "--json"},
-                                             {"load", path("missing.pj4")}}) {
-    auto const expected = run(command);
-    for (char const* locale : {"ru_RU.UTF-8", "de_DE.UTF-8", "ru_RU.CP1251"}) {
-      core_test::Tenvironment const environment{{"LC_ALL", locale}};
-      SCOPED_TRACE(locale);
-      expect_outcome(run(command), expected.status, expected.out, expected.err);
+// A line each: a text with which GDAL or PROJ would open a file or a connection when they
+// get it as it is, after "+init=" in a parameter file, or as an ESRI file.
+std::string const reaching_texts = core_test::read_file(ZU_TEST_CASES "/texts/reaching.txt");
+
+// What GDAL's own program makes of the files that are written.
+TEST_F(Cli_linux, EsriFilesAreReadByOtherPrograms) {
+  for (auto const& [definition, read] : std::initializer_list<std::array<char const*, 2>>{
+           {"+proj=tmerc +lon_0=37.5 +lat_0=55.5 +x_0=12 +y_0=14 +k_0=1 +ellps=krass",
+            "+proj=tmerc +lat_0=55.5 +lon_0=37.5 +k=1 +x_0=12 +y_0=14 +ellps=krass +units=m "
+            "+no_defs"},
+           // With GDAL's shift for the datum's name: the file holds none.
+           {local_system,
+            "+proj=tmerc +lat_0=0 +lon_0=78.05 +k=1 +x_0=4500000 +y_0=-5811057.628 +ellps=krass "
+            "+towgs84=24.47,-130.89,-81.56,0,0,0.13,-0.22 +units=m +no_defs"}}) {
+    put_file(path("a.pj4"), definition);
+    expect_outcome(run({"convert", "--to", "prj", path("a.pj4")}), 0, "", "");
+    auto const told = core_test::run({ZU_GDALSRSINFO, {"-o", "proj4", path("a.prj")}, ""});
+    EXPECT_EQ(zu::str::trim(told.out), read) << told.err;
+  }
+}
+
+class Cli_reach_linux : public cli_test::Cli {
+ protected:
+  void SetUp() override {
+    // scripts/install_packages installs the tracer.
+    auto const can_trace = core_test::run({"/usr/bin/strace", {"-qq", "/bin/true"}, ""});
+    if (can_trace.status != 0) GTEST_SKIP() << "may not trace here: " << can_trace.err;
+  }
+
+  // The files outside the test's folder that the program looks for, and the calls
+  // by which it turns to the network.
+  std::set<std::string> touched(std::vector<std::string> arguments, std::string const& input = "") {
+    std::string const trace = path("trace");
+    arguments.insert(arguments.begin(), {"-f", "--seccomp-bpf", "-qq", "-e", "trace=%file,%network",
+                                         "-o", trace, "-s", "1000", ZU_PJ4});
+    result = core_test::run({"/usr/bin/strace", arguments, input});
+    std::set<std::string> names;
+    std::istringstream lines(core_test::read_file(trace));
+    for (std::string line; std::getline(lines, line);) {
+      auto const name = line.find('"') + 1;
+      std::string const call = line.substr(line.find_first_not_of("0123456789 "));
+      if (call.starts_with("execve") || call.starts_with("+++")) continue;
+      bool const is_file = call.find("AT_") != std::string::npos || call[call.find('(') + 1] == '"';
+      names.insert(is_file ? line.substr(name, line.find('"', name) - name)
+                           : call.substr(0, call.find('(')));
     }
+    std::erase_if(names, [&](auto const& one) { return one.starts_with(path("")); });
+    return names;
+  }
+
+  static std::vector<std::string> beyond(std::set<std::string> some,
+                                         std::set<std::string> const& usual) {
+    std::erase_if(some, [&](auto const& one) { return usual.contains(one); });
+    return {some.begin(), some.end()};
+  }
+
+  core_test::outcome result;
+
+ private:
+  // The sanitizer cannot look for leaks under a tracer.
+  core_test::Tenvironment const environment_{{"PROJ_NETWORK", "ON"},
+                                             {"ASAN_OPTIONS", "detect_leaks=0"}};
+};
+
+TEST_F(Cli_reach_linux, ImportsOpenNothingThatATextNames) {
+  std::string const codes = "EPSG:28407\n+init=epsg:28407\nno such system\nPROJCS[\"x\"\n";
+  ASSERT_NE(reaching_texts, "");
+  auto const usual = touched({"import", "-"}, codes);
+  ASSERT_TRUE(
+      std::ranges::any_of(usual, [](auto const& name) { return name.ends_with("proj.db"); }));
+  EXPECT_FALSE(usual.contains("socket"));
+  EXPECT_EQ(beyond(touched({"import", "-"}, reaching_texts), usual), std::vector<std::string>());
+  std::istringstream texts(reaching_texts);
+  std::string nothing_of_any = reaching_texts;
+  std::erase_if(nothing_of_any, [](char c) { return c != '\n'; });
+  EXPECT_EQ(result.out, nothing_of_any);
+
+  std::vector<std::string> arguments{"convert",   "--to",      "prj",
+                                     "--out-dir", path("out"), path("p.pj4")};
+  put_file(path("p.pj4"), "[projection]\npj4=+init=epsg:28407\n");
+  auto const usual_of_files = touched(arguments);
+  arguments.pop_back();
+  for (std::string text; std::getline(texts, text);) {
+    for (std::string const kind : {".pj4", ".prj"}) {
+      arguments.push_back(path(std::to_string(arguments.size()) + kind));
+      put_file(arguments.back(), (kind == ".prj" ? "" : "[projection]\npj4=+init=") + text);
+    }
+  }
+  EXPECT_EQ(beyond(touched(arguments), usual_of_files), std::vector<std::string>());
+  EXPECT_EQ(std::ranges::count(result.err, '\n'), 2 * nothing_of_any.size() + 1) << "each fails";
+}
+
+// A definition may name the grids of its datum shift, which PROJ then opens; but no
+// other file, and nothing on the network.
+TEST_F(Cli_reach_linux, TransformationsOpenGridsAndAskNobody) {
+  std::string const geographic = "+proj=longlat +datum=WGS84";
+  put_file(path("points"), "37 55");
+  auto const of = [&](std::string const& from) {
+    return touched({"transform", "--from", from, "--to", geographic, path("points")});
+  };
+  auto const usual = of("+proj=longlat +ellps=krass +towgs84=1,2,3");
+  for (std::string const from :
+       {"+proj=longlat +ellps=krass +nadgrids=http://localhost:1/a.tif",
+        "+proj=longlat init=/etc/passwd:1 +ellps=krass", "+proj=tinshift file =/etc/passwd"}) {
+    EXPECT_EQ(beyond(of(from), usual), std::vector<std::string>()) << from;
+    EXPECT_NE(result.status, 0) << from;
+  }
+  for (std::string const from :
+       {"+proj=longlat +datum=NAD27", "+proj=longlat +nadgrids=/a/b +a=1"}) {
+    auto const names = of(from);
+    EXPECT_FALSE(beyond(names, usual).empty()) << from;
+    for (char const* call : {"socket", "connect", "sendto", "socketpair"})
+      EXPECT_FALSE(names.contains(call)) << from;
   }
 }
 

@@ -1,4 +1,4 @@
-// Definition files beside what they hold, which cases/test_cases tells.
+// Names, encodings and sizes of definition files. cases/test_cases has their contents.
 
 #include <gtest/gtest.h>
 
@@ -82,23 +82,7 @@ TEST(Definition_file, saves_nothing_under_another_name) {
   }
 }
 
-TEST(Definition_file, failures_write_nothing) {
-  Ttemp_folder const folder;
-  std::wstring const name = folder.wide(L"f.prj");
-  put_file(folder.file("f.prj"), "kept");
-  for (wchar_t const* definition : {L"", L"+proj=nonsense", L"text", L"+init=/etc/passwd:x"}) {
-    EXPECT_FALSE(zu_pj4_export_esri_prj(definition, name.c_str()));
-    EXPECT_FALSE(zu_pj4_export_esri_prj(definition, folder.wide(L"new.prj").c_str()));
-  }
-  EXPECT_EQ(get_file(folder.file("f.prj")), "kept");
-  for (wchar_t const* unwritable : {L"", L"no/f.prj"}) {
-    EXPECT_FALSE(zu_pj4_export_esri_prj(zone_7_definition, folder.wide(unwritable).c_str()));
-    EXPECT_FALSE(Tzu_add_file::save_pj4_ini(folder.wide(unwritable), L"+proj=merc"));
-  }
-  EXPECT_EQ(folder.count(), 1U);
-}
-
-// What is too long for a definition is not read into memory.
+// A file that is too long for a definition is not read into memory.
 TEST(Definition_file, huge_files_end_at_a_zero_or_are_refused) {
   Ttemp_folder const folder;
   std::filesystem::path const file = folder.file("f.prj");

@@ -19,8 +19,8 @@ TEST(Definition_file_linux, plain_form_has_no_other_names_either) {
   }
 }
 
-// The device takes the open and no byte, as a full disk does; whoever runs the test,
-// nobody may write among a process's own files, and read its memory.
+// The device can be opened but takes no byte, as a full disk. No user may make a file among
+// a process's own files, or read its memory.
 TEST(Definition_file_linux, what_cannot_be_read_or_written_is_a_failure) {
   for (wchar_t const* name : {L"/dev/full", L"/proc/self/f.prj"}) {
     EXPECT_FALSE(zu_pj4_export_esri_prj(L"+proj=longlat +datum=WGS84", name));

@@ -1,4 +1,5 @@
-// The editor against PROJ: definitions that PROJ writes keep their meaning.
+// Compares the editor and the conversions with PROJ and GDAL, by the systems of the EPSG
+// data.
 
 #include <gtest/gtest.h>
 
@@ -8,21 +9,21 @@
 #include <iostream>
 #include <set>
 
+#include "conversion_survey.h"
 #include "core_support.h"
 #include "epsg_survey.h"
 
 namespace {
 
-// What comes back as unknown, as no row of the catalogue could stand for it: the one
-// lies on a plane whose height has a key that no control holds, the other takes its
-// azimuth by such a key.
+// Projections that no row of the catalogue can stand for. Each has a key that no control
+// holds: one the height of its plane, the other its azimuth.
 std::set<std::string> const unavoidable_unknowns{"col_urban", "labrd"};
 
 TEST(Epsg, DefinitionsKeepTheirMeaningOrLoseItForAKnownCause) {
   zu::Tzu_pj_editor editor(zu::catalogue_lists::shipped());
   auto const survey = epsg_survey::run(editor);
   std::cout << core_test::recorded(epsg_survey::table(survey));
-  // A database that could not be opened would leave nothing to fail on.
+  // Without a database there would be no verdict at all.
   EXPECT_GT(survey.verdicts.size(), 5000U);
   for (auto const& found : survey.verdicts) {
     core_test::recorded("EPSG:" + found.code + "\n" + found.source + "\n" + found.written + "\n" +
@@ -58,8 +59,8 @@ std::string definition_of(Tzu_pj_proj_def const& row, number_texts const& values
   return text;
 }
 
-// What PROJ takes for a parameter that a definition does not give is what the
-// dialog shows for it, so that writing it down moves nothing.
+// For a parameter that is not given the dialog shows the value that PROJ assumes. So it may
+// be written without moving a point.
 TEST(Epsg, AbsentParametersMeanWhatProjTakesThemFor) {
   libproj::Tcontext const context;
   std::vector<libproj::point> const points{{16, 50}, {9, 31}, {24, 72}, {20, -41}, {11, -68}};
@@ -93,6 +94,27 @@ TEST(Epsg, AbsentParametersMeanWhatProjTakesThemFor) {
     }
   }
   EXPECT_GT(compared, 1000U);
+}
+
+// The program epsg_survey converts all systems, not one in 29.
+constexpr std::size_t step = 29;
+
+void expect_no_mistakes(epsg_survey::conversion_report const& report) {
+  for (auto const& [what, count] : report.counts) std::cout << what << ": " << count << '\n';
+  for (auto const& mistake : report.mistakes) ADD_FAILURE() << mistake;
+  for (auto const& text : report.texts) core_test::recorded(text);
+}
+
+TEST(Epsg, ImportIsThatOfGdalOrElseOfProj) {
+  auto report = epsg_survey::survey_import(step);
+  expect_no_mistakes(report);
+  EXPECT_GT(report.counts["as GDAL"], 200U);
+}
+
+TEST(Epsg, EsriWktKeepsWhatGdalKeeps) {
+  auto report = epsg_survey::survey_esri(step);
+  expect_no_mistakes(report);
+  EXPECT_GT(report.counts["kept by both"], 100U);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// How a test gets to see what the floating-point units of its own thread do.
+// Watches the floating-point units of the own thread.
 #pragma once
 
 #include <functional>

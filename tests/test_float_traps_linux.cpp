@@ -42,7 +42,7 @@ void core_test::watch_floats(float_watcher wanted) {
 
 namespace {
 
-// Whoever starts the program may have switched traps on in it.
+// The program that starts it may have switched traps on.
 TEST(Float_traps_linux, the_program_is_masked_as_a_whole) {
   for (std::vector<std::string> const& words : std::vector<std::vector<std::string>>{
            {"apply", "+proj=longlat +R=6371000"},

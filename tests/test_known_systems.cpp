@@ -1,4 +1,4 @@
-// The known systems, against the rules they follow, GDAL and the EPSG data.
+// Compares the known systems with GDAL and the EPSG data.
 
 #include <gtest/gtest.h>
 #include <ogr_spatialref.h>
@@ -32,16 +32,7 @@ constexpr std::size_t cadastral = 125;
 constexpr std::size_t mixed = 188;
 constexpr std::size_t moscow = 365;
 
-std::string const tail = " +units=m +lon_wrap=45 +no_defs";
-std::string const shift_2011 =
-    " +k_0=1 +towgs84=0.013,-0.092,-0.03,-0.0017,0.0036,-0.0043,0.0074 +ellps=GSK2011" + tail;
-std::string const shift_1942 =
-    " +k_0=1 +towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 +ellps=krass" + tail;
-std::string const shift_1995 =
-    " +k_0=1 +towgs84=24.82,-131.21,-82.66,0,0,0.16,-0.12 +ellps=krass" + tail;
-std::string const shift_moscow = " +k_0=1 +datum=msc_bess +ellps=bessel" + tail;
-
-// Of Pulkovo 1995, but for the two systems below.
+// Districts of Pulkovo 1995. Two of their systems are not.
 std::set<std::string> const districts_1995{"05", "06", "07", "09", "15", "20", "26", "33",
                                            "50", "54", "55", "60", "67", "71", "72", "89"};
 std::set<std::string> const systems_1942{"Russia_Cadastre_20_1_N", "Russia_Cadastre_71_3_N"};
@@ -50,43 +41,10 @@ std::string name_of(std::size_t place) {
   return std::string(zu::known_system_name(known_systems.at(place)));
 }
 
-std::string district_of(std::size_t place) {
-  return name_of(place).substr(std::string_view("Russia_Cadastre_").size(), 2);
-}
-
 bool is_1995(std::size_t place) {
-  return place >= cadastral && !systems_1942.contains(name_of(place)) &&
-         districts_1995.contains(district_of(place));
-}
-
-TEST(Known_systems, follow_the_rules_of_their_kind) {
-  EXPECT_EQ(known_systems.size(), 442U);
-  EXPECT_EQ(name_of(0), "GCS_WGS_1984");
-  EXPECT_EQ(name_of(mixed), "Russia_Cadastre_20_1_N");
-  EXPECT_EQ(name_of(moscow), "Russia_Cadastre_77_1");
-  std::set<std::string> names;
-  for (std::size_t i = gsk; i < known_systems.size(); ++i) {
-    std::string const name = core_test::recorded(name_of(i));
-    EXPECT_TRUE(names.insert(name).second) << name;
-    std::string const text = known_systems.at(i).proj4;
-    auto const& shift = i < pulkovo   ? shift_2011
-                        : i == moscow ? shift_moscow
-                        : is_1995(i)  ? shift_1995
-                                      : shift_1942;
-    EXPECT_TRUE(text.ends_with(shift)) << name;
-    if (i >= cadastral) {
-      EXPECT_TRUE(name.starts_with("Russia_Cadastre_")) << name;
-      EXPECT_TRUE(i == cadastral || district_of(i - 1) <= district_of(i)) << name;
-      continue;
-    }
-    int const zone = 2 + static_cast<int>((i - gsk) % 62) / 2;
-    int const meridian = 6 * zone - 3 - (zone > 30 ? 360 : 0);
-    bool const is_numbered = (i - gsk) % 2 == 0;
-    EXPECT_EQ(name, (i < pulkovo ? "GSK-2011_GK-" : "Pulkovo_1942_GK_Zone_") +
-                        std::to_string(zone) + (is_numbered ? "" : "N"));
-    EXPECT_EQ(text, "+proj=tmerc +lon_0=" + std::to_string(meridian) + " +lat_0=0 +x_0=" +
-                        (is_numbered ? std::to_string(zone) : "") + "500000 +y_0=0" + shift);
-  }
+  std::string const name = name_of(place);
+  return place >= cadastral && !systems_1942.contains(name) &&
+         districts_1995.contains(name.substr(std::string_view("Russia_Cadastre_").size(), 2));
 }
 
 // What the conversion makes of an ASCII text, "unfed" for nothing.
@@ -169,6 +127,7 @@ void expect_equal(std::array<double, 7> const& left, std::array<double, 7> const
 
 TEST(Known_systems, mean_to_gdal_what_their_definitions_say) {
   std::set<std::string> codes;
+  std::vector<std::array<double, 7>> gsk_numbers;
   for (std::size_t i = 0; i < known_systems.size(); ++i) {
     SCOPED_TRACE(name_of(i));
     std::string wkt = known_systems.at(i).wkt;
@@ -177,6 +136,12 @@ TEST(Known_systems, mean_to_gdal_what_their_definitions_say) {
     ASSERT_EQ(esri.importFromESRI(lines.data()), OGRERR_NONE);
 
     std::string definition = known_systems.at(i).proj4;
+    char const* const shift = i == 0 || i == moscow ? "+datum="
+                              : i < pulkovo
+                                  ? "+towgs84=0.013,-0.092,-0.03,-0.0017,0.0036,-0.0043,0.0074 "
+                              : is_1995(i) ? "+towgs84=24.82,-131.21,-82.66,0,0,0.16,-0.12 "
+                                           : "+towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 ";
+    EXPECT_NE(definition.find(shift), std::string::npos) << definition;
     // The suite's own key, which PROJ does not know.
     if (auto const key = definition.find("+datum=msc_bess "); key != std::string::npos)
       definition.erase(key, definition.find(' ', key) + 1 - key);
@@ -191,7 +156,10 @@ TEST(Known_systems, mean_to_gdal_what_their_definitions_say) {
                                                                         : "Pulkovo_1942");
     char const* const authority = esri.GetAuthorityName(nullptr);
     EXPECT_STREQ(authority, i < pulkovo ? nullptr : i < cadastral ? "EPSG" : "CUSTOM");
-    if (i < pulkovo) continue;
+    if (i < pulkovo) {
+      gsk_numbers.push_back(numbers_of(esri));
+      continue;
+    }
     std::string const code = esri.GetAuthorityCode(nullptr);
     EXPECT_TRUE(codes.insert(code).second) << code;
     if (i >= cadastral) continue;
@@ -201,6 +169,9 @@ TEST(Known_systems, mean_to_gdal_what_their_definitions_say) {
     OGRSpatialReference epsg;
     ASSERT_EQ(epsg.importFromEPSG(wanted), OGRERR_NONE);
     expect_equal(numbers_of(esri), numbers_of(epsg));
+    // The zones of GSK-2011 are the same ones.
+    auto const& of_gsk = gsk_numbers.at(gsk + i - pulkovo);
+    for (std::size_t k = 0; k < 5; ++k) EXPECT_DOUBLE_EQ(of_gsk.at(k), numbers_of(epsg).at(k));
   }
 }
 

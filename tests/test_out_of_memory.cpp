@@ -41,7 +41,7 @@ TEST(OutOfMemory, a_definition_keeps_its_text_until_it_has_a_new_one) {
 }
 
 TEST(OutOfMemory, descriptions_and_parameters_of_the_layer) {
-  // Letters that the C library's converter is loaded for.
+  // The C library loads a converter for these letters.
   char const* const foreign = "+proj=merc +datum=\xD0\x96 +ellps=krass";
   auto const text = [foreign] {
     return made_by([foreign](auto* to) { return zu_pj4_get_text(foreign, to); });
@@ -104,11 +104,11 @@ TEST(OutOfMemory, files_and_known_systems) {
   };
   auto const nothing_else = [&] { EXPECT_LE(folder.count(), 2U); };
   deny_each(save, own, {.check = nothing_else});
-  // What fails to be found in the table must not come from elsewhere.
+  // When the search of the table fails, GDAL must not answer in its place.
   auto const export_known = [&] {
     return made_by([&](auto* to) { return zu_pj4_export_esri(definition.c_str(), to); });
   };
-  // Starts the libraries below, too, which do not survive a failure there.
+  // Starts GDAL and PROJ, too, which do not survive a failure when they start.
   std::string const wkt = export_known();
   EXPECT_TRUE(wkt.starts_with("PROJCS[\"Pulkovo_1942_GK_Zone_7\"")) << wkt;
   deny_each(export_known, wkt, {.gives_back = false});

@@ -1,5 +1,5 @@
-// Memory that runs out on the roads through GDAL and PROJ. They end the program at
-// some of the places themselves; so what they take is denied in programs of their own.
+// Memory that runs out in calls of GDAL and PROJ. They may end the program when they get
+// no memory; so these tests deny it to them in child processes.
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -88,7 +88,7 @@ TEST_P(OutOfMemory_posix, denied_to_the_library) {
             {.gives_back = false, .counts = failing_allocator::own});
 }
 
-// What a child ends with that was denied the n-th of all allocations, once.
+// How a child ends when its n-th allocation fails.
 enum ending { right, wrong, needs_no_more };
 
 ending go_without(road const& wanted, std::size_t nth) {

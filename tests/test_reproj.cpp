@@ -62,7 +62,7 @@ double degrees(double whole, double minutes, double seconds) {
   return whole + minutes / 60 + seconds / 3600;
 }
 
-// What is made by threads is what is made without them.
+// Threads change no result.
 TEST(Reproj, a_long_array_becomes_what_its_pieces_become) {
   for (auto const& one : reproj_test::pairs()) {
     auto const points = reproj_test::points_of(one);
@@ -139,7 +139,7 @@ TEST(Reproj, bad_points_fail_alone) {
 
 TEST(Reproj, without_an_operation_everything_fails) {
   testing::internal::CaptureStderr();
-  // A geographic source has been brought to radians before it turns out.
+  // The degrees of a geographic source become radians before the failure.
   Tzu_reproj_xy reproj;
   EXPECT_FALSE(reproj.init(wgs84, "+proj=nonsense"));
   point one{180, 90};

@@ -1,4 +1,4 @@
-// PROJ's own program, as a shell runs it, beside the transformer.
+// Compares with PROJ's own program.
 
 #include <gtest/gtest.h>
 
@@ -24,7 +24,7 @@ std::vector<std::string> words_of(std::string const& text) {
 std::vector<point> by_cs2cs(std::string const& source, std::string const& target,
                             std::vector<point> const& points) {
   core_test::command command{ZU_CS2CS, {}, ""};
-  // As the library hands a definition over: where it breaks the circle.
+  // The library adds this key: where longitudes wrap.
   command.arguments =
       words_of("-f %.13f " + source + " +lon_wrap=45 +to " + target + " +lon_wrap=45");
   for (auto const& one : points)
@@ -38,7 +38,7 @@ std::vector<point> by_cs2cs(std::string const& source, std::string const& target
   return results;
 }
 
-// Longitudes too: all of Russia is in one piece.
+// Also longitudes are equal, not only equal up to a turn: Russia stays in one piece.
 void expect_near(std::vector<point> const& points, std::vector<point> const& wanted,
                  std::string const& target) {
   double const allowed = target.starts_with("+proj=longlat") ? 1e-9 : 1e-5;

@@ -74,7 +74,7 @@ TEST(Host_module, tells_whose_catalogue_counts) {
   Ttemp_folder const folder;
   std::wstring const host = folder.wide(L"suite");
   auto const own = fs::path(zu::module::own_path()).replace_filename("prj_def");
-  // None beside the host's program: that of this library.
+  // There is none next to the host's program: this library's counts.
   for (wchar_t const* path : {host.c_str(), L"", L"suite", static_cast<wchar_t const*>(nullptr)}) {
     state_of(module).main_module_path = path;
     EXPECT_EQ(fs::path(Tzu_pj_dbf::get_zone_db_path()), own / "pj_proj2.dbf");

@@ -1,14 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <random>
 #include <tuple>
 #include <vector>
 
 #include "basic/code_page.h"
 #include "core_support.h"
+#include "proj4/proj4_str.h"
 #include "text/fileio.h"
-#include "text/own_texts.h"
 #include "text/rc.h"
 #include "text/strconv.h"
 #include "text/string_adapter.h"
@@ -24,23 +23,13 @@ using core_test::Ttemp_folder;
 using zu::strconv::encodings;
 
 // The same on every platform: the record is compared.
-TEST(Code_page, all_bytes_and_random_ones) {
+TEST(Code_page, all_bytes) {
   for (unsigned const page : {1250U, 1251U, 1252U, 1254U, 1256U, 866U}) {
     std::string bytes;
     for (unsigned byte = 1; byte < 256; ++byte) bytes += static_cast<char>(byte);
     std::wstring const text = zu::code_page::to_wide(page, bytes);
     EXPECT_EQ(recorded(text).size(), bytes.size()) << page;
     EXPECT_EQ(recorded(zu::code_page::to_multi_byte(page, text)), bytes) << page;
-  }
-  std::mt19937 random(5);  // NOLINT(cert-msc51-cpp): repeatable
-  constexpr std::string_view parts = "az\x80\x8F\x90\xA0\xBF\xC2\xD0\xE0\xE2\xED\xF0\xF4\xFF";
-  for (int i = 0; i < 2000; ++i) {
-    std::string bytes;
-    for (auto length = random() % 12; length > 0; --length) bytes += parts[random() % parts.size()];
-    // A text that breaks off in a letter ends early in some versions of Wine.
-    bytes += "zzz";
-    std::wstring const text = recorded(zu::strconv::from_utf8(bytes));
-    EXPECT_EQ(zu::strconv::from_utf8(zu::strconv::to_utf8(text)), text) << bytes;
   }
 }
 
@@ -87,17 +76,6 @@ TEST(Text_file, has_no_encoding_without_a_page) {
   std::wstring text = L"before";
   EXPECT_FALSE(zu::fileio::readall(name, encodings::utf_16, text));
   EXPECT_EQ(text, L"before");
-}
-
-TEST(Text, trimming) {
-  for (std::wstring text : {L"\v\f \r\n\ta \f", L"a"}) {
-    zu::strutil::trim_inplace(text);
-    EXPECT_EQ(text, L"a");
-  }
-  std::wstring blank = L" \v";
-  zu::strutil::trim_inplace(blank);
-  EXPECT_EQ(blank + L"|", L"|");
-  EXPECT_EQ(zu::strutil::trim("..x.", "."), "x");
 }
 
 TEST(String_adapter, last_feed_wins_in_the_systems_page) {
@@ -159,35 +137,34 @@ TEST(Type_ahead, finds_captions_and_then_words_by_their_first_letters) {
   }
 }
 
-// A text of the interface in a language; the host's own is taken over first.
-std::wstring interface_text(int lang, int group, int index) {
+TEST(Proj4_str, is_described_in_the_page_of_the_captions) {
   Tzu_rc::get_auto_lang();
-  Tzu_rc::set_lang(lang);
-  return zu::strconv::from_interface(recorded(std::string(Tzu_rc::get_str(group, index))));
+  Tzu_rc::set_lang(1);
+  for (auto const& page : core_test::system_pages()) {
+    Tsystem_page const system(page);
+    if (!zu::strconv::has_system_spelling(L"\u20AC")) continue;
+    Tzu_proj4_str set;
+    set.set(("+datum=" + zu::strconv::to_system(L"\u20AC")).c_str());
+    set.decompose();
+    EXPECT_TRUE(recorded(std::string(set.get_text())).ends_with(" = \x88\r\n")) << page.encoding;
+  }
 }
 
-TEST(Interface_text, table_is_full_in_both_languages_and_ends_where_it_should) {
-  std::wstring const none = L"unknown str";
-  auto const is_latin = [](wchar_t c) { return c >= L' ' && c <= L'~'; };
-  for (int group = 0; int const size : {5, 23, 12, 14, 4, 7, 36, 6, 6, 13, 4, 1}) {
-    for (int index = 0; index < size; ++index) {
-      auto const english = interface_text(0, group, index);
-      auto const russian = interface_text(1, group, index);
-      EXPECT_TRUE(english != none && !english.empty()) << group << ", " << index;
-      EXPECT_TRUE(std::ranges::all_of(english, is_latin)) << group << ", " << index;
-      EXPECT_FALSE(std::ranges::all_of(russian, is_latin)) << group << ", " << index;
-      EXPECT_EQ(russian.find(L'\uFFFD'), std::wstring::npos) << group << ", " << index;
-    }
-    for (int const lang : {0, 1}) EXPECT_EQ(interface_text(lang, group, size), none) << group;
-    ++group;
+TEST(Proj4_str, undefined_parameters_keep_their_value) {
+  Tzu_proj4_str set;
+  for (char const* text : {"+proj=utm +zone=37 +lon_0=39 +towgs84=1,2,3", "+lon_0=abc",
+                           static_cast<char const*>(nullptr)}) {
+    set.set(text);
+    set.decompose();
   }
-  for (auto const which : {zu::own_text::no_catalogue, zu::own_text::grids_not_kept}) {
-    for (int const lang : {0, 1}) {
-      Tzu_rc::set_lang(lang);
-      std::wstring_view const text = zu::get_own_text(which);
-      EXPECT_EQ(text.find_first_of(L"АБВГДЕНабвгдеио") == std::wstring_view::npos, lang == 0);
-    }
-  }
+  set.get_zone().set_def(true);
+  set.get_lon_0().set_def(true);
+  set.get_towgs84().set_def(true);
+  set.get_south().set_def(true);
+  set.compose();
+  EXPECT_STREQ(set.get(), "+zone=37 +lon_0=39 +south +towgs84=1,2,3,0,0,0,0 +lon_wrap=45 +no_defs");
+  EXPECT_TRUE(set.get_towgs84().val_from_str("1,x,3"));
+  EXPECT_FALSE(set.get_towgs84().val_from_str("1,2,x")) << "the last one tried";
 }
 
 }  // namespace

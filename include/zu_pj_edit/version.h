@@ -1,5 +1,5 @@
-/* The one place that holds the version: the build, the package files, the
-   command-line program and its manual all read it from here. */
+/* The only place of the version. The build, the package files, the command-line
+   program and its manual read it from here. */
 #ifndef ZU_PJ_EDIT_VERSION_H
 #define ZU_PJ_EDIT_VERSION_H
 

@@ -3,45 +3,45 @@
    compiles alone, as C and as C++.
 
    The contract
-   - Thread: both functions run on the thread that owns the host's windows. The
-     first call starts the form toolkit there; the host's own message loop is
-     never run. While the dialog is open, the system's messages (Windows) or
-     GLib's main loop (elsewhere) serve the host's windows and timers; a host
-     whose loop stands on neither has to hang its own into GLib's.
-   - Re-entrancy: none. One call at a time in a process; a second call while a
-     dialog is open is not supported.
+   - Thread: call both functions on the thread that owns the host's windows. The
+     first call starts the form toolkit on it. The host's own message loop does
+     not run while the dialog is open. The host's windows and timers then work
+     through the system's messages (Windows) or GLib's main loop (elsewhere). A
+     host whose loop uses neither has to attach its own loop to GLib's.
+   - Re-entrancy: none. Only one call at a time in a process. A second call while
+     a dialog is open is not supported.
    - Text: zero-terminated 8-bit text in the system's ANSI code page. Off
      Windows that is the encoding of the user's locale, UTF-8 where the locale
      names none. Definitions are ASCII in practice.
-   - Floating point: the host may have set traps, rounding and precision as it likes;
-     when a call returns or is left by an exception they are again what they were,
-     status flags included. While the dialog is open its thread runs as C has it,
-     without traps and to the nearest number, and so does host code that is called
-     then: timers, window procedures, the editor module.
-   - Ownership: the returned text belongs to the library. It stays valid until
-     the next call of the same function or until the library is unloaded; copy
-     it, never free it. The input text is read before the dialog opens and is
-     not kept.
+   - Floating point: the host may use any traps, rounding and precision. They and
+     the status flags are restored when a call returns or ends with an exception.
+     While the dialog is open its thread has C's defaults: no traps, and rounding
+     to the nearest number. That includes host code that runs then: timers, window
+     procedures, the editor module.
+   - Ownership: the library owns the returned text. It is valid until the next
+     call of the same function or until the library is unloaded. Copy it and never
+     free it. The library reads the input text before the dialog opens and does
+     not keep it.
    - Units inside a definition are PROJ's: degrees, metres, and for towgs84
      metres, arc-seconds and parts per million (position-vector signs).
-   - Errors: where no dialog can come up, the call gives its input back, 0, and
-     one line on standard error: there is no display, it has no keyboard, another
-     thread runs the main loop or made the first call, or the process has loaded
-     GTK 2 or 4. Other exceptions of the form toolkit (memory runs out) pass
-     through to the caller after the owner window has been restored; a host in a
-     language without C++ exceptions ends there.
-   - Catalogue: the folder "prj_def" beside the host's main program. Only where
-     there is no such folder, the one beside the library counts, and then the one
-     that was installed with it. Without any the dialog opens with geographic
-     systems only and says where it has looked.
-   What hosts of each kind have to do is told in docs/hosts.md. */
+   - Errors: when no dialog can open, the call returns its input, sets `changed`
+     to 0 and writes one line to standard error. Reasons: there is no display, it
+     has no keyboard, another thread runs the main loop or made the first call, or
+     the process has loaded GTK 2 or 4. Other exceptions of the form toolkit (not
+     enough memory) reach the caller after the owner window has been restored. A
+     host in a language without C++ exceptions ends then.
+   - Catalogue: the folder "prj_def" beside the host's main program. If there is
+     no such folder, the one beside the library, and then the one that was
+     installed with it. Without any of them the dialog opens with geographic
+     systems only and shows where it has looked.
+   docs/hosts.md tells what each kind of host has to do. */
 #ifndef ZU_PJ_EDIT_H
 #define ZU_PJ_EDIT_H
 
 #include "version.h"
 
-/* Where the library's objects are part of the program itself, ZU_PJ_EDIT_STATIC
-   is defined; hosts of the DLL define nothing. */
+/* Define ZU_PJ_EDIT_STATIC when the library's objects are linked into the program
+   itself. Hosts of the DLL define nothing. */
 #if defined(ZU_PJ_EDIT_STATIC)
 #define ZU_PJ_EDIT_API
 #elif defined(_WIN32)
@@ -58,29 +58,28 @@
 extern "C" {
 #endif
 
-/* A window of the host's: on Windows its HWND; under X11 its window id cast to
-   a pointer (GDK_WINDOW_XID, QWidget::winId, XCreateWindow). Null, a window
-   that is gone, or any window where the display is not X11 give a dialog
-   without an owner. */
+/* A window of the host: on Windows its HWND, under X11 its window id cast to a
+   pointer (GDK_WINDOW_XID, QWidget::winId, XCreateWindow). The dialog has no
+   owner if this is null or a destroyed window, or if the display is not X11. */
 typedef void* zu_pj_edit_window;
 
-/* Shows the dialog on `definition`, owned by `owner`, until the user closes it.
+/* Shows the dialog with `definition` over `owner` until the user closes it.
    definition  PROJ.4 text; null counts as empty.
-   changed     one byte, must not be null; always written: 1 when the user
-               pressed Apply, 0 in every other case.
+   changed     one byte, must not be null. Always written: 1 when the user
+               pressed Apply, else 0.
    Returns the edited definition after Apply, otherwise the input unchanged,
    character for character. Never null. After Apply the text may differ from
-   the input even when nothing was touched: it is written in the library's one
-   canonical form.
+   the input even if the user changed nothing, because the library writes every
+   definition in one canonical form.
    Since 0.1. */
 ZU_PJ_EDIT_API char const* zu_proj4_form_execute(zu_pj_edit_window owner, char const* definition,
                                                  unsigned char* changed);
 
-/* Hands the call on to the host's editor module: makes `owner` the owner of
+/* Passes the call on to the host's editor module: makes `owner` the owner of
    forms and calls "zu_proj4_form_execute_w__impl" of the loaded module
-   "zuk_scene2d_editor_bdl" with a null window and the two values untouched.
-   Returns what that returns, or null when the host has not loaded the module
-   or the module has no such function.
+   "zuk_scene2d_editor_bdl" with a null window and the two values unchanged.
+   Returns the result of that function, or null when the host has not loaded the
+   module or the module has no such function.
    Since 0.1. */
 ZU_PJ_EDIT_API void* zu_proj4_form_execute_w(zu_pj_edit_window owner, void* first, void* second);
 

@@ -1,21 +1,21 @@
-// A call that is cleaned up after whatever ends it.
+// A call with a clean-up that always runs, whatever ends the call.
 #pragma once
 
 namespace zu {
 
 using wide_function = void*(void* window, void* first, void* second);
 
-// What a call is cleaned up by, without context. `search` runs when an exception is
-// thrown that nobody inside catches, before anything unwinds: on Windows who catches
-// it has the floating-point environment of that moment. `finish` runs on its way out.
+// The clean-up of a call, without context. `search` runs when an exception is thrown that
+// nobody inside the call catches, before the stack is unwound: on Windows the code that
+// catches it gets the floating-point environment of that moment. `finish` runs during the
+// unwinding.
 struct final_steps {
   void (*search)();
   void (*finish)();
 };
 
-// Returns what `function` returns. On Windows the steps are taken for exceptions of
-// other languages, too, for which the compilers here run no destructors. One call at
-// a time.
+// Returns the result of `function`. On Windows the steps also run for exceptions of other
+// languages; our compilers run no destructors for those. One call at a time.
 void* final_call(wide_function* function, void* window, void* first, void* second,
                  final_steps const& steps);
 

@@ -1,6 +1,6 @@
 #include "api/final_call.h"
 
-// Named by the code below alone.
+// Used only by the assembler code below.
 extern "C" {
 void* zu_call_with_termination(zu::wide_function* function, void* window, void* first,
                                void* second);
@@ -9,7 +9,7 @@ void zu_terminate_call(unsigned char abnormal, void* frame);
 }
 
 namespace {
-// The handlers get no context.
+// Global because the handlers get no context.
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 zu::final_steps call_steps{};
 }  // namespace
@@ -21,7 +21,7 @@ int zu_search_beyond_call(void* /*exception*/, void* /*frame*/) {
 
 void zu_terminate_call(unsigned char /*abnormal*/, void* /*frame*/) { call_steps.finish(); }
 
-// GCC has no __finally. In its words this is
+// GCC has no __finally. With __finally this would be
 //   __try {
 //     __try { return function(window, first, second); }
 //     __except (zu_search_beyond_call(...)) {}

@@ -13,11 +13,11 @@
 
 namespace {
 
-// Results live as long as the library; each call overwrites them.
+// The results live as long as the library. Each call overwrites them.
 // NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables)
 std::string execute_result;
 std::string edit_result;
-// Of the wide call, for exceptions that end no scope.
+// For the wide call and exceptions that run no destructors.
 void* kept_handle = nullptr;
 zu::Tfloat_scope const* kept_floats = nullptr;
 // NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables)
@@ -39,7 +39,7 @@ char const* zu_proj4_form_execute(zu_pj_edit_window owner, char const* definitio
   zu::Tfloat_scope const floats;
   Tzu_handle_scope const scope(owner);
   *changed = 0;
-  // The caller may pass the last result back in.
+  // The caller may pass the last result as input.
   std::string const input = definition == nullptr ? "" : definition;
   execute_result = input;
   try {
@@ -52,14 +52,14 @@ char const* zu_proj4_form_execute(zu_pj_edit_window owner, char const* definitio
 
 void* zu_proj4_form_execute_w(zu_pj_edit_window owner, void* first, void* second) {
   zu::Tfloat_scope const floats;
-  // The scope outlives the call, the only one to read this.
+  // Only the call reads this, and the scope lives longer than the call.
   kept_floats = &floats;  // cppcheck-suppress danglingLifetime
   kept_handle = Tzu_application::instance().get_handle();
   Tzu_handle_scope const scope(owner);
   auto* const execute = zu::module::find_loaded_as<zu::wide_function>(
       "zuk_scene2d_editor_bdl", "zu_proj4_form_execute_w__impl");
   if (execute == nullptr) return nullptr;
-  // The window is the application's by now, so the module is given none.
+  // The window is already the application's window, so the module gets none.
   return zu::final_call(execute, nullptr, first, second,
                         {[] { kept_floats->restore(); },
                          [] { Tzu_application::instance().set_handle(kept_handle); }});

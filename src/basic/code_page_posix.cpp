@@ -21,7 +21,7 @@ struct locale_deleter {
 };
 using locale_ptr = std::unique_ptr<std::remove_pointer_t<locale_t>, locale_deleter>;
 
-// The name that the environment gives the user's character locale.
+// The name of the user's character locale, from the environment.
 std::string_view locale_name() {
   for (char const* variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
     char const* value = std::getenv(variable);  // NOLINT(concurrency-mt-unsafe)
@@ -31,20 +31,20 @@ std::string_view locale_name() {
 }
 
 std::string find_encoding(std::string_view name) {
-  // The host may run in another locale than its user's, so neither setlocale's
-  // present value nor a global change of it will do.
+  // The host may have set another locale than its user's, so this opens the user's
+  // locale and does not change the host's.
   if (locale_ptr const user{newlocale(LC_CTYPE_MASK, "", nullptr)}; user) {
     std::string_view const codeset = nl_langinfo_l(CODESET, user.get());
     return codeset == "ANSI_X3.4-1968" ? "UTF-8" : std::string(codeset);
   }
-  // A locale that is not generated here still says which encoding it means.
+  // The name of a locale tells its encoding even where the locale is not installed.
   auto const dot = name.find('.');
   if (dot == std::string_view::npos) return "UTF-8";
   return std::string(name.substr(dot + 1, name.find('@') - dot - 1));
 }
 
-// Asked anew only when the environment names another locale: the C library
-// takes long to open one, and keeps something of each.
+// Looked up again only when the environment names another locale: the C library is
+// slow at opening a locale, and keeps some memory for each.
 std::string const& system_encoding() {
   static std::string known_name;
   static std::string encoding;
@@ -56,8 +56,8 @@ std::string const& system_encoding() {
   return encoding;
 }
 
-// Of wchar_t. By the name "WCHAR_T" the C library would hand out what lies
-// beyond Unicode, too.
+// The encoding of wchar_t. The C library's own name for it, "WCHAR_T", would also give
+// numbers beyond Unicode.
 constexpr char const* wide_encoding =
     std::endian::native == std::endian::little ? "UTF-32LE" : "UTF-32BE";
 
@@ -80,10 +80,9 @@ class Tconverter {
 
   bool valid() const noexcept { return handle_ != reinterpret_cast<iconv_t>(-1); }
 
-  // Converts bytes to bytes. Where the source has no counterpart, `replace` is
-  // given the rest of it, shortens that by what it replaces, and returns the
-  // replacement. The source is a copy because the call wants bytes that it could
-  // write to.
+  // Converts bytes to bytes. Where a part of the source cannot be converted, `replace`
+  // gets the rest of the source, cuts that part off and returns the text for it. The
+  // source is a copy because iconv wants a pointer to writable bytes.
   template <class Replace>
   // cppcheck-suppress passedByValue
   std::string convert(std::string source, Replace replace) {
@@ -109,8 +108,8 @@ class Tconverter {
   }
 
  private:
-  // Some code pages (1255, 1258) hold a letter back until they know whether a
-  // combining mark follows it.
+  // With some code pages (1255, 1258) iconv keeps a letter until it knows whether a
+  // combining mark follows.
   void flush(std::string& result) {
     std::string held(64, '\0');
     char* out = held.data();
@@ -122,23 +121,23 @@ class Tconverter {
   iconv_t handle_;
 };
 
-// ASCII is the same in the pages that the library itself uses, and most of its
-// texts are no more.
+// ASCII is the same in the pages that the library itself uses, and most of its texts
+// are ASCII.
 template <class Text>
 bool is_plain(unsigned code_page, Text text) noexcept {
   return (code_page == system || code_page == utf8 || code_page == cp1251) &&
          std::ranges::all_of(text, [](auto c) { return c >= 0 && c < 0x80; });
 }
 
-// Windows reads a byte to which one of its pages gives no letter as the control
-// character of that number, and writes it so. Tables and files come from there.
+// Windows reads and writes a byte that has no letter in one of these pages as the
+// control character of that number. Tables and files come from Windows.
 bool has_gaps_for_controls(std::string const& encoding) {
   return encoding.size() == 6 && encoding.starts_with("CP125");
 }
 bool is_control(wchar_t c) noexcept { return c >= 0x80 && c <= 0x9F; }
 
-// How much of a text that begins with bytes that are no UTF-8 one U+FFFD stands
-// for on Windows: the first byte and those that could have gone on from it.
+// The text begins with invalid UTF-8. How many of its bytes Windows replaces by one
+// U+FFFD: the first byte and the bytes that could belong to the same letter.
 std::size_t broken_utf8_size(std::string_view text) noexcept {
   auto const at = [text](std::size_t i) {
     return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U;
@@ -148,7 +147,7 @@ std::size_t broken_utf8_size(std::string_view text) noexcept {
                             : first >= 0xE0 && first < 0xF0 ? 3
                             : first >= 0xF0 && first < 0xF5 ? 4
                                                             : 1;
-  // The second byte can make it too small, a surrogate or too large.
+  // The second byte can make the number too small, too large or a surrogate.
   unsigned const least = first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
   unsigned const most = first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
   bool const goes_on = at(1) >= least && at(1) <= most;

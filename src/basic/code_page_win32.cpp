@@ -4,8 +4,8 @@
 
 namespace zu::code_page {
 
-// Both conversions ask for the length first and hand nothing on when the two
-// calls disagree: a partial conversion is worse than none.
+// Both functions ask for the length first and give nothing when the second call gives
+// another length: a partial text is worse than none.
 
 std::wstring to_wide(unsigned code_page, std::string_view text) {
   if (text.empty()) return {};

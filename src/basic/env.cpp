@@ -35,7 +35,7 @@ Tzu_env_console::Tzu_env_console() : Tzu_env_console(std::cerr, zu::session::is_
 
 void Tzu_env_console::show_wait(percentage done, std::string_view text) {
   if (!terminal_) return;
-  // Over a text of another width something of the old one would stay.
+  // A shorter text would leave the end of the old one in the line.
   if (bar_text_ != text) leave_bar();
   constexpr std::size_t width = 20;
   std::string const number = done ? zu::number::format_int(*done) + "%" : "";

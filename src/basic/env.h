@@ -1,6 +1,6 @@
-// What a program tells its user while it works: messages, errors and how far
-// long work has come. Texts are one line each, in the encoding of the receiver,
-// without the prefix that says what they are.
+// What a program tells its user while it works: messages, errors and the progress of
+// long work. Each text is one line, in the encoding of the receiver, without a prefix
+// such as "Error: ".
 #pragma once
 
 #include <cstdint>
@@ -21,11 +21,11 @@ class Tzu_env {
   virtual void error(std::string_view text) = 0;
   virtual void debug(std::string_view text) = 0;
 
-  // `done` of `total` parts of the work `text` are done; a total of 0 is one
-  // that is not known. May be called for each part: it is shown at first and
-  // then once for each whole percent that differs from the one before.
+  // Tells that `done` of `total` parts of the work `text` are done; 0 is an unknown
+  // total. May be called for each part: only the first call and each new whole percent
+  // are shown.
   void wait(std::uint64_t done, std::uint64_t total, std::string_view text);
-  // Ends the work, whether or not it waited.
+  // Ends the work, also where wait was not called.
   void finished(std::string_view text);
 
  protected:
@@ -61,9 +61,9 @@ class Tzu_env_out : public Tzu_env {
   std::ostream* out_;
 };
 
-// The same for who sits before a terminal: "Wait: " is a bar that grows in its
-// line. Where nobody does, work and its end are not told: the receiver is a
-// file or another program. Standard output is left to the results.
+// The same for a user at a terminal: "Wait: " is a bar that grows in its line. Where
+// the stream is no terminal, the progress and the end of work are not written. The
+// default is standard error, because results go to standard output.
 class Tzu_env_console final : public Tzu_env_out {
  public:
   // Standard error.
@@ -79,9 +79,9 @@ class Tzu_env_console final : public Tzu_env_out {
   void put_line(std::string_view prefix, std::string_view text) override;
 
  private:
-  // What comes next must not stand behind the bar.
+  // Begins a new line, so that the next text does not follow the bar.
   void leave_bar();
 
   bool terminal_;
-  std::optional<std::string> bar_text_;  // of the bar that the cursor stands behind
+  std::optional<std::string> bar_text_;  // the text of the bar in the present line
 };

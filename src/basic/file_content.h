@@ -11,8 +11,8 @@
 
 namespace zu::file {
 
-// Collects what `read` gives: it fills a block and returns how much of it, 0 at
-// the end, nothing on an error.
+// Collects what `read` reads. `read` fills a block and returns the number of bytes, 0 at
+// the end of the file, and nothing on an error.
 template <class Read>
 std::optional<std::string> collect(Read read, content_kind kind) {
   std::string content;

@@ -19,9 +19,9 @@ bool is_folder(std::FILE* handle) noexcept {
 }
 
 bool write_all(stream file, std::string_view content) noexcept {
-  // A full disk may show only when the buffered rest is written. All is on the disk
-  // before the file gets a name, so that a power cut leaves the old content or the
-  // new one; of a pipe or a device there is nothing to wait for.
+  // A full disk may give its error only when the buffer is written. The content is on
+  // the disk before the file gets its name, so a power cut leaves the old content or
+  // the new one. A pipe or a device cannot be synchronised: EINVAL.
   bool const written =
       std::fwrite(content.data(), 1, content.size(), file.get()) == content.size() &&
       std::fflush(file.get()) == 0 && (fsync(fileno(file.get())) == 0 || errno == EINVAL);
@@ -30,7 +30,7 @@ bool write_all(stream file, std::string_view content) noexcept {
 
 // Opens a file of a new name in the folder.
 stream make_part(std::filesystem::path const& folder, std::string& name) {
-  // Names that are taken are those of other threads, or of a process that died.
+  // A name that exists belongs to another thread, or to a process that crashed.
   for (int i = 0; i < 1000; ++i) {
     name = folder / ("zu" + std::to_string(getpid()) + "." + std::to_string(i));
     stream part(std::fopen(name.c_str(), "wbxe"));
@@ -39,8 +39,8 @@ stream make_part(std::filesystem::path const& folder, std::string& name) {
   return nullptr;
 }
 
-// Whether nothing but the content changes when another file takes its place. No
-// name is left of one that another saver has replaced just now.
+// Whether only the content changes when a new file replaces it. A file that another
+// process has just replaced has no name left: its link count is 0.
 bool is_replaceable(std::filesystem::path const& name, struct stat const& status) noexcept {
   return S_ISREG(status.st_mode) && status.st_nlink <= 1 && status.st_uid == geteuid() &&
          access(name.c_str(), W_OK) == 0 &&
@@ -49,12 +49,12 @@ bool is_replaceable(std::filesystem::path const& name, struct stat const& status
 
 enum class outcome { done, failed, impossible };
 
-// On a full disk there would be neither content after an attempt in place.
+// On a full disk an overwritten file would have neither the old nor the new content.
 outcome outcome_of_error() noexcept {
   return errno == ENOSPC || errno == EDQUOT ? outcome::failed : outcome::impossible;
 }
 
-// `old` tells whose the file is and who may do what with it, if there is one.
+// `old` has the owner and the permissions of the old file, if there is one.
 outcome replace(std::filesystem::path const& name, struct stat const* old,
                 std::string_view content) {
   std::string part_name;

@@ -32,7 +32,7 @@ bool matches(std::wstring_view name, std::wstring_view pattern) noexcept {
   return pattern.find_first_not_of(L'*', in_pattern) == none;
 }
 
-// Whether `from` is there and may take the place of what may stand at `to`.
+// Whether `from` exists and may replace what `to` names, if that exists.
 bool may_replace(std::optional<attributes> const& from, std::wstring_view to) {
   if (path::to_native(to).empty()) return false;
   auto const old = get_attributes(to);
@@ -62,7 +62,7 @@ bool copy_file(std::wstring_view from, std::wstring_view to) {
   if (calls::copy(path::to_native(from), copied) && set_read_only(*part, source->is_read_only) &&
       calls::rename(copied, path::to_native(to)) == calls::outcome::done)
     return true;
-  // What was copied may be read-only.
+  // The copy may be read-only already.
   set_read_only(*part, false);
   remove_file(*part);
   return false;
@@ -93,18 +93,13 @@ std::optional<std::vector<std::wstring>> find(std::wstring_view folder, std::wst
     if (!entry->is_regular_file(no_file)) continue;
     auto const native = entry->path().filename();
     std::wstring name = path::from_native(native);
-    // Bytes that are no text of the system's encoding have no wide name.
+    // A name that is invalid in the system's encoding has no wide form.
     if (path::to_native(name) == native && matches(calls::fold_case(name), wanted))
       names.push_back(std::move(name));
   }
   if (error) return std::nullopt;
   std::ranges::sort(names);
   return names;
-}
-
-std::wstring temporary_folder() {
-  std::error_code error;
-  return path::from_native(std::filesystem::temp_directory_path(error));
 }
 
 }  // namespace zu::file_system

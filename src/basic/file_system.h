@@ -1,6 +1,6 @@
-// Files and folders by wide name: what they are, and what is done with them as
-// a whole. Nothing throws beyond an allocation failure: false or an empty result
-// says that it was not done. A name that the system cannot spell names nothing.
+// Files and folders by wide name: their attributes, copying, moving, deleting and
+// finding. Only a lack of memory throws; every other failure is false or an empty
+// result. A name that the system's encoding cannot spell is the name of no file.
 #pragma once
 
 #include <chrono>
@@ -14,10 +14,10 @@ namespace zu::file_system {
 
 struct attributes {
   bool is_folder = false;
-  bool is_read_only = false;  // off Windows: nobody may write it
-  bool is_hidden = false;     // off Windows: its name begins with a point
+  bool is_read_only = false;  // on Linux: nobody has the permission to write it
+  bool is_hidden = false;     // on Linux: its name begins with a point
   std::uint64_t size = 0;     // in bytes; 0 for a folder
-  // UTC. Microseconds hold every time that a file can bear.
+  // UTC. Every time that a file can have fits into microseconds.
   std::chrono::sys_time<std::chrono::microseconds> modified;
 };
 
@@ -25,37 +25,34 @@ struct attributes {
 std::optional<attributes> get_attributes(std::wstring_view name);
 bool is_folder(std::wstring_view name);
 
-// The same text for all names of one file, whether it is there or not; not a name
-// to open it by.
+// A text that is the same for all names of one file, whether the file exists or not.
+// It is for comparing only, not a name to open the file with.
 std::wstring identity(std::wstring_view name);
 
-// Off Windows, lets nobody write, or the owner at least.
+// On Linux read-only means that nobody may write; without it the owner may.
 bool set_read_only(std::wstring_view name, bool read_only);
 
-// Copies a file. One that exists is replaced, unless it is read-only, when all of
-// the copy is there: a failure leaves it as it was.
+// Copies a file. An existing file is replaced when the copy is complete, so a failure
+// does not change it. A read-only file is not replaced.
 bool copy_file(std::wstring_view from, std::wstring_view to);
 
-// Renames a file or folder; a file also onto another volume. An existing file is
-// replaced by a file as copy_file does it, an existing folder never.
+// Renames a file or folder; a file can also move to another volume. A file replaces an
+// existing file as in copy_file; an existing folder is never replaced.
 bool move(std::wstring_view from, std::wstring_view to);
 
+// Of a folder it is false.
 bool remove_file(std::wstring_view name);
-// An empty one alone.
-bool remove_folder(std::wstring_view name);
-// With those above it; true when it is there already.
+// Makes a folder and the folders above it; true when it is there already.
 bool make_folders(std::wstring_view name);
 
-// The names, without `folder`, of the files in it that match `pattern`, sorted
-// by their characters: "*" stands for any text, "?" for a character, all else
-// for itself, on Windows in either case. Empty when the folder cannot be read.
-// An empty `folder` is the current one.
+// The names of the files in `folder` that match `pattern`, without the folder, sorted
+// by their characters. In the pattern "*" is any text and "?" any character; Windows
+// ignores the case of letters. Empty when the folder cannot be read. An empty `folder`
+// is the current one.
 std::optional<std::vector<std::wstring>> find(std::wstring_view folder, std::wstring_view pattern);
 
-// The user's folder for temporary files; empty when there is none.
-std::wstring temporary_folder();
-// Makes an empty file of a new name in `folder` (empty: the current one) and
-// gives its path. The caller removes it.
+// Makes an empty file with a new name in `folder` (empty: the current one) and returns
+// its path. The caller removes the file.
 std::optional<std::wstring> make_temporary_file(std::wstring_view folder);
 
 }  // namespace zu::file_system

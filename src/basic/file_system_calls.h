@@ -1,4 +1,4 @@
-// What file_system asks of the platform beside its own calls.
+// System calls that file_system.cpp makes on each platform in its own way.
 #pragma once
 
 #include <filesystem>
@@ -9,14 +9,14 @@ namespace zu::file_system::calls {
 
 enum class outcome { done, other_volume, failed };
 
-// Within a volume; an existing file is replaced. The systems differ in what else
-// they let be replaced.
+// Within a volume; an existing file is replaced. Whether a folder or a read-only file
+// is replaced depends on the system.
 outcome rename(std::filesystem::path const& from, std::filesystem::path const& to);
 
-// Over an existing file, which a failure may leave half-written.
+// Overwrites an existing file; a failure may leave it half-written.
 bool copy(std::filesystem::path const& from, std::filesystem::path const& to);
 
-// The same text for all names that are one file's to the system.
+// The same text for names that differ only in what the system ignores.
 std::wstring fold_case(std::wstring_view name);
 
 }  // namespace zu::file_system::calls

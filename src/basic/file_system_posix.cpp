@@ -46,8 +46,6 @@ bool set_read_only(std::wstring_view name, bool read_only) {
 
 bool remove_file(std::wstring_view name) { return unlink(path::to_native(name).c_str()) == 0; }
 
-bool remove_folder(std::wstring_view name) { return rmdir(path::to_native(name).c_str()) == 0; }
-
 std::optional<std::wstring> make_temporary_file(std::wstring_view folder) {
   std::string name = path::to_native(path::join(folder, L"zuXXXXXX"));
   int const file = mkstemp(name.data());

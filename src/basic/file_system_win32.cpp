@@ -44,13 +44,9 @@ bool set_read_only(std::wstring_view name, bool read_only) {
 
 bool remove_file(std::wstring_view name) { return DeleteFileW(path::to_native(name).c_str()) != 0; }
 
-bool remove_folder(std::wstring_view name) {
-  return RemoveDirectoryW(path::to_native(name).c_str()) != 0;
-}
-
 std::optional<std::wstring> make_temporary_file(std::wstring_view folder) {
   auto const native = folder.empty() ? std::filesystem::path(L".") : path::to_native(folder);
-  // Needs no memory any more once the file is there.
+  // Takes its memory before the file exists.
   std::wstring name(MAX_PATH, L'\0');
   if (GetTempFileNameW(native.c_str(), L"zu", 0, name.data()) == 0) return std::nullopt;
   name.resize(name.find(L'\0'));

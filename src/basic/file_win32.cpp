@@ -21,8 +21,8 @@ struct handle_closer {
 };
 using handle_ptr = std::unique_ptr<HANDLE, handle_closer>;
 
-// Another program may hold the file for a moment (a virus scanner, a copy in
-// progress), so a sharing violation is tried again; any other error is final.
+// Another program, such as a virus scanner, may lock the file for a moment, so this
+// tries again after a sharing violation. Any other error is final.
 handle_ptr open_handle(std::wstring const& name, DWORD access, DWORD disposition) {
   constexpr int attempts = 20;
   for (int i = 1;; ++i) {
@@ -49,7 +49,7 @@ bool overwrite(std::wstring const& name, std::string_view content) {
   return file && write_all(file.get(), content);
 }
 
-// Whose the file is and who may do what with it.
+// The owner and the permissions of a file.
 std::vector<std::byte> permissions_of(HANDLE file) {
   constexpr SECURITY_INFORMATION wanted =
       OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION;
@@ -60,8 +60,8 @@ std::vector<std::byte> permissions_of(HANDLE file) {
   return permissions;
 }
 
-// Whether nothing but the content changes when a new file takes its place. Of
-// hidden and system files the system refuses to make new ones.
+// Whether only the content changes when a new file replaces it. Windows refuses to
+// replace hidden files and system files.
 bool is_replaceable(HANDLE file) noexcept {
   BY_HANDLE_FILE_INFORMATION status{};
   constexpr DWORD usual =
@@ -70,7 +70,8 @@ bool is_replaceable(HANDLE file) noexcept {
          status.nNumberOfLinks == 1 && (status.dwFileAttributes & ~usual) == 0;
 }
 
-// The file behind a link is replaced, not the link. Empty when it cannot be told.
+// The path of the file behind a link, so that the link stays. Empty when the system
+// does not tell it.
 std::wstring own_name(HANDLE file) {
   std::wstring name(32768, L'\0');
   DWORD const length =
@@ -81,7 +82,7 @@ std::wstring own_name(HANDLE file) {
 
 enum class outcome { done, failed, impossible };
 
-// A file that goes with its owner.
+// A file that is deleted with its owner.
 class Tpart_file {
  public:
   explicit Tpart_file(std::wstring_view folder)
@@ -96,7 +97,8 @@ class Tpart_file {
   Tpart_file& operator=(Tpart_file const&) = delete;
 
   HANDLE get() const noexcept { return handle_.get(); }
-  // Whether it has taken the name. ReplaceFileW would take the old file away first.
+  // Renames the file to `name`; false when that fails. ReplaceFileW is not used: it
+  // removes the old file first.
   bool take_place(std::wstring const& name) noexcept {
     handle_.reset();
     return MoveFileExW(name_->c_str(), name.c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
@@ -112,8 +114,8 @@ outcome replace(handle_ptr old, std::wstring const& name, std::string_view conte
   Tpart_file part(path::folder_of(name));
   if (part.get() == nullptr || (old && permissions_of(old.get()) != permissions_of(part.get())))
     return outcome::impossible;
-  // All is on the disk before the name is given, so that a power cut leaves the old
-  // content or the new one.
+  // The content is on the disk before the file gets its name, so a power cut leaves
+  // the old content or the new one.
   if (!write_all(part.get(), content) || FlushFileBuffers(part.get()) == 0) return outcome::failed;
   old.reset();
   return part.take_place(name) ? outcome::done : outcome::impossible;

@@ -6,10 +6,10 @@
 namespace zu {
 
 // Within its scope no floating-point exception traps, results are rounded to the
-// nearest number in full precision, and small numbers are not taken for 0. That is
-// what PROJ, GDAL and the toolkit are written for: they divide by zero on purpose.
-// Hosts may have it otherwise. At the scope's end the thread has again exactly what
-// it had, its status flags included, so that nothing done inside traps later.
+// nearest number in full precision, and small numbers do not become 0. PROJ, GDAL and
+// the toolkit are written for that: they divide by zero on purpose. A host may have
+// set something else. At its end the scope restores exactly what the thread had,
+// including the status flags, so that nothing from inside traps later.
 class Tfloat_scope {
  public:
   Tfloat_scope() noexcept;
@@ -17,11 +17,11 @@ class Tfloat_scope {
   Tfloat_scope(Tfloat_scope const&) = delete;
   Tfloat_scope& operator=(Tfloat_scope const&) = delete;
 
-  // Gives back early, for exceptions that end no scope.
+  // Restores early, for an exception that does not end the scope.
   void restore() const noexcept;
 
  private:
-  // What of the machine's state the library's type lacks, or gives more slowly.
+  // State that fenv_t does not have, or that fegetenv reads more slowly.
   std::fenv_t environment_{};
   unsigned mxcsr_ = 0;
   unsigned short control_ = 0;

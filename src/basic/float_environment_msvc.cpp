@@ -4,7 +4,7 @@
 
 namespace zu {
 
-// This compiler's code reckons by SSE alone, whose state is all in MXCSR.
+// The code of this compiler uses SSE only, and MXCSR holds all the state of SSE.
 
 Tfloat_scope::Tfloat_scope() noexcept : mxcsr_(_mm_getcsr()) {
   constexpr unsigned all_masked = 0x1F80;

@@ -2,9 +2,9 @@
 
 #include "basic/float_environment.h"
 
-// The instructions themselves: MinGW's fesetenv leaves MXCSR as it is, and that of
-// the GNU library takes as long as transforming a point. Both units count, for the
-// x87 one reckons in libraries of the C run time.
+// Uses the instructions themselves: MinGW's fesetenv does not set MXCSR, and the GNU
+// library's takes as long as transforming a point. The x87 unit is set, too, because
+// the C run-time library computes with it.
 // NOLINTBEGIN(hicpp-no-assembler)
 
 namespace zu {
@@ -20,7 +20,7 @@ unsigned short get_status() noexcept {
   return status;
 }
 
-// Traps on what is pending.
+// Traps where an exception is pending.
 void set_control(unsigned short const& control) noexcept {
   asm volatile("fldcw %0" : : "m"(control));
 }
@@ -29,7 +29,7 @@ void set_control(unsigned short const& control) noexcept {
 
 Tfloat_scope::Tfloat_scope() noexcept : mxcsr_(_mm_getcsr()), status_(get_status()) {
   asm volatile("fnstcw %0" : "=m"(control_));
-  // Flags can be put back with all the rest alone.
+  // The flags can only be restored with the whole environment.
   if ((status_ & status_flags) != 0) asm volatile("fnstenv %0\n\tfnclex" : "=m"(environment_));
   set_control(default_control);
   _mm_setcsr(default_mxcsr);

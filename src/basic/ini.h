@@ -8,21 +8,21 @@
 
 #include "basic/prp_val.h"
 
-// Section and key names are compared without regard to case; the first of equal
-// ones counts. Text before the first section and lines without "=" are passed
-// over, and so are lines that begin with ";" or "#".
+// Names of sections and keys are compared without regard to case; of equal names the
+// first one counts. Text before the first section, lines without "=" and lines that
+// begin with ";" or "#" are ignored.
 class Tzu_ini {
  public:
-  // File names are wide; content is 8-bit text as it stands. False when the
-  // file cannot be read; what was loaded before stays then.
+  // The name is wide; the content is 8-bit text and is not converted. False when the
+  // file cannot be read; the object does not change then.
   bool load_from_file(std::wstring_view name);
-  // A byte-order mark, which some editors put before UTF-8, is passed over.
+  // Ignores a byte-order mark, which some editors write before UTF-8.
   void load_from_text(std::string_view text);
-  // "[section]\n\n", then "key=value\n" for each. False when the file cannot be
-  // opened or not all of it could be written.
+  // Writes "[section]\n\n", then "key=value\n" for each key. False when the file cannot
+  // be opened or not all of it could be written.
   bool save_to_file(std::wstring_view name) const;
 
-  // False for a text that is no INI file at all.
+  // False after loading a text that is no INI file.
   bool has_sections() const noexcept { return !sections_.empty(); }
 
   std::string get_as_str(std::string_view section, std::string_view key,

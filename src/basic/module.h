@@ -1,5 +1,5 @@
-// The modules of this process: the one that holds this library, and functions of
-// those that the host has loaded.
+// The modules of this process: the module of this library, and functions of modules
+// that the host has loaded.
 #pragma once
 
 #include <string>
@@ -9,15 +9,14 @@ namespace zu::module {
 
 using function = void (*)();
 
-// Path of the module that this library is in; the running program's when it is
-// linked in there. Empty when it cannot be told.
+// Path of the module that contains this library; that is the running program where the
+// library is linked into it. Empty when the system does not tell it.
 std::wstring own_path();
 
 // Address of `symbol` in the loaded module `stem` ("zuk_basic" stands for
 // "zuk_basic.dll" on Windows, "zuk_basic.so" or "libzuk_basic.so" elsewhere).
-// Null when the module is not loaded or exports no such symbol. The module is
-// never loaded, and not kept loaded, by the question. Needs no memory, so that
-// destructors may ask.
+// Null when the module is not loaded or exports no such symbol. Never loads a module
+// and does not keep it loaded. Works without free memory, so destructors may call it.
 function find_loaded(std::string_view stem, char const* symbol) noexcept;
 
 template <class Signature>

@@ -17,9 +17,9 @@
 namespace zu::module {
 namespace {
 
-// Where modules were found, by stem; empty for one that is not loaded. Good for
-// as long as nothing is loaded and unloaded: a process may have hundreds of
-// modules, and each text that goes to a host asks for one.
+// Paths of modules by stem; empty for a module that is not loaded. Valid until a module
+// is loaded or unloaded. A process may have hundreds of modules, and each text that
+// goes to a host looks for one.
 struct memory {
   unsigned long long loads = 0;
   unsigned long long unloads = 0;
@@ -60,7 +60,7 @@ int visit(dl_phdr_info* info, std::size_t /*size*/, void* context) noexcept {
 std::wstring own_path() {
   Dl_info info{};
   if (dladdr(reinterpret_cast<void const*>(&own_path), &info) == 0) return {};
-  // A program found by the shell has only the name that it was called by.
+  // A program that the shell found through PATH has no folder in its name.
   if (std::string_view(info.dli_fname).find('/') == std::string_view::npos) return {};
   std::error_code ignored;
   auto const path = std::filesystem::absolute(info.dli_fname, ignored);
@@ -68,15 +68,15 @@ std::wstring own_path() {
 }
 
 function find_loaded(std::string_view stem, char const* symbol) noexcept {
-  // Hosts load their modules by path and often without a soname, so the loaded
-  // objects are looked through by file name.
+  // Hosts load their modules by path and often without a soname, so this compares the
+  // file names of the loaded objects.
   static thread_local memory remembered;
   search wanted{stem, &remembered};
   dl_iterate_phdr(visit, &wanted);
   try {
     remembered.paths.try_emplace(std::string(stem), wanted.path.data());
   } catch (std::bad_alloc const&) {
-    // The next question looks through all of them again.
+    // The next call looks through all modules again.
   }
   if (wanted.path.front() == '\0') return nullptr;
   void* const handle = dlopen(wanted.path.data(), RTLD_LAZY | RTLD_NOLOAD);

@@ -1,8 +1,8 @@
 // Numbers in text, the same in every locale.
 //
-// A host, and the form toolkit itself, may set a decimal comma; the C library
-// would then read "0.9996" as 0 and write it as "0,9996". Every number that
-// the library scans or prints goes through this pair, and nothing else does.
+// A host, and also the form toolkit, may set a decimal comma; the C library would then
+// read "0.9996" as 0 and write it as "0,9996". So the library reads and writes all
+// numbers with these functions.
 #pragma once
 
 #include <optional>
@@ -11,14 +11,14 @@
 
 namespace zu::number {
 
-// Reads the number at the start of `text` by the rules of "%lg": leading white
-// space is passed over, what follows the number is ignored ("1e" reads as 1).
-// Empty when there is no number, or none that a double can hold: infinities,
-// NaNs and overflows are no coordinates and count as unreadable.
+// Reads the number at the start of `text` by the rules of "%lg": white space before the
+// number and any text after it are ignored ("1e" reads as 1). Empty when there is no
+// number, or it does not fit a double. Infinities and NaNs are no coordinates and count
+// as no number.
 std::optional<double> scan_double(std::string_view text) noexcept;
 
-// Reads a text that is a number and nothing else, in decimal: where what follows
-// a number would change its meaning ("37-30"). Empty for any other.
+// Reads a text that is one decimal number and nothing else. It is for places where text
+// after a number changes its meaning ("37-30"). Empty for any other text.
 std::optional<double> read_double(std::string_view text) noexcept;
 
 // Reads the integer at the start of `text` by the rules of "%d". Empty when
@@ -34,8 +34,8 @@ void append_fixed(std::string& text, double value, int digits);
 // Formats as "%d".
 std::string format_int(int value);
 
-// How far apart two numbers are. The largest double stands for all that is farther,
-// and for what no number is.
+// The distance of two numbers. The largest double stands for a larger distance, and for
+// the distance of something that is no finite number.
 double distance(double left, double right) noexcept;
 
 }  // namespace zu::number

@@ -14,7 +14,7 @@ bool has_drive(std::wstring_view path) noexcept { return path.size() > 1 && path
 
 bool is_separator(wchar_t c) noexcept { return is_slash(c) || c == L':'; }
 
-// The standard library of some compilers knows no shares.
+// The standard library of some compilers does not know network shares.
 bool is_absolute(std::wstring_view path) noexcept {
   if (path.size() < 2) return false;
   return has_drive(path) ? path.size() > 2 && is_slash(path[2])

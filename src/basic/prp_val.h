@@ -4,13 +4,13 @@
 #include <string>
 #include <string_view>
 
-// The value is text; what it says is read when it is asked for. A value that
-// does not say such a thing gives the default.
+// The value is text, and each getter converts it. A value that cannot be converted
+// gives the default.
 class Tzu_prp_val {
  public:
   Tzu_prp_val() = default;
   Tzu_prp_val(std::string_view name, std::string_view value) : name_(name), value_(value) {}
-  // From "name=value", both trimmed; without a separator all of it is the name.
+  // From "name=value", both trimmed; without a separator the whole text is the name.
   static Tzu_prp_val parse(std::string_view text, char separator = '=');
   // "name=value".
   std::string get_text(char separator = '=') const;

@@ -1,4 +1,4 @@
-// Who runs the program, on which computer, before what, and how they write numbers.
+// The user, the computer, the terminal and the user's way of writing numbers.
 #pragma once
 
 #include <cstdio>
@@ -6,17 +6,17 @@
 
 namespace zu::session {
 
-// The account that the program runs under; empty when the system does not tell.
+// The account that the program runs as; empty when the system does not tell it.
 std::wstring user_name();
 
-// The computer's own name without a domain's; empty when it cannot be told.
+// The name of the computer without its domain; empty when the system does not tell it.
 std::wstring computer_name();
 
-// Whether a person sees what goes into the stream: it is a terminal or console.
+// Whether the stream goes to a terminal or console, where a person sees it.
 bool is_terminal(std::FILE* stream) noexcept;
 
-// What stands before the decimals in the user's numbers. The host's C locale,
-// which may be another, has no part in it.
+// The text before the decimals in the user's numbers. The C locale of the host, which
+// may be another, does not change it.
 std::wstring decimal_separator();
 
 }  // namespace zu::session

@@ -22,7 +22,7 @@ using locale_ptr = std::unique_ptr<std::remove_pointer_t<locale_t>, locale_delet
 }  // namespace
 
 std::wstring user_name() {
-  // One thread by contract, the host's.
+  // Only one thread calls the library: the host's.
   // cppcheck-suppress getpwuidCalled
   passwd const* const entry = getpwuid(geteuid());
   return entry == nullptr ? std::wstring() : code_page::to_wide(code_page::system, entry->pw_name);

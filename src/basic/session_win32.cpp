@@ -28,7 +28,7 @@ bool is_terminal_pipe(HANDLE handle) noexcept {
 }  // namespace
 
 std::wstring user_name() {
-  // The longest name that an account can have, and the zero behind it.
+  // The longest name of an account has 256 characters, and a zero follows.
   std::array<wchar_t, 257> name{};
   auto size = static_cast<DWORD>(name.size());
   return GetUserNameW(name.data(), &size) != 0 ? name.data() : L"";
@@ -40,7 +40,7 @@ std::wstring computer_name() {
   return GetComputerNameW(name.data(), &size) != 0 ? name.data() : L"";
 }
 
-// The C run-time takes every device for a terminal, the null device too.
+// To the C run-time library every device is a terminal, even the null device.
 bool is_terminal(std::FILE* stream) noexcept {
   auto* const handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
   DWORD mode = 0;
@@ -48,7 +48,7 @@ bool is_terminal(std::FILE* stream) noexcept {
 }
 
 std::wstring decimal_separator() {
-  // Four characters at most, with the zero behind them.
+  // At most four characters, including the zero at the end.
   std::array<wchar_t, 4> text{};
   int const length = GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, LOCALE_SDECIMAL, text.data(),
                                      static_cast<int>(text.size()));

@@ -5,8 +5,8 @@
 namespace zu::str {
 namespace {
 
-// The sets are a few characters long: a loop over them beats a library call
-// for each character of the text.
+// The sets have only a few characters, so a loop is faster than a library call for each
+// character of the text.
 constexpr bool is_in(std::string_view set, char c) noexcept {
   return std::ranges::any_of(set, [c](char member) { return member == c; });
 }

@@ -1,4 +1,4 @@
-// Small text helpers that every subsystem shares.
+// Small text functions for all folders.
 #pragma once
 
 #include <string>

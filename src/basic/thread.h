@@ -1,7 +1,7 @@
-// A thread that runs one function and is joined. std::thread takes memory for
-// every start and throws where the system has no thread to give; this one does
-// neither. Its function runs in a Tfloat_scope, as what a host calls does, whatever
-// floating-point environment the system gives a new thread.
+// A thread that runs one function and is joined. std::thread is not used because MinGW's
+// leaves handles open each time a host unloads the library after a thread has run; it
+// also takes memory for each start, and throws where the system has no thread left.
+// The function runs in a Tfloat_scope, as every call of a host does.
 #pragma once
 
 #include <cstdint>
@@ -17,13 +17,13 @@ class Tthread {
   Tthread(Tthread const&) = delete;
   Tthread& operator=(Tthread const&) = delete;
 
-  // Calls function(context) on a thread of its own; the function must not throw.
-  // False when there is none to be had. At most one start between two joins.
+  // Calls function(context) on a new thread; the function must not throw. False when the
+  // system has no thread left. Call join before the next start.
   bool start(void (*function)(void* context), void* context) noexcept;
-  // Waits for the function's end; does nothing without a start.
+  // Waits until the function ends; does nothing without a start.
   void join() noexcept;
 
-  // What the started thread does.
+  // Runs on the new thread.
   void run() const noexcept {
     Tfloat_scope const scope;
     function_(context_);

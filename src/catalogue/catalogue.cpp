@@ -18,7 +18,7 @@ Tzu_pj_def_dbf& Tzu_pj_def_dbf::instance() {
   return catalogue;
 }
 
-// A table that does not load leaves its list empty and the dialog usable.
+// The list of a table that does not load is empty. The dialog works without it.
 void Tzu_pj_def_dbf::load() {
   Tzu_pj_proj_defs usual;
   Tzu_pj_proj_defs zonal;

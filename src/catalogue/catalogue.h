@@ -9,29 +9,30 @@
 #include "catalogue/pj_dbf.h"
 #include "catalogue/pj_defs.h"
 
-// Projections. Used on the dialog's thread only: the look-ups remember what
-// they found last.
+// Projections. For the dialog's thread only: the look-ups below remember the last record that
+// they found.
 class Tzu_pj_def_dbf {
  public:
   Tzu_pj_def_dbf() { load(); }
   static Tzu_pj_def_dbf& instance();
 
-  // Reads the tables anew; records of before are gone, unless memory runs out.
+  // Reads the tables again. Earlier records are gone then. When there is not enough memory
+  // they stay.
   void load();
 
   Tzu_pj_proj_defs const& get_proj_defs() const noexcept { return usual_; }
   Tzu_pj_proj_defs const& get_zone_defs() const noexcept { return zonal_; }
-  // Of the tables that are not loaded.
+  // Why tables are not loaded; empty when all are.
   std::vector<zu::catalogue_fault> const& get_faults() const noexcept { return faults_; }
   Tzu_pj_proj_def const* get_last_proj() const noexcept { return last_usual_; }
   Tzu_pj_proj_def const* get_last_zone() const noexcept { return last_zonal_; }
 
-  // A zone number other than 0 asks the zonal list, 0 the usual one. Null when
+  // Searches the zonal list for a zone number other than 0, the usual list for 0. Null when
   // nothing matches.
   Tzu_pj_proj_def const* get_def(std::string_view prj4_name, double lat_0, bool has_lat_1,
                                  bool has_lat_2, bool has_lat_ts, bool has_k_0, int zone,
                                  bool south);
-  // Caption of the record that the same searches find; empty when none.
+  // The caption of the record that the same searches find; empty when they find none.
   std::string proj_caption_common(std::string_view prj4_name, double lat_0, bool has_lat_1,
                                   bool has_lat_2, bool has_lat_ts, bool has_k_0, bool south);
   std::string proj_caption_zonal(std::string_view prj4_name, int zone, bool south);
@@ -44,7 +45,7 @@ class Tzu_pj_def_dbf {
   Tzu_pj_proj_def const* last_zonal_ = nullptr;
 };
 
-// Datums and ellipsoids.
+// Datums and ellipsoids. There is no record found last here: no look-up would ever set one.
 class Tzu_datum_def_dbf {
  public:
   Tzu_datum_def_dbf() { load(); }
@@ -66,7 +67,7 @@ class Tzu_datum_def_dbf {
 
 namespace zu {
 
-// Of all tables of the installation's catalogue.
+// The faults of all tables of the installation's catalogue.
 std::vector<catalogue_fault> get_catalogue_faults();
 
 }  // namespace zu

@@ -78,14 +78,14 @@ std::uint32_t Tzu_file_dbf_exe::get_records_in_file() noexcept {
   if (size <= header_length()) return 0;
   std::uint64_t const begun = (size - header_length() + record_length() - 1) / record_length();
   auto count = static_cast<std::uint32_t>(std::min<std::uint64_t>(begun, get_nr()));
-  // The mark of the file's end is no record; some writers fill a block with it.
+  // The mark of the file's end is no record. Some programs fill the last block with it.
   std::uint8_t first = 0;
   while (count > 0 && read_at(record_offset(count - 1), {&first, 1}) == 1 && first == end_of_file)
     --count;
   return count;
 }
 
-// Reads what the file has at `offset`; the rest of the target is zeroed.
+// Reads the bytes that the file has at `offset` and fills the rest of the target with zeros.
 std::size_t Tzu_file_dbf_exe::read_at(std::uint64_t offset,
                                       std::span<std::uint8_t> target) noexcept {
   std::size_t got = 0;
@@ -117,13 +117,13 @@ int Tzu_file_dbf_exe::open(char const* name, bool read_only) {
   return 0;
 }
 
-// Whether a descriptor stands at that place: not the terminator, not beyond
-// the header's length, and inside the file.
+// Whether there is a descriptor at this place: not the terminator, not beyond the header's
+// length, and inside the file.
 bool Tzu_file_dbf_exe::probe_descriptor(std::uint32_t index) noexcept {
   std::uint8_t first = 0;
   std::uint64_t const offset = 32U + 32U * static_cast<std::uint64_t>(index);
   if (read_at(offset, {&first, 1}) == 0 || first == terminator) return false;
-  // Counted in 16 bits, as the header's length is.
+  // Cut to 16 bits, because the header's length has 16 bits.
   return ((32U * index + 64U) & 0xFFFFU) <= header_length();
 }
 
@@ -306,7 +306,7 @@ int Tzu_file_dbf_exe::get_int(std::uint32_t index) {
   switch (get_prp_type(index)) {
     case 'B': {
       double const value = std::trunc(binary_value<double>(index));
-      // False for a NaN, about which the operators must not be asked.
+      // False for a NaN. The comparison operators may trap on one.
       bool const fits = std::isgreaterequal(value, INT32_MIN) && std::islessequal(value, INT32_MAX);
       return fits ? static_cast<int>(value) : 0;
     }
@@ -350,7 +350,7 @@ void Tzu_file_dbf_exe::set_str(std::uint32_t index, char const* text) {
   set_binary(index, as_bytes(padded));
 }
 
-// Copies the value into the field: as many bytes as both have.
+// Copies the value into the field, as many bytes as fit.
 void Tzu_file_dbf_exe::set_binary(std::uint32_t index, bytes value) {
   extent const field = field_extent(index);
   if (!current_ || field.length == 0) return;

@@ -52,10 +52,10 @@ class Tzu_dbf_prpdefs {
   std::vector<Tzu_dbf_prpdef> items_;
 };
 
-// One open table. Value calls act on the current record and need a set_rec
-// before them. Damaged tables never lead outside a buffer: what a header, a
-// descriptor or a record claims beyond the file or the record reads as zero
-// bytes, and writes there are dropped.
+// One open table. Value calls use the current record and need a set_rec before them. A damaged
+// table never causes an access outside a buffer: a part that a header, a descriptor or a
+// record claims beyond the file or the record reads as zero bytes, and writes there are
+// dropped.
 class Tzu_file_dbf_exe {
  public:
   Tzu_file_dbf_exe() = default;
@@ -63,37 +63,38 @@ class Tzu_file_dbf_exe {
   Tzu_file_dbf_exe(Tzu_file_dbf_exe const&) = delete;
   Tzu_file_dbf_exe& operator=(Tzu_file_dbf_exe const&) = delete;
 
-  // Opens a table by its name in the system's ANSI code page; what was open is
-  // closed. 0 on success, 1 when the file cannot be opened.
+  // Opens a table by its name in the system's ANSI code page. Closes the table that was open
+  // before. 0 on success, 1 when the file cannot be opened.
   int open(char const* name, bool read_only);
-  // Creates a table with `records` blank records. 0, or 1 when it cannot be.
+  // Creates a table with `records` blank records. 0 on success, 1 when the file cannot be
+  // created.
   int create(char const* name, Tzu_dbf_prpdefs const& definitions, std::uint32_t records);
-  // Writes back a changed record and closes. False when something that was
-  // written since open or create did not reach the file.
+  // Writes back a changed record and closes. False when anything written since open or create
+  // did not reach the file.
   bool close();
 
   std::uint32_t get_nr() const noexcept;  // records, as the header claims
   std::uint32_t get_np() const noexcept { return static_cast<std::uint32_t>(fields_.size()); }
-  // Records that begin inside the file and before its end mark; a header can claim
-  // any number, so this bounds a loop over all of them.
+  // Records that begin inside the file and before its end mark. A header can claim any number;
+  // use this one for a loop over all records.
   std::uint32_t get_records_in_file() noexcept;
 
-  // First field of that name, trimmed, without regard to case.
+  // Finds the first field with the name. Both are trimmed and compared without regard to case.
   bool find_prp_by_name(std::string_view name, std::uint32_t& index) const;
   // A view into the table's descriptors.
   std::string_view get_prp_name(std::uint32_t index) const noexcept;
   char get_prp_type(std::uint32_t index) const noexcept;
   unsigned get_prp_len(std::uint32_t index) const noexcept;
   unsigned get_prp_dec(std::uint32_t index) const noexcept;
-  // Renames a field, in the file at once. True when written.
+  // Renames a field and writes that to the file at once. True when written.
   bool set_prp_name(std::uint32_t index, char const* name);
 
   void set_rec(std::uint32_t record);
-  // Text of a field, untrimmed, in a buffer of the table's: valid until the
-  // next value call on it.
+  // The untrimmed text of a field. It is in a buffer of the table and valid until the next
+  // value call.
   char const* get_str(std::uint32_t index);
-  // The same text without the copy; valid until the record or table changes.
-  // Fields of the binary types have no text of their own: empty.
+  // The same text without a copy; valid until the record or table changes. Empty for fields of
+  // the binary types: they have no text.
   std::string_view get_text(std::uint32_t index) const noexcept;
   int get_int(std::uint32_t index);
   double get_dbl(std::uint32_t index) const noexcept;
@@ -137,7 +138,7 @@ class Tzu_file_dbf_exe {
   zu::file::stream file_;
   bool read_only_ = false;
   bool failed_ = false;
-  std::optional<std::uint64_t> position_;  // where the stream stands for reading
+  std::optional<std::uint64_t> position_;  // the stream's position for reading
   std::array<std::uint8_t, 32> header_{};
   std::vector<descriptor> fields_;
   std::optional<std::uint32_t> current_;
@@ -150,8 +151,8 @@ class Tzu_file_dbf_exe {
 class Tzu_file_dbf {
  public:
   int open(char const* name, bool read_only) { return exe_->open(name, read_only); }
-  // By wide name, which is turned into the system's ANSI code page; a name that
-  // it cannot spell cannot be opened.
+  // Opens a table by its wide name. The name is converted to the system's ANSI code page; a
+  // name that has other characters cannot be opened.
   int open(wchar_t const* name, bool read_only);
   int create(char const* name, Tzu_dbf_prpdefs const& definitions, std::uint32_t records) {
     return exe_->create(name, definitions, records);

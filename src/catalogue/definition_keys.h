@@ -1,6 +1,6 @@
-// The keys of a definition: what PROJ calls them, what their values are, how a user is told
-// of them, and which of them are numbers of the dialog and columns of the catalogue. A new
-// key is new lines in this file; a text for its caption is in text/rc_strings.cpp.
+// The keys of a definition: their PROJ names, their kinds of value, their captions, and which
+// of them are numbers of the dialog and columns of the catalogue. To add a key, add lines to
+// this file. A new caption also needs a name in text/rc.h and a text in text/rc_strings.cpp.
 #pragma once
 
 #include <algorithm>
@@ -42,17 +42,17 @@ enum class definition_key : unsigned {
 // A flag has no value; a shift has seven numbers.
 enum class key_kind : unsigned { text, number, whole, flag, shift };
 enum class key_unit { none, degrees, metres, ratio };
-// A geographic definition has no keys of the projection but "proj".
+// A geographic definition has no key of the projection except "proj".
 enum class key_part { projection, datum };
 
 struct definition_key_entry {
   definition_key key;
   std::string_view name;        // PROJ's
-  std::string_view other_name;  // is read as well, and never written
+  std::string_view other_name;  // read as well, never written
   key_kind kind;
   key_unit unit;
   key_part part;
-  std::optional<editor_text> caption;  // of a description; without one the key is not described
+  std::optional<editor_text> caption;  // in a description; a key without one is not described
 };
 
 namespace definition_key_table {
@@ -97,7 +97,7 @@ constexpr definition_key_entry const& entry_of(definition_key key) noexcept {
   return definition_keys[static_cast<std::size_t>(key)];
 }
 
-// The keys that have a caption, in the order of a description: the ellipsoid's name stands
+// The keys that have a caption, in the order of a description. The ellipsoid's name comes
 // before its axes there.
 inline constexpr auto described_keys = [] {
   constexpr auto has_caption = [](auto const& entry) { return entry.caption.has_value(); };
@@ -161,7 +161,7 @@ constexpr definition_key_entry const& entry_of(proj_number number) noexcept {
 // The numeric parameters in the order of the catalogue's columns.
 struct number_column {
   std::string_view name;
-  std::optional<proj_number> number;  // none: the column is there, and is not read
+  std::optional<proj_number> number;  // none: the column has to exist but is not read
 };
 
 inline constexpr std::array<number_column, 11> number_columns{{
@@ -172,14 +172,14 @@ inline constexpr std::array<number_column, 11> number_columns{{
     {"LON_0", proj_number::lon_0},
     {"LONC", proj_number::lonc},
     {"ALPHA", proj_number::alpha},
-    // Every table of the suite has it, but K_0 alone gives the scale.
+    // Every table of the suite has this column, but the scale is in K_0 alone.
     {"K", {}},
     {"K_0", proj_number::k_0},
     {"X_0", proj_number::x_0},
     {"Y_0", proj_number::y_0},
 }};
 
-// Whether each entry stands at the place that its enumerator says.
+// Whether the index of each entry is the value of its enumerator.
 template <class Entries, class Member>
 constexpr bool are_in_order(Entries const& entries, Member member) noexcept {
   for (std::size_t i = 0; i < entries.size(); ++i)

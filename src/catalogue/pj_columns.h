@@ -1,5 +1,5 @@
-// The columns of the catalogue's tables by name, in the order in which make_prj_def writes
-// them. A table may have them in any order, and others besides.
+// The names of the columns of the catalogue's tables, in the order in which make_prj_def
+// writes them. A table may have its columns in another order and may have more of them.
 #pragma once
 
 #include <array>
@@ -12,12 +12,12 @@
 
 namespace zu {
 
-// The index of a column in the names below.
+// An enumerator is the index of a column in the array of names.
 enum class ellipse_column : std::size_t { id, name, ellps, a, b, rf };
 inline constexpr std::array<std::string_view, 6> ellipse_columns{"ELLPS_ID", "ELLPS_NAME", "ELLPS",
                                                                  "A",        "B",          "RF"};
 
-// From shift_x on the seven numbers follow in the order of towgs84.
+// The seven numbers begin at shift_x and have the order of towgs84.
 enum class datum_column : std::size_t { name, datum, shift_x, ellipse_id = shift_x + 7 };
 inline constexpr std::array<std::string_view, 10> datum_columns{
     "DATUM_NAME", "DATUM",    "SHIFT_X0", "SHIFT_Y0", "SHIFT_Z0",
@@ -41,7 +41,7 @@ enum class proj_column : std::size_t {
   datum
 };
 
-// A column of the parameter at a place of number_columns.
+// A column of the parameter that has this place in number_columns.
 constexpr proj_column number_column_at(std::size_t place, number_part part) noexcept {
   return static_cast<proj_column>(static_cast<std::size_t>(proj_column::numbers) +
                                   place * number_suffixes.size() + static_cast<std::size_t>(part));

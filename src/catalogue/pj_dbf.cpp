@@ -33,14 +33,14 @@ std::wstring main_module_folder() {
   return module == nullptr ? std::wstring() : std::wstring(zu::path::folder_of(module));
 }
 
-// The folder that a folder with its final separator is in; empty for a root.
+// The parent of a folder. Both end with a separator; the parent of a root is empty.
 std::wstring_view parent_of(std::wstring_view folder) {
   if (!folder.empty()) folder.remove_suffix(1);
   return zu::path::folder_of(folder);
 }
 
-// Beside the host's program; beside this library; where it was installed with this
-// library, whose folder is the prefix's "lib" or a folder in it.
+// First beside the host's program, then beside this library, then the folder that was
+// installed with it: the library is in the prefix's "lib" or in a folder inside of that.
 std::vector<std::wstring> possible_folders() {
   std::wstring const program = main_module_folder();
   std::wstring const own(zu::path::folder_of(zu::module::own_path()));
@@ -58,7 +58,7 @@ std::string table_path(std::string_view name) {
   return (Tzu_pj_dbf::get_catalogue_folder() + "/").append(name);
 }
 
-// The record under the cursor of a table, whose columns have names.
+// The current record of a table. Its columns are reached by an enumeration.
 template <class Column>
 class Trow {
  public:
@@ -89,8 +89,7 @@ class Trow {
   }
 
  private:
-  // Fields of the binary types have to be rendered; all others are read where
-  // they stand.
+  // Binary types have to be converted to text. All other fields are read in place.
   std::string_view raw(Column column) const {
     std::uint32_t const index = columns_[static_cast<std::size_t>(column)];
     char const type = table_->get_prp_type(index);
@@ -167,7 +166,7 @@ void read_number(Trow<proj_column> const& row, std::size_t place, Tzu_pj_dbl_par
   param.set_use_proj4(true);
   param.set_def_default(value.has_value());
   param.set_default(value.value_or(0));
-  // What the projection fixes is not offered for editing.
+  // The dialog does not offer a number that the projection fixes.
   param.set_show(!value.has_value());
   param.set_def_min(min.has_value());
   param.set_min(min.value_or(0));

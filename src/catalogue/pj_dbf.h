@@ -9,8 +9,8 @@
 
 namespace zu {
 
-// Why a table of the catalogue is not loaded: it lacks the column, or, where that is
-// empty, it cannot be opened.
+// Why a table of the catalogue is not loaded: it does not have the column. When `column` is
+// empty, the table cannot be opened.
 struct catalogue_fault {
   std::string table;  // path, in the system's code page
   std::string column;
@@ -25,17 +25,17 @@ class Tzu_pj_dbf {
   static constexpr int not_opened = 1;
   static constexpr int column_missing = 200;
 
-  // Folder of the host's main module with its final separator, in the system's
-  // ANSI code page; empty when the host tells none.
+  // Folder of the host's main module with a separator at its end, in the system's ANSI code
+  // page. Empty when the host does not tell it.
   static std::string get_dll_path();
-  // Names another folder that holds the four tables themselves; an empty text
-  // goes back to the usual ones. Takes effect on what is loaded after it.
+  // Sets another folder that holds the four tables directly. An empty text goes back to the
+  // usual folders. Tables that are loaded already stay.
   static void set_catalogue_folder(std::string folder);
-  // The folder of the tables: "prj_def" beside the host's main module. Only where
-  // there is no such folder, the one beside this library, and then the one that is
-  // installed with it; where there is none of them, the first again.
+  // The folder of the tables: "prj_def" beside the host's main module. If there is no such
+  // folder, the one beside this library, and then the one that was installed with it. If none
+  // exists, the first one again.
   static std::string get_catalogue_folder();
-  // What was looked for in vain; empty when the folder of the tables is there.
+  // The folders that do not exist; empty when the folder of the tables exists.
   static std::vector<std::wstring> get_missing_folders();
 
   static std::string get_proj_db_path();
@@ -43,12 +43,12 @@ class Tzu_pj_dbf {
   static std::string get_datum_db_path();
   static std::string get_ellipse_db_path();
 
-  // Text of a table field: "*" stands for a blank, blanks at the ends go.
+  // Cleans the text of a table field: replaces "*" by a blank and removes blanks at both ends.
   static std::string wrk_str(std::string_view text);
 
-  // Each clears the list and fills it in the order of the table. A table that
-  // cannot be opened or lacks a column leaves the list empty, and so does a lack of
-  // memory, which is thrown. The name of the first missing column goes to `missing`.
+  // Each clears the list and fills it in the order of the table. The list stays empty when the
+  // table cannot be opened or does not have a column, and when there is not enough memory,
+  // which is thrown. `missing` receives the name of the first missing column.
   static int load_pj_ellipse(std::string const& name, Tzu_pj_ellipse_defs& list,
                              std::string* missing = nullptr);
   static int load_pj_datum(std::string const& name, Tzu_pj_datum_defs& list,

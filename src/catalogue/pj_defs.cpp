@@ -12,7 +12,7 @@ using zu::str::trim_stricmp;
 
 namespace {
 
-// What a definition gives and what a record has may be the two different forms.
+// For comparing b with rf: the definition may give one and the record have the other.
 constexpr double form_tolerance = 1e-6;
 
 bool has_semi_minor(Tzu_pj_ellipse_def const& record, double a, double b) {
@@ -24,7 +24,7 @@ bool has_semi_minor(Tzu_pj_ellipse_def const& record, double a, double b) {
 
 bool has_flattening(Tzu_pj_ellipse_def const& record, double a, double rf) {
   if (record.get_def_inv_flattening()) return record.get_inv_flattening() == rf;
-  // Less than 1, and so 0, is that of no ellipsoid.
+  // No ellipsoid has an inverse flattening below 1.
   return record.get_def_semi_minor() && std::abs(rf) >= 1 &&
          distance((1 - 1 / rf) * a, record.get_semi_minor()) <= form_tolerance;
 }

@@ -46,8 +46,8 @@ class Tzu_pj_ellipse_def {
   bool def_inv_flattening_ = false;
 };
 
-// The shift is towards WGS 84 in PROJ's convention (position vector): metres,
-// arc-seconds, parts per million.
+// The shift is towards WGS 84 with PROJ's signs (position vector): metres, arc-seconds, parts
+// per million.
 class Tzu_pj_datum_def {
  public:
   std::uint32_t get_index() const noexcept { return index_; }  // 1-based row of the table
@@ -172,8 +172,8 @@ class Tzu_pj_defs {
 class Tzu_pj_ellipse_defs : public Tzu_pj_defs<Tzu_pj_ellipse_def> {
  public:
   Tzu_pj_ellipse_def const* find_by_name(std::string_view prj4_name) const;
-  // By shape in metres: a exactly, then b or rf exactly, or the one computed
-  // from the other within 1e-6.
+  // Finds an ellipsoid by its shape in metres. a must be equal. b or rf must be equal, or the
+  // one computed from the other must be within 1e-6.
   Tzu_pj_ellipse_def const* find_by_params(bool has_a, double a, bool has_b, double b, bool has_rf,
                                            double rf) const;
 };
@@ -182,7 +182,7 @@ class Tzu_pj_datum_defs : public Tzu_pj_defs<Tzu_pj_datum_def> {
  public:
   Tzu_pj_datum_def const* find_by_name(std::string_view prj4_name) const;
   Tzu_pj_datum_def const* find_by_caption(std::string_view caption) const;
-  // By ellipsoid id and the seven numbers, each within 1e-6.
+  // Finds a datum by the id of its ellipsoid and the seven numbers, each within 1e-6.
   Tzu_pj_datum_def const* find_by_params(std::uint32_t ellipse_index,
                                          std::span<double const, 7> towgs84) const;
 };
@@ -193,12 +193,12 @@ class Tzu_pj_proj_defs : public Tzu_pj_defs<Tzu_pj_proj_def> {
   Tzu_pj_proj_def const* find_by_caption_and_zone(std::string_view caption, int zone) const;
   Tzu_pj_proj_def const* find_utm(std::string_view prj4_name, int zone, bool south) const;
   Tzu_pj_proj_def const* find_by_name_south(std::string_view prj4_name, bool south) const;
-  // Whether a record is of the projection and does not contradict the rest: a fixed
-  // lat_0 lies within 0.0001 degree.
+  // Whether a record has the projection and fits lat_0 and south. A fixed lat_0 fits within
+  // 0.0001 degree.
   static bool fits(Tzu_pj_proj_def const& record, std::string_view prj4_name, double lat_0,
                    bool south);
-  // The first that fits and has lat_1, lat_2, lat_ts and (unless lat_ts is given) k_0 when they are
-  // given.
+  // Finds the first record that fits and has each of lat_1, lat_2, lat_ts and k_0 that is
+  // given. A given k_0 does not count when lat_ts is given.
   Tzu_pj_proj_def const* find_by_name_lat_south(std::string_view prj4_name, double lat_0,
                                                 bool has_lat_1, bool has_lat_2, bool has_lat_ts,
                                                 bool has_k_0, bool south) const;

@@ -34,7 +34,7 @@ using Tzu_pj_str_param = Tzu_pj_value_param<std::string>;
 using Tzu_pj_bool_param = Tzu_pj_value_param<bool>;
 using Tzu_pj_int_param = Tzu_pj_value_param<int>;
 
-// Limits are inclusive; degrees, metres or a ratio, as the parameter's key has it.
+// Limits are inclusive. Their unit is the unit of the parameter's key.
 class Tzu_pj_dbl_param : public Tzu_pj_value_param<double> {
  public:
   bool get_def_min() const noexcept { return def_min_; }

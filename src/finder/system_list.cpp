@@ -19,7 +19,8 @@
 namespace zu {
 namespace {
 
-// Zones reach from the equator to where their meridians come too close.
+// Zones reach from the equator to the latitude where their meridians come too close to each
+// other.
 constexpr double zone_top = 84;
 
 std::optional<system_area> strip_around(double meridian, double width, bool south = false) {
@@ -45,7 +46,7 @@ constexpr std::string_view cadastre = "Russia_Cadastre_";
 constexpr std::string_view pulkovo = "Pulkovo_1942_GK_Zone_";
 constexpr std::string_view gsk = "GSK-2011_GK-";
 
-// "72" and "72 3" of a cadastral district's third system; its region.
+// For the third system of a cadastral district: "72", "72 3" and the names of its region.
 void describe_district(listed_system& system, std::string_view rest) {
   std::string words(rest);
   std::ranges::replace(words, '_', ' ');
@@ -77,7 +78,7 @@ void describe_known(listed_system& system) {
   system.other_words += " Гаусс-Крюгер Gauss-Kruger зона zone";
 }
 
-// The number by which other programs know it, where its WKT has one of the EPSG's.
+// The EPSG code in its WKT, when there is one: other programs know the system by that.
 std::string code_in(std::string_view wkt) {
   constexpr std::string_view mark = "AUTHORITY[\"EPSG\",";
   auto const at = wkt.rfind(mark);
@@ -93,13 +94,14 @@ listed_system list_known(known_system const& row) {
   describe_known(system);
   system.other_codes += code_in(row.wkt);
   if (!row.confirmed) return system;
-  // Districts have zones of three degrees or of six; the narrow strip is in both.
+  // Districts have zones of three degrees or of six degrees. A strip of three degrees is
+  // inside of both.
   double const width = system.name.starts_with(cadastre) ? 3 : 6;
   if (auto const meridian = meridian_of(row.proj4)) system.box = strip_around(*meridian, width);
   return system;
 }
 
-// A name that a shell takes as it is: "Gauss-Kruger_plus_zone_7".
+// A name that needs no quotes in a shell: "Gauss-Kruger_plus_zone_7".
 std::string id_of(Tzu_pj_proj_def const& zone) {
   std::string id;
   for (char const c : std::string(str::trim(zone.get_caption())) + " " +
@@ -136,7 +138,7 @@ listed_system list_zone(Tzu_pj_proj_def const& zone) {
   return system;
 }
 
-// What the dialog makes of a choice of the zone.
+// The definition that the dialog writes when the zone is chosen.
 std::string definition_of(Tzu_pj_proj_def const& zone) {
   Tzu_proj4_str set;
   auto const give = [](Tzu_proj4_param_dbl& param, Tzu_pj_dbl_param const& fixed) {

@@ -1,5 +1,5 @@
-// Every coordinate system that can be found by name: the known systems, the zones of
-// the catalogue, and the projected and geographic systems of PROJ's database.
+// Every coordinate system that can be found by name: the known systems, the zones of the
+// catalogue, and the projected and geographic systems of PROJ's database.
 //
 // Texts are UTF-8.
 #pragma once
@@ -13,7 +13,7 @@ namespace zu {
 
 enum class system_kind { known, zonal, projected, geographic };
 
-// Degrees; east is more than 180 over that meridian.
+// Degrees. An area across the meridian of 180 degrees has an east above 180.
 struct system_area {
   double west;
   double south;
@@ -21,40 +21,41 @@ struct system_area {
   double north;
 
   bool contains(double longitude, double latitude) const noexcept;
-  // In square degrees: what is asked for is which of two is smaller.
+  // In square degrees, which is good enough to find the smaller of two areas.
   double size() const noexcept { return (east - west) * (north - south); }
 };
 
 struct listed_system {
   system_kind kind = system_kind::known;
   std::string id;            // "Russia_Cadastre_50_1", "UTM_North_37", "EPSG:28407"
-  std::string name;          // as the source has it
-  std::string area;          // where it is used, in English; empty when nobody says
-  std::string russian_area;  // the same in Russian; empty where there is only the other
+  std::string name;          // as in the source
+  std::string area;          // where it is used, in English; empty when that is unknown
+  std::string russian_area;  // the same in Russian; empty when there is no Russian text
   std::optional<system_area> box;
   bool is_deprecated = false;
-  // Words and codes by which it is found, too; ' ' and '\n' stand between them.
+  // More words and codes to find it by, separated by ' ' or '\n'.
   std::string other_words;
   std::string other_codes;
 
-  // In the interface's language, as far as there is one.
+  // The area in the interface language, or in English when there is no other text.
   std::string const& get_area() const;
 };
 
-// The known systems, then the zones. Uses the catalogue, as the dialog's thread may.
+// The known systems, then the zones. Uses the catalogue, so only the dialog's thread may call
+// it.
 std::vector<listed_system> list_shipped_systems();
 
-// The systems of PROJ's database, projected ones first, the EPSG's before others;
-// empty without one. Any thread; takes some 70 ms.
+// The systems of PROJ's database: projected systems first, and those of the EPSG before
+// others. Empty without a database. Any thread may call it. Takes about 70 ms.
 std::vector<listed_system> list_database_systems();
 
-// The definition of a listed system (the system's code page), or nothing: the numbers
-// of some known systems nobody has published, and of some others there is no
-// definition. Of a zone it is what the dialog makes of it.
+// The definition of a listed system, in the system's code page. Nothing when there is none:
+// for some known systems the numbers are not published. The definition of a zone is the one
+// that the dialog writes for it.
 std::optional<std::string> definition_of(listed_system const& system);
 
-// The definition of a known system or a zone by its id, whatever its case; nothing for
-// other ids, which PROJ knows.
+// The definition of a known system or a zone by its id in any case. Nothing for other ids:
+// PROJ knows those.
 std::optional<std::string> definition_of_shipped(std::string_view id);
 
 }  // namespace zu

@@ -33,7 +33,8 @@ std::vector<system_name> find_system_names(std::string const& definition, int le
     std::string const name(known_system_name(*known));
     names.push_back({name, name, 100});
   }
-  // The shift would make it another kind of object, which PROJ does not identify.
+  // With a shift the definition would become another kind of object, and PROJ does not
+  // identify that kind.
   set.set_is_lon_wrap(false);
   set.get_towgs84().set_def(false);
   set.get_nadgrids().set_def(false);

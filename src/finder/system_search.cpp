@@ -18,14 +18,14 @@ letter_kind kind_of(wchar_t c) {
   return is_letter && c != 0xD7 && c != 0xF7 ? letter_kind::letter : letter_kind::none;
 }
 
-// Latin, Greek and Cyrillic letters; the toolkit's and the system's tables depend on
-// the locale.
+// Handles Latin, Greek and Cyrillic letters. The tables of the toolkit and of the system
+// depend on the locale.
 wchar_t lower(wchar_t c) {
   auto const in = [c](wchar_t first, wchar_t last) { return c >= first && c <= last; };
   if (in(L'A', L'Z') || in(0xC0, 0xDE) || in(0x391, 0x3A9) || in(0x410, 0x42F))
     return static_cast<wchar_t>(c + 0x20);
   if (in(0x400, 0x40F)) c = static_cast<wchar_t>(c + 0x50);
-  // Few write it with its dots.
+  // Most people write the letter without its dots.
   if (c == 0x451) return 0x435;
   return in(0x100, 0x17F) && c % 2 == 0 ? static_cast<wchar_t>(c + 1) : c;
 }
@@ -34,7 +34,7 @@ bool contains(std::string_view text, std::string_view part) {
   return text.find(part) != std::string_view::npos;
 }
 
-// The words of a request, as they are looked for.
+// The words of a request, prepared for the search.
 class Twords {
  public:
   explicit Twords(std::string_view words) : whole_(fold_words(words)) {
@@ -71,7 +71,7 @@ class Twords {
   std::vector<Tword> words_;
 };
 
-// Whose systems a user is likelier to mean.
+// Users more often mean systems of these sources.
 int origin_of(listed_system const& system) {
   if (system.kind == system_kind::known) return 0;
   return system.kind == system_kind::zonal || system.id.starts_with("EPSG:") ? 1 : 2;
@@ -119,7 +119,7 @@ std::vector<std::size_t> Tsystem_search::find(search_request const& request,
   std::string const name = " " + words.whole();
   struct Tfound {
     int rank;
-    std::ptrdiff_t missing;  // of the words, those that are no whole words of it
+    std::ptrdiff_t missing;  // number of words that are no whole words of it
     int origin;
     double size;
     std::size_t length;

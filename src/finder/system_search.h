@@ -1,4 +1,4 @@
-// The search among listed systems, by words as a user types them.
+// The search for listed systems by the words that a user types.
 #pragma once
 
 #include <cstddef>
@@ -11,8 +11,8 @@
 
 namespace zu {
 
-// A text as it is compared: lower case, words parted by one blank, a letter and a digit
-// beside each other parted, too ("UTM zone 37N" is "utm zone 37 n"). UTF-8.
+// Prepares a text for comparison: lower case, one blank between words, and a blank between a
+// letter and a digit ("UTM zone 37N" becomes "utm zone 37 n"). UTF-8.
 std::string fold_words(std::string_view text);
 
 struct geographic_place {
@@ -21,30 +21,30 @@ struct geographic_place {
 };
 
 struct search_request {
-  // In any order and case; each is to be in a system's name, codes or area. None finds
-  // all.
+  // Words in any order and case. Each word must be in a system's name, codes or area. Without
+  // words all systems are found.
   std::string words;
   std::optional<system_kind> kind;
-  std::optional<geographic_place> place;  // to be in the system's area
-  bool deprecated = false;                // these, too
+  std::optional<geographic_place> place;  // must be in the system's area
+  bool deprecated = false;                // find deprecated systems as well
 };
 
 class Tsystem_search {
  public:
-  // Later systems stand behind earlier ones that fit as well.
+  // Systems added later come after earlier ones that fit equally well.
   void add(std::vector<listed_system> systems);
 
   std::vector<listed_system> const& systems() const noexcept { return systems_; }
 
-  // Places in systems(), the best first: one with just this code or name; names that
-  // begin so; all words begin words of the name; the rest. Of equal ones those with
-  // more of the words whole and together, then the known systems, then zones and the
-  // EPSG's, then, where a place is given, the smaller area, then the shorter name. At
-  // most `limit`.
+  // Places in systems(), the best first, at most `limit` of them. The order: the system with
+  // exactly this code or name; names that begin with the words; names in which all words begin
+  // a word; the rest. Among equal ones: more of the words whole and together; known systems
+  // before zones and systems of the EPSG, and these before others; the smaller area, when a
+  // place is given; the shorter name.
   std::vector<std::size_t> find(search_request const& request, std::size_t limit) const;
 
  private:
-  // Parts of text_, each with a blank at both ends.
+  // Positions in text_ of parts that each have a blank at both ends.
   struct Tkey {
     std::size_t begin = 0;  // the name
     std::size_t words = 0;  // end of the name, id and other words

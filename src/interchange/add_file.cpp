@@ -19,7 +19,7 @@ bool expand_pj4(std::wstring const& definition, Izu_string_adp* adapter) {
 }
 
 bool feed_ini(std::string const& content, Izu_string_adp* adapter) {
-  // An INI reader would find nothing in a plain file and call that success.
+  // An INI reader finds nothing in a plain file and calls that success.
   if (zu::str::trim(content, " \t\n\r\v\f").starts_with('+')) return false;
   Tzu_ini ini;
   ini.load_from_text(content);
@@ -39,7 +39,7 @@ bool Tzu_add_file::load_pj4_simple(std::wstring_view name, Izu_string_adp* adapt
   return load_pj4_ini(name, adapter) || load_pj4_mgs(name, adapter);
 }
 
-// INI files are opened by their name in the system's code page.
+// The name of an INI file must exist in the system's code page.
 bool Tzu_add_file::load_pj4_ini(std::wstring_view name, Izu_string_adp* adapter) {
   if (!zu::strconv::has_system_spelling(name)) return false;
   auto const content = zu::file::read_whole(name, zu::file::content_kind::text);

@@ -39,7 +39,7 @@ double central_meridian(std::string_view definition) {
 
 bool is_finite(PJ_XY const& point) { return std::isfinite(point.x) && std::isfinite(point.y); }
 
-// Whether two projections give the same coordinates wherever both give any.
+// Whether two projections give the same coordinates, or both none, at each test place.
 bool are_same(std::string const& left_text, std::string const& right_text) {
   constexpr double millimetre = 1e-3;
   constexpr double degree = std::numbers::pi / 180;
@@ -55,7 +55,7 @@ bool are_same(std::string const& left_text, std::string const& right_text) {
       PJ_XY const a = proj_trans(left.get(), PJ_FWD, place).xy;
       PJ_XY const b = proj_trans(right.get(), PJ_FWD, place).xy;
       if (!is_finite(a) && !is_finite(b)) continue;
-      // No number is near another one that is none.
+      // In this form a NaN is not near anything.
       if (!(std::hypot(a.x - b.x, a.y - b.y) <= millimetre)) return false;
       any = true;
     }
@@ -74,7 +74,7 @@ std::string projection_of(OGRSpatialReferenceH system) {
   for (std::string_view const piece : str::split(definition.get(), "+")) {
     auto const [name, value] = str::divide_str(piece, '=');
     if (name.empty() || std::ranges::find(left_out, name) != left_out.end()) continue;
-    // By its numbers: a name may be told in another way.
+    // Its numbers, because one ellipsoid may have several names.
     if (name == "datum" || name == "ellps")
       text.append(ellipsoid_of(system));
     else

@@ -1,4 +1,4 @@
-// Whether ESRI's programs read a system as it was meant.
+// Checks that ESRI's programs read an exported system correctly.
 #pragma once
 
 #include <ogr_srs_api.h>
@@ -7,14 +7,14 @@
 
 namespace zu::esri_check {
 
-// A projection and its ellipsoid as PROJ.4 text, without a datum. Empty where a
-// system has none.
+// The projection and the ellipsoid of a system as PROJ.4 text, without its datum. Empty
+// where the system has no such text.
 std::string projection_of(OGRSpatialReferenceH system);
 
-// Why the WKT made of a system is not to be written into a file: GDAL also writes
-// the younger WKT, methods that nobody reads, and methods without one of their
-// parameters. Empty when GDAL's reader makes a system of it whose projection gives
-// the same coordinates to a millimetre. ESRI's WKT has no shifts of datums.
+// Why a WKT must not be written into a file. GDAL also writes WKT2, projection methods
+// that no program reads, and methods without one of their parameters. Empty when GDAL
+// reads the WKT back as a projection with the same coordinates to a millimetre. The
+// shift of the datum is not compared, because ESRI's WKT has none.
 std::string find_fault(std::string const& projection, char const* wkt);
 
 }  // namespace zu::esri_check

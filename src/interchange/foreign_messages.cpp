@@ -18,7 +18,7 @@ thread_local bool memory_is_short = false;
 
 void pass_on(char const* message) {
   if (message == nullptr) return;
-  // PROJ tells what it has caught.
+  // PROJ catches exceptions and reports their texts.
   std::bad_alloc const caught;
   if (std::string_view(message).find(caught.what()) != std::string_view::npos)
     memory_is_short = true;

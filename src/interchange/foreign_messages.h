@@ -1,4 +1,4 @@
-// What GDAL and PROJ have to say about a conversion.
+// The messages of GDAL and PROJ during a conversion.
 #pragma once
 
 #include <functional>
@@ -8,16 +8,16 @@
 
 namespace zu::foreign_messages {
 
-// Receives each message, in UTF-8, without a line end. Without a sink nothing is
-// shown. A program installs one for its whole life; it changes how PROJ's default
-// context reports, which a library inside somebody else's program must not.
+// Receives each message, in UTF-8, without a line end. Without a sink the messages are
+// dropped. A program installs one for its whole life. The dialog library must not: a
+// sink changes PROJ's default context, which belongs to the host.
 using sink = std::function<void(std::string_view)>;
 void set_sink(sink wanted);
 
-// Adds a message of this library's own.
+// Sends a message of this library to the sink.
 void tell(std::string_view message);
 
-// Within its scope messages of this thread go to the sink, or nowhere.
+// Within its scope the messages of this thread go to the sink, or are dropped.
 class Tscope {
  public:
   Tscope();
@@ -29,8 +29,9 @@ class Tscope {
   bool was_short_;
 };
 
-// Whether a message of the innermost such scope, or of one that was inside it, said
-// so. The libraries go on without what they had no memory for, be it a datum's shift.
+// Whether a message in the innermost scope, or in a scope inside it, reported a lack of
+// memory. The libraries then continue with an incomplete result, for example without
+// the shift of a datum.
 bool is_memory_short() noexcept;
 
 // The same for PROJ's default context.

@@ -27,8 +27,8 @@ bool contains_any(std::string_view text, List const& words) {
       words, [text](std::string_view word) { return text.find(word) != std::string_view::npos; });
 }
 
-// The forms that OSRSetFromUserInput tells apart before it turns to documents
-// and files, in its order.
+// The forms that OSRSetFromUserInput checks before it tries documents and files, in its
+// order.
 constexpr std::array<std::string_view, 19> wkt_keywords{
     "GEOGCS",       "GEOCCS",        "PROJCS",         "VERT_CS",       "COMPD_CS",
     "LOCAL_CS",     "GEODCRS",       "GEOGCRS",        "GEODETICCRS",   "PROJCRS",
@@ -58,7 +58,8 @@ struct list_closer {
   void operator()(char** list) const noexcept { proj_string_list_destroy(list); }
 };
 
-// "authority:code" of an authority of the database, its year apart or not.
+// "authority:code" with an authority of PROJ's database. Such a name may end in a year:
+// "IAU_2015:30100" is also "IAU:2015:30100" and "IAU:30100".
 bool is_of_known_authority(std::string_view text) {
   auto const cut = text.rfind(':');
   if (cut == std::string_view::npos) return false;
@@ -77,7 +78,7 @@ bool is_of_known_authority(std::string_view text) {
   return false;
 }
 
-// What PROJ writes of systems in its database has up to some 6 KB and 8 levels.
+// The longest text of a system in PROJ's database has about 6 KB and 8 levels.
 constexpr std::size_t max_size = std::size_t{256} << 10U;
 constexpr std::size_t max_depth = 32;
 

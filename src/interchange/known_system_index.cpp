@@ -11,16 +11,16 @@
 namespace zu {
 namespace {
 
-// Wider than the comparison's own: rounding must not lose a row that is equal.
+// Wider than the tolerance of Tzu_proj4_str::equal, so that rounding loses no equal row.
 constexpr double tolerance = 1e-5;
 
-// The parameters that tell most rows apart. Equal definitions agree in each or
-// have it undefined on both sides; so only rows that agree need the comparison.
+// The parameters that differ between most rows. In equal definitions each of them is
+// equal, or undefined in both; so only rows with an equal key need the full comparison.
 struct key {
   std::array<double, 5> values{};
 
   explicit key(Tzu_proj4_str& set) {
-    // Farther from any number of a definition than the tolerance.
+    // No number of a definition is near this one.
     constexpr double undefined = 1e300;
     auto const value_of = [](auto const& param, double value) {
       return param.get_def() ? value : undefined;

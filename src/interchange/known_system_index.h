@@ -1,4 +1,4 @@
-// Finds a definition among the known systems without parsing them all.
+// Finds a definition among the known systems without reading them all.
 #pragma once
 
 #include "interchange/known_systems.h"
@@ -6,8 +6,8 @@
 
 namespace zu {
 
-// The first confirmed row whose definition equals a parsed one; null when none
-// does. Equal means Tzu_proj4_str::equal.
+// The first confirmed row with an equal definition, by Tzu_proj4_str::equal; null when
+// there is none. `definition` is decomposed already.
 known_system const* find_known_system(Tzu_proj4_str& definition);
 
 }  // namespace zu

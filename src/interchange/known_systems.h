@@ -1,6 +1,6 @@
-// Coordinate systems whose ESRI WKT is written as it stands here and not as
-// GDAL would write it: the users' other software goes by these names,
-// projection names and authority numbers. docs/known-systems.md tells more.
+// Coordinate systems with their own ESRI WKT. An export writes this WKT and not GDAL's,
+// because the users' other software needs these names and authority numbers. See
+// docs/known-systems.md.
 #pragma once
 
 #include <array>
@@ -13,24 +13,22 @@ namespace zu {
 struct known_system {
   // "PROJCS[...]", in row 0 "GEOGCS[...]"; degrees and metres.
   char const* wkt = "";
-  // In the editor's order of keys; degrees and metres. The editor itself writes
-  // fewer digits of some meridians, and a shift beside the names of two datums:
-  // docs/known-limits.md tells of them.
+  // In the editor's order of keys; degrees and metres. The editor itself writes some
+  // meridians with fewer digits, and adds a shift to the names of two datums: see
+  // docs/known-limits.md.
   char const* proj4 = "";
-  // Whether the row's numbers are known to be this system's. A row without that
-  // holds placeholders, which keep its place; no definition may be given them.
+  // Whether the numbers are known to be those of this system. An unconfirmed row has
+  // placeholders, so that later rows keep their index; no definition may get its WKT.
   bool confirmed = true;
 };
 
 inline constexpr std::size_t known_systems_count = 442;
 
-// WGS 84, then the Gauss-Kruger zones of GSK-2011 and of Pulkovo 1942, then the
-// cadastral districts of Russia. Where several rows have equal definitions, the
-// lower one stands for all.
+// WGS 84, then the Gauss-Kruger zones of GSK-2011 and of Pulkovo 1942, then the cadastral
+// districts of Russia. Of rows with equal definitions the first one is used.
 extern std::array<known_system, known_systems_count> const known_systems;
 
-// The system's name, the first that the WKT quotes: of the projected system, in
-// row 0 of the geographic one.
+// The name of the system: the first text in quotes in its WKT.
 constexpr std::string_view known_system_name(known_system const& system) noexcept {
   std::string_view const wkt = system.wkt;
   auto const begin = wkt.find('"') + 1;

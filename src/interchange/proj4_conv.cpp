@@ -21,10 +21,9 @@ namespace {
 
 using named_files::shift_grids;
 
-// What ESRI's programs call these systems, by the numbers that stand for them.
-// Rows 2, 4 and 5 carry their rotations with the opposite sign of what GDAL has
-// for the same systems, so they answer to definitions with just these numbers
-// only; docs/known-limits.md tells what that means.
+// The names of these systems in ESRI's programs, by the numbers of the systems. The
+// rotations in rows 2, 4 and 5 have the opposite sign of GDAL's for the same systems, so
+// only definitions with exactly these numbers match; see docs/known-limits.md.
 constexpr std::array<proj4_conv::mapping_type, 7> mapping_rows{{
     {{28, -130, -95, 0, 0, 0, 0},
      6378245,
@@ -70,17 +69,17 @@ constexpr std::array<proj4_conv::mapping_type, 7> mapping_rows{{
      "S_RUSSIA_2011"},
 }};
 
-// The agreed sets of Pulkovo 1942 and GSK-2011, which an import gives them.
+// The rows with the agreed shifts of Pulkovo 1942 and GSK-2011, which an import sets.
 constexpr std::size_t pulkovo_1942_row = 3;
 constexpr std::size_t gsk_2011_row = 6;
 
-// Further published sets of Pulkovo 1942, which stand for the agreed one.
+// Other published shifts of Pulkovo 1942; an import replaces them by the agreed one.
 constexpr std::array<proj4_conv::towgs84, 2> pulkovo_1942_variants{{
     {23.92, -141.27, -80.9, 0, 0.35, 0.82, -0.12},
     {25, -141, -78.5, 0, 0.35, 0.736, 0},
 }};
 
-// What the datum is called by GDAL after an import from ESRI WKT.
+// GDAL's names of the datums after an import from ESRI WKT.
 constexpr std::string_view pulkovo_1942_name = "Pulkovo_1942";
 constexpr std::array<std::string_view, 3> gsk_2011_names{"D_RUSSIA_2011", "D_GSK-2011",
                                                          "Geodezicheskaya_Sistema_Koordinat_2011"};
@@ -90,8 +89,8 @@ bool is_near(double left, double right) noexcept {
   return number::distance(left, right) <= tolerance;
 }
 
-// Runs an operation with the foreign libraries' messages kept, and turns what it
-// throws (no memory, or an adapter of the host's) into a failure.
+// Runs an operation in a scope for the messages of the foreign libraries. An exception
+// (no memory, or one from the host's adapter) becomes a failure.
 template <class Operation>
 bool run(Operation operation) noexcept try {
   foreign_messages::Tscope const messages;
@@ -102,15 +101,15 @@ bool run(Operation operation) noexcept try {
   return false;
 }
 
-// Feeds what the foreign libraries have made. Where memory ran out inside them that
-// may be less than it should be.
+// Feeds a result of the foreign libraries. Fails when they had too little memory, because
+// the result may be incomplete then.
 bool feed(Izu_string_adp* adapter, char const* text) {
   if (foreign_messages::is_memory_short()) return false;
   zu_string_adp_feed_c(adapter, text);
   return true;
 }
 
-// GDAL makes PROJ contexts of its own, which are told of the database apart.
+// GDAL makes its own PROJ contexts, so it needs the folder of the database as well.
 void prepare_libraries() {
   static bool const done = [] {
     std::string const& folder = proj_library::shipped_data_folder();
@@ -134,8 +133,8 @@ bool is_called(Tzu_proj4_param const& param, std::string_view key) {
   return false;
 }
 
-// The pieces of a definition whose keys a parameter set does not hold and whose
-// loss would move its points, such as "+pm=".
+// The pieces of a definition with keys that the parameter set does not have. Without
+// them, for example without "+pm=", the points would move.
 std::string other_keys(Tzu_proj4_str& set, std::string_view definition) {
   std::string text;
   definition.remove_prefix(std::min(definition.find('+'), definition.size()));
@@ -150,7 +149,8 @@ std::string other_keys(Tzu_proj4_str& set, std::string_view definition) {
   return text;
 }
 
-// GDAL loses the origin of a Lambert conic of one parallel that lies elsewhere.
+// GDAL loses the origin of a Lambert conic with one parallel when the origin is not on
+// the parallel.
 std::string prepare_for_gdal(std::string const& definition) {
   Tzu_proj4_str set;
   set.set(definition.c_str());
@@ -158,7 +158,7 @@ std::string prepare_for_gdal(std::string const& definition) {
   auto const& proj = set.get_proj();
   bool const one_parallel =
       proj.get_def() && str::trim_stricmp(proj.get_str(), "lcc") == 0 && !set.get_lat_2().get_def();
-  // With its origin on the parallel it is one of ESRI's own kinds.
+  // With its origin on the parallel it is one of ESRI's own projections.
   bool const is_known = set.get_lat_0().get_def() && set.get_lat_1().get_def() &&
                         set.get_lat_0().get_dbl() == set.get_lat_1().get_dbl();
   if (!one_parallel || is_known) return definition;
@@ -166,13 +166,13 @@ std::string prepare_for_gdal(std::string const& definition) {
          other_keys(set, definition);
 }
 
-// The younger kind of WKT, whose keywords end so. ESRI's reader takes it for none.
+// WKT2, where the keywords end in "CRS". GDAL's reader of ESRI WKT does not accept it.
 bool is_wkt2(std::string_view text) {
   std::string_view const keyword = str::trim(text.substr(0, text.find('[')));
   return keyword.size() > 3 && str::equal_no_case(keyword.substr(keyword.size() - 3), "CRS");
 }
 
-// Place of the first quoted text behind the first occurrence of the tag; end is
+// The place of the first text in quotes after the first occurrence of the tag; end is
 // npos when there is none.
 struct quoted_place {
   std::size_t begin = 0;
@@ -292,8 +292,8 @@ bool proj4_conv::feed_proj4(Izu_string_adp* adapter) const {
   char* exported = nullptr;
   OGRErr const status = OSRExportToProj4(system_.get(), &exported);
   exported_text const text(exported);
-  // Of a height alone there is no definition. WKT has further ways to name a grid,
-  // which who gets the definition would open.
+  // A system of heights only has no definition. WKT has more ways to name a grid; the
+  // user of the definition would open that grid.
   if (status != OGRERR_NONE || !text ||
       std::string_view(text.get()).find("+proj=") == std::string_view::npos ||
       !named_files::has_none_but(text.get(), shift_grids::listed))
@@ -327,7 +327,7 @@ bool proj4_conv::import_crs_proj4(std::string_view text, Izu_string_adp* adapter
 }
 
 bool proj4_conv::feed_by_proj4(std::string const& text, Izu_string_adp* adapter) {
-  // What is no coordinate system opens its grids.
+  // PROJ opens the grids of a text that is no coordinate system.
   if (!has_database() || !named_files::has_none_but(text, shift_grids::none)) return false;
   prepare_libraries();
   foreign_messages::Tproj_scope const messages;
@@ -353,7 +353,7 @@ bool proj4_conv::expand_pj4(std::wstring_view definition, Izu_string_adp* adapte
     }
     std::wstring rest(definition.substr(at + init.size()));
     strutil::trim_inplace(rest);
-    // With other keys behind the code the whole is a definition.
+    // With other keys after the code the whole text is a definition.
     return import_crs(rest, adapter) ||
            (rest.find(L'+') != std::wstring::npos && import_crs(definition, adapter));
   });
@@ -393,7 +393,7 @@ std::string proj4_conv::remap_wkt(std::string_view wkt, mapping_type const& row)
   return result;
 }
 
-// ESRI's programs know the geographic systems by names that begin so.
+// In ESRI's programs the names of geographic systems begin with "GCS".
 void proj4_conv::fix_gsk_wkt(std::string& wkt) {
   std::string const name = extract_wkt_tag(wkt, "GEOGCS");
   if (name.find("GSK") != std::string::npos && !name.starts_with("GCS"))
@@ -417,7 +417,7 @@ bool proj4_conv::fix_towgs84(OGRSpatialReferenceH system) {
     row = &mapping_rows[pulkovo_1942_row];
   } else {
     char const* const value = OSRGetAttrValue(system, "DATUM", 0);
-    // Where memory runs out GDAL tells the name as other notations have it, or none.
+    // With too little memory GDAL gives no name, or the name of another notation.
     if (value == nullptr && (OSRIsGeographic(system) != 0 || OSRIsProjected(system) != 0))
       return false;
     std::string datum = value == nullptr ? "" : value;

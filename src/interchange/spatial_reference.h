@@ -1,4 +1,4 @@
-// Owners of what GDAL's spatial-reference interface hands out.
+// Owners of the objects that GDAL's spatial-reference interface returns.
 #pragma once
 
 #include <cpl_conv.h>

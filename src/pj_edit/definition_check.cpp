@@ -69,7 +69,7 @@ class Tcheck {
     }
   }
 
-  // How far points move on the way to another definition; whether they do.
+  // Adds how far points move with another definition. Returns whether they move.
   bool add_moves(check_kind kind, own_text which, std::string const& other) {
     if (!area_ || !is_transformed_) return false;
     auto const found =

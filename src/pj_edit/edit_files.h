@@ -1,5 +1,5 @@
-// Load and Save of the dialog, which tells the user what became of them. Free of the
-// form toolkit.
+// Load and Save of the dialog, with sentences about their result. Does not use the form
+// toolkit.
 #pragma once
 
 #include <string>
@@ -8,14 +8,14 @@ namespace zu {
 
 enum class file_kind { parameters, esri };
 
-// What the file holds, and a sentence for the user; of the two one is empty.
+// The definition of a file, or a sentence for the user. One of the two is empty.
 struct load_result {
   std::string definition;
   std::wstring failure;
 };
 load_result load_definition(std::wstring const& name, file_kind kind);
 
-// Writes the file. Returns a sentence that tells why it could not; empty when written.
+// Writes the file. Returns a sentence with the reason of a failure, empty on success.
 std::wstring save_definition(std::wstring const& name, file_kind kind,
                              std::string const& definition);
 

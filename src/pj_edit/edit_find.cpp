@@ -18,14 +18,14 @@ namespace {
 
 struct Tshared {
   std::unique_ptr<Tsystem_search> search;
-  std::vector<std::string> taken;  // ids, the last first
-  // Made by the thread; taken over when it says so.
+  std::vector<std::string> taken;  // ids, the latest first
+  // The thread fills these. The list takes them when the thread says that they are ready.
   std::unique_ptr<Tsystem_search> whole;
   std::atomic<bool> is_made{false};
-  Tthread thread;  // ends before the others go
+  Tthread thread;  // the last member: it has to end before the others are destroyed
 };
 
-// For the life of the process: making the list anew would take its time again.
+// Lives as long as the process, because making the list takes time.
 Tshared& shared() {
   static Tshared all;
   return all;
@@ -37,7 +37,7 @@ void load(void* context) {
     all->whole->add(list_database_systems());
     all->is_made = true;
   } catch (std::exception const&) {
-    // Without memory for it the list stays as short as it is.
+    // Without enough memory the list stays short.
   }
 }
 

@@ -1,5 +1,5 @@
-// Finding a system for the dialog: the list, what is told of a row, what was taken
-// before. Free of the form toolkit.
+// Finding a system for the dialog: the list, the texts of a row, and the systems taken before.
+// Does not use the form toolkit.
 #pragma once
 
 #include <string>
@@ -10,26 +10,26 @@
 
 namespace zu {
 
-// The list of systems, once in a process: the known systems and zones are there at once,
-// PROJ's systems a tenth of a second later, by a thread. On the dialog's thread only.
+// The list of systems, made once in a process. It has the known systems and zones at once; a
+// thread adds PROJ's systems a tenth of a second later. For the dialog's thread only.
 namespace system_finder {
 
 constexpr std::size_t most_rows = 200;
 
-// Starts what is to be made and is not yet.
+// Starts making the list if that has not begun yet.
 void start();
 
-// Waits for what is being made: no thread is left to a host.
+// Waits for the thread: none may run in a host after the dialog.
 void finish();
 
-// Whether the list has got longer since the last call.
+// Whether the list has become longer since the last call.
 bool has_more();
 
-// What fits, the best first; without words what was taken before in this process stands
-// first. The systems live until has_more tells of more.
+// The systems that fit, the best first. Without words the systems taken before in this process
+// come first. The pointers are valid until has_more returns true.
 std::vector<listed_system const*> find(std::wstring const& words, bool deprecated);
 
-// Puts a system before others while nothing is searched for.
+// Remembers a system: it comes first when there are no words.
 void remember(listed_system const& system);
 
 }  // namespace system_finder
@@ -37,9 +37,9 @@ void remember(listed_system const& system);
 // A row of the list: name, code and area.
 std::wstring tell_row(listed_system const& system);
 
-// The lines below the list: the definition, the area in words and as a box, whether it
-// is deprecated, and what the dialog does not keep of it. `definition` gets what is to
-// be edited; empty where there is none.
+// The lines below the list: the definition, the area in words and as a box, whether the system
+// is deprecated, and what the dialog would lose of it. `definition` receives the definition to
+// edit; empty when there is none.
 std::wstring tell_system(listed_system const& system, catalogue_lists const& lists,
                          std::string& definition);
 

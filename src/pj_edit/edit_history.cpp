@@ -5,7 +5,7 @@
 namespace zu {
 namespace {
 
-// Some half a megabyte.
+// They take about half a megabyte.
 constexpr std::size_t most_steps = 500;
 
 }  // namespace

@@ -10,15 +10,15 @@ namespace zu {
 
 class Tedit_history {
  public:
-  // Forgets all; there is one step then.
+  // Forgets all steps and starts with this one.
   void start(edit_step first);
-  // Adds a step behind the current one, in place of those that were taken back; none
-  // where nothing has changed. Of very many the first are forgotten.
+  // Adds a step after the current one and drops the steps that were undone. Adds none when
+  // nothing has changed. Forgets the first steps when there are very many.
   void record(edit_step step);
 
   bool can_undo() const noexcept { return current_ > 0; }
   bool can_redo() const noexcept { return current_ + 1 < steps_.size(); }
-  // The step that is current then; the same where there is none to go to.
+  // Both return the new current step. It is the same as before when there is no step to go to.
   edit_step const& undo();
   edit_step const& redo();
 

@@ -11,7 +11,7 @@
 namespace zu {
 namespace {
 
-// Who has read this much knows that something is wrong.
+// A longer list does not help the user.
 constexpr std::size_t longest_list = 800;
 
 // "begin first; second".
@@ -56,8 +56,8 @@ std::wstring tell_losses(Tzu_pj_editor const& editor) {
   return list.take();
 }
 
-// What Apply does not return. Where the user has been told of a file, an empty
-// definition is worth telling even if the one that was taken was empty, too.
+// What Apply does not return. An empty definition is worth a line even when the input was
+// empty, if the note also has a line about a file.
 std::wstring tell_definition(Tzu_pj_editor const& editor, bool is_warned) {
   if (editor.state().kind != definition_kind::none) return tell_losses(editor);
   std::string const given(str::trim(editor.given()));
@@ -99,7 +99,7 @@ std::wstring compose_note(std::wstring const& file, std::wstring const& catalogu
   for (std::wstring line :
        {file, catalogue, tell_definition(editor, !file.empty()), tell_addition(editor)}) {
     if (line.empty()) continue;
-    // A definition and a name may have any characters in them.
+    // A definition or a name may contain control characters.
     std::ranges::replace_if(
         line, [](wchar_t c) { return c < L' '; }, L' ');
     note.append(note.empty() ? L"" : L"\n").append(line);

@@ -1,5 +1,5 @@
-// The dialog's note: what its user has to be told beside what the panels show. Free of
-// the form toolkit.
+// The dialog's note: everything that the user has to know and the panels do not show. Does not
+// use the form toolkit.
 #pragma once
 
 #include <string>
@@ -10,16 +10,16 @@
 
 namespace zu {
 
-// Of a catalogue that is not there or not whole; empty of a good one.
+// The sentence about a catalogue that is missing or incomplete; empty for a good one.
 std::wstring tell_catalogue(std::vector<std::wstring> const& missing_folders,
                             std::vector<catalogue_fault> const& faults);
 
-// What Apply returns in place of a datum shift that the definition does not give;
-// empty when nothing.
+// The sentence about a datum shift that Apply adds to a definition without one; empty when it
+// adds none.
 std::wstring tell_addition(Tzu_pj_editor const& editor);
 
-// The whole note, a line each of the file that was loaded or saved last, of the
-// catalogue, of the definition and of what is added to it. What is empty has no line.
+// The whole note: a line each about the last file, the catalogue, the definition and the added
+// shift. An empty text gives no line.
 std::wstring compose_note(std::wstring const& file, std::wstring const& catalogue,
                           Tzu_pj_editor const& editor);
 

@@ -19,7 +19,8 @@ struct found_definition {
   std::wstring note;
 };
 
-// Several numbers and nothing else: PROJ's search by name finds systems for some.
+// Whether a text is several numbers and nothing else. PROJ's search by name would find systems
+// for some of them.
 bool is_list_of_numbers(std::wstring const& text) {
   constexpr wchar_t const* digits = L"0123456789";
   return text.find_first_not_of(digits) != std::wstring::npos &&
@@ -74,7 +75,7 @@ paste_result paste_definition(Tzu_pj_editor& editor, std::wstring const& text) {
   }
   found_definition const found = find_definition(trimmed);
   if (found.text.empty()) return {false, fill_own_text(own_text::paste_unreadable, trimmed)};
-  // What the form cannot show must not take the place of what it shows.
+  // A system that the form cannot show must not replace the one that it shows.
   Tzu_pj_editor trial(editor.lists());
   trial.set_proj4_string(found.text.c_str());
   if (trial.state().kind == definition_kind::none)

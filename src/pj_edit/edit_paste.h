@@ -1,4 +1,4 @@
-// What a user pastes into the dialog. Free of the form toolkit.
+// Texts that a user pastes into the dialog. Does not use the form toolkit.
 #pragma once
 
 #include <array>
@@ -10,15 +10,15 @@
 
 namespace zu {
 
-// Seven numbers of a datum shift as they stand in papers and definitions, "23.57,
-// -140.95, ...", between commas, semicolons or blanks, with or without "+towgs84=".
-// Three are a shift without rotations. Nothing for any other text.
+// Reads the seven numbers of a datum shift as documents and definitions write them: "23.57,
+// -140.95, ...", with commas, semicolons or blanks between them, with or without "+towgs84=".
+// Three numbers are a shift without rotations. Nothing for any other text.
 std::optional<std::array<double, 7>> read_shift(std::wstring_view text);
 
-// Takes a coordinate system in any notation into the editor: a definition, an id of a
-// known system or a zone, a code, WKT, PROJJSON, a URN, a name; or a datum shift alone,
-// where the datum is the user's own. Returns a sentence for the user, or nothing; where
-// the text cannot be taken nothing changes, and `taken` is false.
+// Gives the editor a coordinate system in any notation: a definition, the id of a known system
+// or a zone, a code, WKT, PROJJSON, a URN or a name. It may also be a datum shift alone when
+// the datum is "_Custom". Returns a sentence for the user, or none. When the text cannot be
+// taken nothing changes and `taken` is false.
 struct paste_result {
   bool taken;
   std::wstring note;

@@ -31,23 +31,23 @@ bool is_given_proj(Tzu_proj4_str& definition, std::string_view name) {
   return definition.get_proj().get_def() && equal_no_case(definition.get_proj().get_str(), name);
 }
 
-// The value that PROJ uses for a key that the definition does not give, where
-// it is another than that of a cleared edit.
+// The value that PROJ uses for a key that is absent from the definition, when it differs from
+// the value of a cleared edit.
 double absent_value(Tzu_proj4_str& definition, proj_number which, double cleared) {
   if (is_given_proj(definition, "lcc")) {
-    // With one parallel the second equals it, and the origin lies on it.
+    // With one parallel the second one is the same, and the origin is on it.
     bool const two_parallels = definition.get_lat_2().get_def();
     if (which == proj_number::lat_2 || (which == proj_number::lat_0 && !two_parallels))
       return definition.get_lat_1().get_def() ? definition.get_lat_1().get_dbl() : cleared;
   }
   if (is_given_proj(definition, "stere") && which == proj_number::lat_ts) {
-    // The polar aspect is true to scale at the pole unless told otherwise.
+    // By default the scale of the polar aspect is true at the pole.
     double const lat_0 = definition.get_lat_0().get_def() ? definition.get_lat_0().get_dbl() : 0;
     return std::abs(std::abs(lat_0) - 90) < 1e-9 ? lat_0 : cleared;
   }
   if (is_given_proj(definition, "krovak")) {
-    // PROJ's Krovak supplies the constants of the one system that it serves:
-    // 49d30'N, 24d50'E (42d30' from Ferro) and the scale 0.9999.
+    // PROJ's Krovak has the constants of the only system with this projection: 49d30'N,
+    // 24d50'E (42d30' from Ferro) and the scale 0.9999.
     if (which == proj_number::lat_0) return 49.5;
     if (which == proj_number::lon_0) return 24.0 + 50.0 / 60.0;
     if (which == proj_number::k_0) return 0.9999;
@@ -55,7 +55,7 @@ double absent_value(Tzu_proj4_str& definition, proj_number which, double cleared
   return cleared;
 }
 
-// Whether two values are written alike.
+// Whether two values give the same text.
 bool same_number(double left, double right) {
   return left == right || number::format_double(left) == number::format_double(right);
 }
@@ -64,8 +64,8 @@ bool same_meridian(double left, double right) {
   return std::abs(std::remainder(number::distance(left, right), 360.0)) < 1e-6;
 }
 
-// A fixed value must be given and be the same; a central meridian may be
-// written another turn away. A shown one needs only to keep its limits.
+// A fixed value must be given and be the same; a central meridian may differ by whole turns. A
+// shown central meridian only has to be within its limits.
 bool fits_range(Tzu_pj_dbl_param const& range, proj_number which,
                 Tzu_proj4_param_dbl const& given) {
   double const value = given.get_dbl();
@@ -80,7 +80,8 @@ bool fits_range(Tzu_pj_dbl_param const& range, proj_number which,
          !(range.get_def_max() && value > range.get_max());
 }
 
-// Zeros are right on these two within a metre, and of a sphere none are written.
+// On these two ellipsoids a shift of zeros is right within a metre. A sphere is written
+// without a shift.
 bool are_zeros_meant(Tzu_pj_ellipse_def const& ellipsoid) {
   std::string_view const name = ellipsoid.get_prj4_name();
   return equal_no_case(name, "wgs84") || equal_no_case(name, "grs80") ||
@@ -102,7 +103,7 @@ catalogue_lists catalogue_lists::shipped() {
           Tzu_datum_def_dbf::get_ellipses()};
 }
 
-// One change, however many others it is made of.
+// Reports one change to on_change, also when it consists of several.
 template <class Act>
 void Tzu_pj_editor::change(Act act) {
   ++changes_;
@@ -123,7 +124,7 @@ void Tzu_pj_editor::set_step(edit_step const& step) {
   given_ = step.given;
 }
 
-// Selectors start at their first entry.
+// The selectors begin with their first entry.
 void Tzu_pj_editor::clear() {
   state_ = {};
   for (proj_number const which : all_proj_numbers) clear_number(which, state_.number(which));
@@ -230,14 +231,12 @@ void Tzu_pj_editor::set_shifts(std::array<double, 7> const& values) {
 }
 
 bool Tzu_pj_editor::is_gauss_kruger() const {
-  return get_is_zonal() &&
-         std::ranges::any_of(gauss_kruger_names, [this](std::string_view name) {
+  return get_is_zonal() && std::ranges::any_of(gauss_kruger_names, [this](std::string_view name) {
            return equal_no_case(state_.zonal_name, name);
          });
 }
 
-// What the zones of Gauss and Kruger mean, and Krasovsky's ellipsoid, unless something
-// else is said.
+// Selects the usual datum of Gauss-Kruger zones and of Krasovsky's ellipsoid.
 void Tzu_pj_editor::select_pulkovo_1942() {
   Tzu_pj_datum_def const* record = lists_.datums.find_by_caption(pulkovo_1942);
   if (record == nullptr) record = lists_.datums.find_by_name(pulkovo_1942);
@@ -278,8 +277,8 @@ bool Tzu_pj_editor::take_zonal(Tzu_proj4_str& definition) {
 Tzu_pj_proj_def const* Tzu_pj_editor::match_zonal(Tzu_proj4_str& definition) const {
   if (!definition.get_proj().get_def()) return nullptr;
   char const* const proj = definition.get_proj().get_str();
-  // Such a projection has its meridian from the zone alone, so that without a
-  // zone, or with one that the catalogue lacks, no other row can stand for it.
+  // The zone alone gives such a projection its meridian. So without a zone, or with a zone
+  // that is not in the catalogue, no other row can replace it.
   if (equal_no_case(proj, utm)) {
     if (!definition.get_zone().get_def()) return nullptr;
     return lists_.zonal.find_utm(proj, definition.get_zone().get_int(), is_given_south(definition));
@@ -309,8 +308,8 @@ Tzu_pj_proj_def const* Tzu_pj_editor::match_usual(Tzu_proj4_str& definition) con
   char const* const proj = definition.get_proj().get_str();
   double const lat_0 = definition.get_lat_0().get_def() ? definition.get_lat_0().get_dbl() : 0;
   bool const south = is_given_south(definition);
-  // Of several rows for one projection the one that has the definition's
-  // parameters is wanted; failing that, the one that has most of them.
+  // A projection may have several rows. The best row has all parameters of the definition;
+  // else take the row that has most of them.
   if (auto const* const record = lists_.usual.find_by_name_lat_south(
           proj, lat_0, definition.get_lat_1().get_def(), definition.get_lat_2().get_def(),
           definition.get_lat_ts().get_def(), definition.get_k_0().get_def(), south))
@@ -352,9 +351,9 @@ void Tzu_pj_editor::take_datum(Tzu_proj4_str& definition) {
   if (has_shift) state_.shift = definition.get_towgs84().get_values();
   take_ellipse(definition);
   if (!has_datum && !has_shift) {
-    // Only where the ellipsoid does not say otherwise: a Chinese or a GSK-2011
-    // definition on the zones of Gauss and Kruger is no Pulkovo system. Zeros would
-    // place any system on Krasovsky's ellipsoid 120 m away.
+    // Only if the ellipsoid does not contradict: a Chinese or a GSK-2011 definition in
+    // Gauss-Kruger zones is no Pulkovo system. A shift of zeros would move any system on
+    // Krasovsky's ellipsoid by 120 m.
     bool const has_ellipse = definition.get_ellipse().get_def() || definition.get_a().get_def();
     auto const* const shown = ellipse_record();
     bool const is_krasovsky =
@@ -398,8 +397,8 @@ void Tzu_pj_editor::take_ellipse(Tzu_proj4_str& definition) {
   if (record != nullptr) choose_ellipse(record->get_index());
 }
 
-// A datum of the catalogue brings all that there is of it. Of another one the key goes,
-// and with it what the definition does not say by numbers.
+// A datum of the catalogue gives everything. For any other datum the key is lost, and with it
+// everything that the definition does not give by numbers.
 void Tzu_pj_editor::keep_lost_pieces(Tzu_proj4_str& definition) {
   auto const piece_of = [](Tzu_proj4_param& param) {
     return std::string(str::trim(param.get_out_str()));
@@ -435,8 +434,8 @@ void Tzu_pj_editor::write_projection(Tzu_pj_proj_def const& record,
                                      Tzu_proj4_str& definition) const {
   bool const zonal = get_is_zonal();
   give_text(definition.get_proj(), record.get_prj4_name());
-  // Only UTM says its zone by a key; elsewhere the meridian and the false
-  // easting carry it.
+  // Only UTM has a key for its zone. In other systems the meridian and the false easting tell
+  // the zone.
   definition.get_zone().set_def(zonal && equal_no_case(record.get_prj4_name(), utm));
   definition.get_zone().set_int(state_.zone);
   for (proj_number const which : all_proj_numbers) {

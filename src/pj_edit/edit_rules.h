@@ -1,7 +1,6 @@
-// The editing rules: what the dialog takes from a definition, what each choice
-// of the user changes, and what is written back. Free of the form toolkit, so
-// that the same rules run in the dialog, in the command-line program and in
-// tests without a display.
+// The editing rules: what the dialog takes from a definition, what each choice of the user
+// changes, and what is written back. They do not use the form toolkit, so the same rules run
+// in the dialog, in the command-line program and in tests without a display.
 #pragma once
 
 #include <array>
@@ -16,14 +15,14 @@
 
 namespace zu {
 
-// The lists that the rules look things up in; they must outlive the rules.
+// The lists in which the rules search. They must live longer than the rules.
 struct catalogue_lists {
   Tzu_pj_proj_defs const& usual;
   Tzu_pj_proj_defs const& zonal;
   Tzu_pj_datum_defs const& datums;
   Tzu_pj_ellipse_defs const& ellipses;
 
-  // Those of the installation's catalogue.
+  // The lists of the installation's catalogue.
   static catalogue_lists shipped();
 };
 
@@ -34,17 +33,17 @@ class Tzu_pj_editor {
 
   edit_state const& state() const noexcept { return state_; }
   catalogue_lists const& lists() const noexcept { return lists_; }
-  // The definition that was taken last, as it was.
+  // The last definition that was taken, unchanged.
   std::string const& given() const noexcept { return given_; }
 
   edit_step step() const { return {state_, given_}; }
-  // Goes to an earlier or later step; no change that on_change hears of.
+  // Goes to an earlier or later step. Does not call on_change.
   void set_step(edit_step const& step);
-  // Called after each change below, also where it left all as it was.
+  // Called after each change below, even when everything stayed the same.
   std::function<void()> on_change;
 
-  // Takes a definition: zonal first, then usual, else none; then its datum and
-  // ellipsoid. Nothing of an earlier definition stays. Null counts as empty.
+  // Takes a definition: tries the zonal list first, then the usual list, else kind none. Then
+  // takes datum and ellipsoid. Nothing of an earlier definition stays. Null counts as empty.
   void set_proj4_string(char const* text);
   // The composed definition; empty for kind none. Valid until the next call.
   char const* get_proj4_string();
@@ -58,14 +57,15 @@ class Tzu_pj_editor {
   void choose_ellipse(std::uint32_t id);
   void set_number(proj_number which, double value);
   void set_shift(std::size_t index, double value);
-  // All seven; of a catalogue's datum they are not the user's.
+  // Sets all seven. Does nothing when a datum of the catalogue is chosen: the user cannot
+  // change its numbers.
   void set_shifts(std::array<double, 7> const& values);
 
-  // What the selectors offer.
+  // The entries of the selectors.
   std::vector<std::string> zonal_names() const;
   std::vector<int> zones_of(std::string_view name) const;
 
-  // The records chosen; null when the catalogue has none.
+  // The chosen records; null when the catalogue does not have them.
   Tzu_pj_proj_def const* usual_record() const {
     return lists_.usual.find_by_index(state_.usual_id);
   }
@@ -82,8 +82,8 @@ class Tzu_pj_editor {
   bool get_is_zonal() const noexcept { return state_.kind == definition_kind::zonal; }
   // Whether a Gauss-Kruger system of the zonal list is chosen.
   bool is_gauss_kruger() const;
-  // The seven numbers are the user's to change with "_Custom" only; a
-  // catalogue datum brings its own, and its ellipsoid.
+  // The user may change the seven numbers and the ellipsoid with "_Custom" only. A datum of
+  // the catalogue has its own.
   bool is_datum_editable() const noexcept { return state_.datum_id == edit_state::custom_datum; }
 
  private:
@@ -103,7 +103,8 @@ class Tzu_pj_editor {
   void select_pulkovo_1942();
   Tzu_pj_proj_def const* match_usual(Tzu_proj4_str& definition) const;
   Tzu_pj_proj_def const* match_zonal(Tzu_proj4_str& definition) const;
-  // The ellipsoid that the definition names, that its axes have, and the one for none.
+  // The three tries for an ellipsoid: by its name, by its axes, and the one for definitions
+  // without either.
   Tzu_pj_ellipse_def const* proj4_str_try_ellipse_name(Tzu_proj4_str& definition) const;
   Tzu_pj_ellipse_def const* proj4_str_try_ellipse_params(Tzu_proj4_str& definition) const;
   Tzu_pj_ellipse_def const* proj4_str_try_ellipse_default() const;
@@ -116,7 +117,7 @@ class Tzu_pj_editor {
   edit_state state_;
   std::string given_;
   Tzu_proj4_str definition_;
-  unsigned changes_ = 0;  // that are being made
+  unsigned changes_ = 0;  // number of changes in progress; they can be nested
 };
 
 }  // namespace zu

@@ -4,7 +4,7 @@ namespace zu {
 
 void clear_number(proj_number which, number_state& number) noexcept {
   number = {};
-  // A scale of 0 would collapse the projection; 1 is what an absent key means.
+  // An absent key means a scale of 1. A scale of 0 would move all points to one place.
   if (which == proj_number::k_0) number.value = 1;
 }
 

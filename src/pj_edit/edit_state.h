@@ -1,5 +1,4 @@
-// What the dialog shows, without the dialog: the state that the panels display
-// and that the editing rules read and change.
+// The state of the dialog: the panels show it, and the editing rules read and change it.
 #pragma once
 
 #include <array>
@@ -13,10 +12,10 @@ namespace zu {
 // Kind of a definition; the numbers are the keys of the type selector.
 enum class definition_kind : unsigned { none = 1, usual = 2, zonal = 3 };
 
-// What a definition without a datum gets in place of a shift.
+// The shift that is added to a definition without a datum.
 enum class added_shift { none, pulkovo_1942, zeros };
 
-// One number edit. Limits are inclusive and count only with their use flag.
+// One number edit. Limits are inclusive. A limit counts only when its use flag is set.
 struct number_state {
   bool shown = false;
   bool use_min = false;
@@ -36,16 +35,16 @@ struct edit_state {
   std::string zonal_name;      // trimmed caption of the zonal records
   int zone = 0;
   std::array<number_state, proj_numbers_count> numbers;
-  std::string units;  // key that the definition gave; empty when none
+  std::string units;  // key of the definition; empty when it has none
   std::uint32_t datum_id = custom_datum;
   std::array<double, 7> shift{};  // as towgs84
   std::uint32_t ellipse_id = 0;
-  // The pieces of the definition for which there is no place here, until the user
-  // chooses another in their stead; empty when none.
+  // Pieces of the definition that this state cannot hold; empty when there are none. They
+  // count until the user chooses a replacement.
   std::string lost_datum;
   std::string lost_grids;
   std::string lost_ellipse;
-  // Until the user chooses a datum.
+  // Counts until the user chooses a datum.
   added_shift added = added_shift::none;
 
   number_state& number(proj_number which) noexcept {
@@ -58,8 +57,8 @@ struct edit_state {
   bool operator==(edit_state const&) const = default;
 };
 
-// A state and the definition that it was made of, as it was: all there is of an edited
-// definition, so that a step back is a copy of it.
+// A state and the unchanged definition that it came from. This is everything about an edited
+// definition, so one copy is one step of undo.
 struct edit_step {
   edit_state state;
   std::string given;
@@ -67,12 +66,11 @@ struct edit_step {
   bool operator==(edit_step const&) const = default;
 };
 
-// Clears an edit: hidden, no limits, and the value that PROJ uses when the key
-// is absent from a definition.
+// Clears an edit: hidden, no limits, and the value that PROJ uses for an absent key.
 void clear_number(proj_number which, number_state& number) noexcept;
 
-// Gives an edit what a catalogue parameter says: shown or not, its limits, and
-// its value where it has one.
+// Gives an edit the visibility, the limits and the value of a catalogue parameter. Without a
+// value the edit keeps its own.
 void apply_range(Tzu_pj_dbl_param const& range, number_state& number) noexcept;
 
 }  // namespace zu

@@ -68,7 +68,7 @@ std::wstring tell_zone(Tzu_pj_editor const& editor) {
   for (proj_number const which : {proj_number::lon_0, proj_number::k_0, proj_number::x_0}) {
     Tzu_pj_dbl_param const& fixed = zone->get_number(which);
     double value = fixed.get_default();
-    // Universal Transverse Mercator has them by its name alone.
+    // The name of Universal Transverse Mercator and the zone define all three.
     if (is_utm && which == proj_number::lon_0) value = zone->get_zone().get_default() * 6 - 183;
     if (is_utm && which == proj_number::k_0) value = 0.9996;
     if (is_utm && which == proj_number::x_0) value = 500000;

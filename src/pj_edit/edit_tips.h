@@ -1,4 +1,4 @@
-// What the dialog tells of a number under the pointer. Free of the form toolkit.
+// The texts of the dialog's tooltips. Does not use the form toolkit.
 #pragma once
 
 #include <cstddef>
@@ -17,8 +17,8 @@ std::wstring tell_shift(Tzu_pj_editor const& editor, std::size_t index);
 // Why the ellipsoid cannot be chosen; empty when it can.
 std::wstring tell_ellipse(Tzu_pj_editor const& editor);
 
-// What a zone fixes: a line "caption value" each for the meridian, the scale and the
-// false easting. Empty where no zone is chosen.
+// The numbers that a zone fixes: a line "caption value" each for the meridian, the scale and
+// the false easting. Empty when no zone is chosen.
 std::wstring tell_zone(Tzu_pj_editor const& editor);
 
 }  // namespace zu

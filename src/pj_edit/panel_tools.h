@@ -1,4 +1,4 @@
-// What the editor's panels have in common.
+// Tools that the editor's panels share.
 #pragma once
 
 #include <algorithm>
@@ -8,17 +8,17 @@
 
 namespace zu {
 
-// Least widths in device-independent pixels: captions of selectors, number
-// parts of the editor's captioned edits.
+// Minimum widths in device-independent pixels, of the captions of selectors and of the number
+// parts of captioned edits.
 inline constexpr int selector_caption_width = 70;
 inline constexpr int number_width = 100;
 inline constexpr int projection_number_width = 70;
-// Room beside a group and its controls, below them, and between two rows.
+// Space beside a group and its controls, below them, and between two rows.
 inline constexpr int group_margin = 4;
 inline constexpr int group_bottom = 2;
 inline constexpr int row_gap = 4;
 
-// Puts a control below the rows that a sizer has.
+// Adds a control as the last row of a sizer.
 inline void add_row(wxSizer& rows, wxWindow& control) {
   auto* const row = vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
   int const gap = control.FromDIP(row_gap / 2);
@@ -27,7 +27,7 @@ inline void add_row(wxSizer& rows, wxWindow& control) {
   rows.Add(row, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, margin));
 }
 
-// Makes a captioned control as the next one from the top of a group.
+// Makes a captioned control as the last row of a group.
 template <class Control>
 Control* add_to_group(Tzu_vcl_group_box& group) {
   auto* const control = vcl::make_child<Control>(&group);
@@ -47,8 +47,8 @@ inline Tzu_vcl_group_box* fill_with_group(Tzu_vcl_panel& panel, int room = group
   return group;
 }
 
-// The same in a panel that is itself in a group: some themes keep the controls of a
-// group off its frame by themselves.
+// The same for a panel inside a group. Some themes already leave space between a group's frame
+// and its controls.
 inline Tzu_vcl_group_box* fill_with_inner_group(Tzu_vcl_panel& panel) {
   int top = 0;
   int beside = 0;

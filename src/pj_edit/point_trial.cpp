@@ -14,13 +14,13 @@ namespace {
 
 constexpr char const* wgs_84 = "+proj=longlat +datum=WGS84 +no_defs";
 
-// 1 for a letter of the north or the east, -1 for the others, 0 for no such letter.
+// 1 for a letter of north or east, -1 for one of south or west, 0 for any other letter.
 int side_of(wchar_t c) {
   if (std::wstring_view(L"NnEeСсВв").find(c) != std::wstring_view::npos) return 1;
   return std::wstring_view(L"SsWwЮюЗз").find(c) != std::wstring_view::npos ? -1 : 0;
 }
 
-// Removes such a letter from either end, and tells of it.
+// Removes such a letter from either end and returns its sign.
 int take_side(std::wstring& text) {
   if (text.empty()) return 0;
   int const side = side_of(text.front());
@@ -28,14 +28,14 @@ int take_side(std::wstring& text) {
     text.erase(0, 1);
     return side;
   }
-  // An "s" behind a number may be its seconds.
+  // An "s" behind a number may mean seconds.
   if (text.back() == L's' && text.find(L'm') != std::wstring::npos) return 0;
   int const last = side_of(text.back());
   if (last != 0) text.pop_back();
   return last;
 }
 
-// Degrees, minutes, seconds; those that are not given are zero.
+// Degrees, minutes, seconds; missing ones are zero.
 std::optional<std::array<double, 3>> read_parts(std::wstring const& text) {
   std::array<double, 3> parts{};
   std::size_t count = 0;

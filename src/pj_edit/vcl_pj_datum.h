@@ -7,7 +7,7 @@
 
 class Tzu_vcl_pj_datum : public Tzu_vcl_panel {
  public:
-  // The editor must outlive the panel.
+  // The editor must live longer than the panel.
   Tzu_vcl_pj_datum(wxWindow* parent, zu::Tzu_pj_editor& editor);
 
   void create() override;
@@ -18,7 +18,7 @@ class Tzu_vcl_pj_datum : public Tzu_vcl_panel {
   Tzu_vcl_pj_datum_params* get_params() const noexcept { return params_; }
   Tzu_vcl_pj_ellipse* get_ellipse() const noexcept { return ellipse_; }
 
-  // Fired after a choice of the user, when the need of room may have changed.
+  // Fired after a choice of the user: the panel may need more or less space.
   std::function<void()> on_layout;
 
  private:

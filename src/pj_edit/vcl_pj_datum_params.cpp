@@ -13,7 +13,7 @@ constexpr std::size_t axes_count = 3;
 constexpr std::size_t scale_index = 6;
 constexpr int row_gap = 2;
 constexpr int column_gap = 6;
-// Metres, seconds and millionths need no more.
+// Wide enough for metres, seconds and millionths.
 constexpr wchar_t const* widest_shift = L"-0000.0000";
 
 }  // namespace
@@ -21,7 +21,7 @@ constexpr wchar_t const* widest_shift = L"-0000.0000";
 Tzu_vcl_pj_datum_params::Tzu_vcl_pj_datum_params(wxWindow* parent, zu::Tzu_pj_editor& editor)
     : Tzu_vcl_panel(parent), editor_(editor) {}
 
-// One row an axis, its shift beside its rotation; the scale closes the table.
+// One row for each axis with its shift and its rotation, and a last row for the scale.
 void Tzu_vcl_pj_datum_params::create() {
   group_ = zu::fill_with_inner_group(*this);
   auto* const grid = zu::vcl::make_sizer<wxGridBagSizer>(FromDIP(row_gap), FromDIP(column_gap));
@@ -53,7 +53,7 @@ void Tzu_vcl_pj_datum_params::create() {
 Tzu_vcl_dbl_edit* Tzu_vcl_pj_datum_params::add_edit(wxWindow* parent, std::size_t index) {
   auto* const edit = zu::vcl::make_child<Tzu_vcl_dbl_edit>(parent, widest_shift);
   edit->on_change = [this, edit, index] { editor_.set_shift(index, edit->get_value()); };
-  // Seven numbers at once, wherever they are pasted.
+  // Seven numbers may be pasted at once into any of the edits.
   edit->on_paste = [this](std::wstring const& text) {
     auto const shift = zu::read_shift(text);
     if (!shift || !editor_.is_datum_editable()) return false;
@@ -73,7 +73,8 @@ void Tzu_vcl_pj_datum_params::load_rc() {
   zu::set_rc_caption(*shift_, zu::editor_text::shift);
   zu::set_rc_caption(*rotate_, zu::editor_text::rotate);
   zu::set_rc_caption(*scale_, zu::editor_text::scale);
-  // A screen reader or a message has an edit without its table: its name says both.
+  // A screen reader or a message shows an edit without the table, so its name has row and
+  // column.
   for (std::size_t index = 0; index < count; ++index) {
     std::wstring name = scale_->get_caption();
     if (index < scale_index)

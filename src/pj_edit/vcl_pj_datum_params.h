@@ -12,7 +12,7 @@ class Tzu_vcl_pj_datum_params : public Tzu_vcl_panel {
  public:
   static constexpr std::size_t count = 7;
 
-  // The editor must outlive the panel.
+  // The editor must live longer than the panel.
   Tzu_vcl_pj_datum_params(wxWindow* parent, zu::Tzu_pj_editor& editor);
 
   void create() override;

@@ -38,7 +38,7 @@ void Tzu_vcl_pj_edit::create() {
   proj_ = zu::vcl::make_child<Tzu_vcl_pj_proj>(room, editor_);
   proj_->create();
   proj_->on_projection_change = [this] {
-    // A Gauss-Kruger system brings its datum.
+    // A Gauss-Kruger system selects its datum.
     datum_->refresh();
     call_on_layout();
   };

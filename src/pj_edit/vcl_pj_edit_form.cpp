@@ -27,18 +27,18 @@
 
 namespace {
 
-// By the position in the filter of both file dialogs.
+// The kind of a position in the filter of both file dialogs.
 std::optional<zu::file_kind> kind_at(int filter_index) {
   if (filter_index == 0) return zu::file_kind::parameters;
   if (filter_index == 1) return zu::file_kind::esri;
   return {};
 }
 
-// The file dialog asks before it replaces the file that the user named, but not
-// when the forced extension leads to another one.
+// The file dialog asks before it replaces the file that the user chose. It does not ask when
+// the forced extension leads to another file.
 bool may_replace(wxWindow* parent, std::wstring const& chosen, std::wstring const& name) {
   if (name == chosen || !zu::file::exists(name)) return true;
-  // The toolkit's own words, in its own translation.
+  // A question of the toolkit, so that its own translation is used.
   auto const question = wxString::Format(
       wxGetTranslation("File '%s' already exists, do you really want to overwrite it?"), name);
   return wxMessageBox(question, wxGetTranslation("Confirm"), wxYES_NO | wxICON_QUESTION, parent) ==
@@ -202,7 +202,7 @@ void Tzu_vcl_pj_edit_form::on_key(wxKeyEvent& event) {
   auto const* const found = std::ranges::find_if(shortcuts, [&event](shortcut const& each) {
     return each.key == event.GetKeyCode() && each.modifiers == event.GetModifiers();
   });
-  // What is being typed has steps of its own.
+  // An edit has its own undo while the user is typing.
   auto const* const edit = dynamic_cast<Tzu_vcl_dbl_edit*>(wxWindow::FindFocus());
   bool const is_typing = edit != nullptr && edit->is_being_typed();
   if (found == shortcuts.end() || (is_typing && found->modifiers == wxMOD_CONTROL))
@@ -219,7 +219,7 @@ void Tzu_vcl_pj_edit_form::on_drop(wxDropFilesEvent& event) {
   zu::load_result const loaded =
       zu::load_definition(name, is_esri ? zu::file_kind::esri : zu::file_kind::parameters);
   file_note_ = loaded.failure;
-  // Nobody has asked to have the form emptied.
+  // Unlike Load, a dropped file that cannot be read leaves the form as it is.
   if (loaded.failure.empty())
     editor_->set_proj4_string(loaded.definition.c_str());
   else
@@ -231,8 +231,8 @@ void Tzu_vcl_pj_edit_form::refresh_note() {
   fit_to_content();
 }
 
-// A number that was typed and not left yet counts; one that is refused keeps
-// the form open.
+// A typed number counts even if its edit still has the focus. A refused number keeps the form
+// open.
 void Tzu_vcl_pj_edit_form::on_apply() {
   if (!commit_edits()) return;
   applied_ = true;

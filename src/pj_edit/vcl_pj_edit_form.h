@@ -1,4 +1,4 @@
-// The modal form round one editor: Apply, Cancel, Load and Save.
+// The modal form with one editor and the buttons Apply, Cancel, Load and Save.
 #pragma once
 
 #include <wx/event.h>
@@ -19,9 +19,9 @@ class Tzu_vcl_pj_edit_form : public Tzu_vcl_form {
   void create() override;
   void load_rc() override;
 
-  // Shows the form on a definition (null counts as empty) until it is closed.
-  // Returns the edited definition after Apply, else `text` unchanged; `changed`
-  // receives 1 or 0. The text belongs to the form and is never null.
+  // Shows the form with a definition (null counts as empty) until it is closed. Returns the
+  // edited definition after Apply, else `text` unchanged; `changed` receives 1 or 0. The form
+  // owns the returned text, which is never null.
   char const* pj_edit(char const* text, unsigned char* changed);
 
   Tzu_vcl_pj_edit* get_editor() const noexcept { return editor_; }
@@ -43,9 +43,10 @@ class Tzu_vcl_pj_edit_form : public Tzu_vcl_form {
   void on_try();
   void on_key(wxKeyEvent& event);
   void on_drop(wxDropFilesEvent& event);
-  // Shows what Apply would give now, and what steps there are.
+  // Shows the definition that Apply would return now, and whether there are steps to undo or
+  // redo.
   void refresh_result();
-  // Tells what there is to tell now, and gives it room.
+  // Updates the note and the form's size for it.
   void refresh_note();
 
   bool applied_ = false;
@@ -56,7 +57,7 @@ class Tzu_vcl_pj_edit_form : public Tzu_vcl_form {
   std::unique_ptr<Tzu_vcl_file_dialog> open_;
   std::unique_ptr<Tzu_vcl_file_dialog> save_;
   zu::Tedit_history history_;
-  std::wstring file_note_;  // of the last Load, Save, copy or paste
+  std::wstring file_note_;  // about the last Load, Save, copy or paste
   std::wstring catalogue_note_;
   std::string source_text_;
   std::string result_text_;

@@ -46,10 +46,10 @@ void Tzu_vcl_pj_ellipse::show_number(Tzu_vcl_caption_dbl_edit& edit, bool shown,
 
 void Tzu_vcl_pj_ellipse::refresh() {
   ellipse_->set_active_idx(editor_.state().ellipse_id);
-  // A catalogue datum has its own ellipsoid; another one with it would be
-  // another datum.
+  // A datum of the catalogue has its own ellipsoid. With another one it would be another
+  // datum.
   ellipse_->get_selbox()->Enable(editor_.is_datum_editable());
-  // The list itself is deaf then.
+  // A disabled list shows no tooltip, so the panel around it has one.
   ellipse_->SetToolTip(zu::tell_ellipse(editor_));
   auto const* const record = editor_.ellipse_record();
   bool const known = record != nullptr;

@@ -1,4 +1,4 @@
-// The ellipsoid of a definition: a selector and the axes of what it selects.
+// The ellipsoid of a definition: a selector, and the axes of the selected ellipsoid.
 #pragma once
 
 #include <functional>
@@ -10,7 +10,7 @@ class Tzu_vcl_pj_ellipse : public Tzu_vcl_panel {
  public:
   static constexpr int panel_height = 100;
 
-  // The editor must outlive the panel.
+  // The editor must live longer than the panel.
   Tzu_vcl_pj_ellipse(wxWindow* parent, zu::Tzu_pj_editor& editor);
 
   void create() override;
@@ -24,7 +24,7 @@ class Tzu_vcl_pj_ellipse : public Tzu_vcl_panel {
   Tzu_vcl_caption_dbl_edit* get_semi_minor() const noexcept { return semi_minor_; }
   Tzu_vcl_caption_dbl_edit* get_inv_flattening() const noexcept { return inv_flattening_; }
 
-  // Fired after a choice of the user, when the need of room may have changed.
+  // Fired after a choice of the user: the panel may need more or less space.
   std::function<void()> on_layout;
 
  private:

@@ -90,7 +90,7 @@ void Tzu_vcl_pj_find::search() {
   wxArrayString texts;
   for (zu::listed_system const* const row : rows_) texts.push_back(zu::tell_row(*row));
   {
-    // The system would paint the list anew with each row.
+    // Without this the system would repaint the list for each row.
     wxWindowUpdateLocker const lock(list_);
     list_->Set(texts);
   }

@@ -13,8 +13,8 @@
 #include "vcl/modal.h"
 #include "vcl/panel.h"
 
-// Stands over a form. Letters go to the search line, arrows walk in the list from
-// there; Enter and a double click take the chosen row, Escape none.
+// Opens over a form. Letters go to the search line. From there the arrow keys move in the
+// list. Enter and a double click take the chosen row; Escape takes none.
 class Tzu_vcl_pj_find : public zu::vcl::Tmodal<wxDialog> {
  public:
   Tzu_vcl_pj_find(wxWindow* form, zu::catalogue_lists const& lists);

@@ -10,7 +10,7 @@
 
 namespace {
 
-// All zonal names share one key: they are chosen by their text.
+// All zonal names have the same key: they are chosen by their text.
 constexpr unsigned zonal_key = 1;
 
 }  // namespace
@@ -20,7 +20,7 @@ Tzu_vcl_pj_proj::Tzu_vcl_pj_proj(wxWindow* parent, zu::Tzu_pj_editor& editor)
 
 void Tzu_vcl_pj_proj::create() {
   group_ = zu::fill_with_group(*this);
-  // On a small screen the other panel needs its part more.
+  // On a small screen the other panel needs the space more.
   int const width =
       std::min(zu::vcl::scaled(*this, panel_width), wxDisplay(this).GetClientArea().width * 3 / 8);
   GetSizer()->SetMinSize(wxSize(width, 0));
@@ -51,7 +51,8 @@ void Tzu_vcl_pj_proj::create() {
     items.push_back({zu::strconv::from_system(name), zonal_key});
   zonal_->add_items(items);
   zonal_->on_change = [this] {
-    // In the catalogue's own bytes: not all of them come back from wide text.
+    // The editor gets the catalogue's own bytes, because some bytes do not survive the
+    // conversion to wide text and back.
     auto const names = editor_.zonal_names();
     auto const name =
         std::ranges::find(names, zonal_->get_active_caption(), zu::strconv::from_system);

@@ -11,12 +11,12 @@ class Tzu_vcl_pj_proj : public Tzu_vcl_panel {
   static constexpr int panel_width = 300;
   static constexpr int strip_height = 50;
 
-  // The editor must outlive the panel.
+  // The editor must live longer than the panel.
   Tzu_vcl_pj_proj(wxWindow* parent, zu::Tzu_pj_editor& editor);
 
   void create() override;
   void load_rc() override;
-  // Shows the editor's state, the strip of its kind included.
+  // Shows the editor's state, with the strip of its kind.
   void refresh();
 
   bool is_gauss_kruger() const { return editor_.is_gauss_kruger(); }
@@ -42,5 +42,5 @@ class Tzu_vcl_pj_proj : public Tzu_vcl_panel {
   Tzu_vcl_caption_selbox* zonal_ = nullptr;
   Tzu_vcl_caption_selbox* zone_ = nullptr;
   Tzu_vcl_pj_proj_params* params_ = nullptr;
-  std::string zones_of_;  // the zonal name whose zones the zone selector lists
+  std::string zones_of_;  // the zone selector lists the zones of this zonal name
 };

@@ -1,5 +1,5 @@
-// The ten numeric parameters of a projection; those that the chosen record
-// offers are shown.
+// The ten numeric parameters of a projection. Only those that the chosen record offers are
+// shown.
 #pragma once
 
 #include <array>
@@ -9,7 +9,7 @@
 
 class Tzu_vcl_pj_proj_params : public Tzu_vcl_panel {
  public:
-  // The editor must outlive the panel.
+  // The editor must live longer than the panel.
   Tzu_vcl_pj_proj_params(wxWindow* parent, zu::Tzu_pj_editor& editor);
 
   void create() override;
@@ -24,5 +24,5 @@ class Tzu_vcl_pj_proj_params : public Tzu_vcl_panel {
   zu::Tzu_pj_editor& editor_;
   Tzu_vcl_group_box* group_ = nullptr;
   std::array<Tzu_vcl_caption_dbl_edit*, proj_numbers_count> edits_{};
-  Tzu_vcl_label* fixed_ = nullptr;  // what a zone fixes; hidden where no zone is chosen
+  Tzu_vcl_label* fixed_ = nullptr;  // the numbers that a zone fixes; hidden when no zone is chosen
 };

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int margin = 4;
 constexpr int edit_width = 150;
-// A tenth of a millimetre, or finer.
+// These digits show a tenth of a millimetre or less.
 constexpr int digits_of_degrees = 9;
 constexpr int digits_of_metres = 4;
 

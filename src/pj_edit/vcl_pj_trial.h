@@ -9,10 +9,10 @@
 #include "vcl/modal.h"
 #include "vcl/panel.h"
 
-// Stands over a form. What is typed on one side is told on the other at once.
+// Opens over a form. A point typed on one side is shown on the other side at once.
 class Tzu_vcl_pj_trial : public zu::vcl::Tmodal<wxDialog> {
  public:
-  // In the order of the Tab key; the first two are WGS 84's.
+  // In the order of the Tab key. The first two are WGS 84.
   enum edit_index : std::size_t { longitude, latitude, x, y };
 
   Tzu_vcl_pj_trial(wxWindow* form, std::string const& definition);

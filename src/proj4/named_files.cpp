@@ -11,10 +11,10 @@ namespace zu::named_files {
 namespace {
 
 constexpr auto none = std::string_view::npos;
-// What PROJ drops around "=".
+// PROJ drops these characters around "=".
 constexpr std::string_view blanks = " \t\r\n\v\f;";
 
-// The files of the steps of a transformation, which no coordinate system has.
+// These keys name files of the steps of a transformation. No coordinate system has such steps.
 constexpr std::array<std::string_view, 5> step_keys{"grids", "xy_grids", "z_grids", "model",
                                                     "file"};
 
@@ -30,7 +30,7 @@ std::string_view key_before(std::string_view text) noexcept {
   return text.substr(begin, end - begin);
 }
 
-// With the words behind it, which PROJ may take for a part of it.
+// The value includes the words behind it, because PROJ may read them as a part of it.
 std::string_view value_behind(std::string_view text) noexcept {
   text = text.substr(0, text.find('='));
   auto const begin = text.find_first_not_of(" \t\r\n\v\f;\"");
@@ -40,8 +40,9 @@ std::string_view value_behind(std::string_view text) noexcept {
 
 bool is_path(std::string_view value) noexcept { return value.find_first_of("/\\~:") != none; }
 
-// Systems of all other authorities are sought in files. So are these, but PROJ
-// has no such file: the current folder, where it looks last, may.
+// PROJ looks for the systems of all other authorities in files. It looks for these two in
+// files, too, and has none for them. But it looks in the current folder last, and there may be
+// one there.
 bool is_in_database(std::string_view value) {
   value = value.substr(0, value.find_first_of(blanks));
   auto const cut = std::min(value.find(':'), value.size());
@@ -69,7 +70,7 @@ bool has_none_but(std::string_view text, shift_grids allowed) {
       has_grids = true;
     }
   }
-  // The steps of a pipeline open what a coordinate system notes.
+  // A coordinate system only notes its grids, but the steps of a pipeline open them.
   return !has_grids || (allowed != shift_grids::none && !is_pipeline);
 }
 

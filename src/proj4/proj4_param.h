@@ -11,9 +11,9 @@
 
 #include "catalogue/pj_param.h"
 
-// A parameter that becomes undefined keeps its last value, which counts again
-// when it is defined later. Texts that are returned as pointers belong to the
-// parameter and stay valid until its next get_out_str.
+// A parameter that becomes undefined keeps its last value. The value counts again when the
+// parameter is defined later. The parameter owns the texts that it returns as pointers. They
+// stay valid until its next get_out_str.
 class Tzu_proj4_param {
  public:
   Tzu_proj4_param(Tzu_proj4_param const&) = delete;
@@ -21,7 +21,7 @@ class Tzu_proj4_param {
 
   // "+name=value " when defined, else empty.
   virtual char const* get_out_str() = 0;
-  // Sets value and def from text; the result is the kind's, see below.
+  // Sets value and def from text. The meaning of the result depends on the kind, see below.
   virtual bool val_from_str(char const* text) = 0;
 
   char const* get_name() const noexcept { return name_.c_str(); }

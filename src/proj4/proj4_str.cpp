@@ -17,7 +17,7 @@ Tzu_proj4_str::Tzu_proj4_str() : Tzu_proj4_str(places, number_places) {
 }
 
 void Tzu_proj4_str::decompose() {
-  // What stands before the first "+" is no parameter.
+  // The text before the first "+" is no parameter.
   std::string_view const definition = definition_;
   auto const texts =
       zu::str::split(definition.substr(std::min(definition.find('+'), definition.size())), "+");
@@ -44,21 +44,19 @@ void Tzu_proj4_str::compose() { compose_as(style::library); }
 void Tzu_proj4_str::compose_for_proj4() { compose_as(style::proj); }
 
 void Tzu_proj4_str::compose_as(style wanted) {
-  // The old text stays until there is a new one.
+  // The old text must stay when there is not enough memory for a new one.
   std::string text;
   bool const sphere = is_sphere();
   bool const by_radius = sphere && wanted == style::proj;
   bool any = false;
-  for (auto const& entry : zu::definition_keys) {
-    Tzu_proj4_param* const param = list_[static_cast<std::size_t>(entry.key)];
-    if (sphere && entry.key == towgs84) continue;
-    if (by_radius && (entry.key == b || entry.key == rf)) continue;
-    if (!param->get_def()) continue;
+  for (Tzu_proj4_param* const each : list_) {
+    if (!each->get_def() || (sphere && each == &get_towgs84())) continue;
+    if (by_radius && (each == &get_b() || each == &get_rf())) continue;
     any = true;
-    if (by_radius && entry.key == a)
+    if (by_radius && each == &get_a())
       text.append("+R=").append(get_a().get_value_text()).append(" ");
     else
-      text.append(param->get_out_str());
+      text.append(each->get_out_str());
   }
   if (any) text.append(lon_wrap_ ? "+lon_wrap=45 +no_defs" : "+no_defs");
   definition_ = std::move(text);

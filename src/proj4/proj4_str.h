@@ -17,7 +17,7 @@ class Tzu_proj4_str {
   Tzu_proj4_str();
   Tzu_proj4_str(Tzu_proj4_str const&) = delete;
   Tzu_proj4_str& operator=(Tzu_proj4_str const&) = delete;
-  // Destroyed through its own type by every owner; derived sets add look-ups.
+  // Not virtual: no owner destroys a set through a pointer to this base.
   ~Tzu_proj4_str() = default;
 
   // Stores the text; nothing is parsed. Null counts as empty.
@@ -25,27 +25,27 @@ class Tzu_proj4_str {
   // The definition; valid until the next set or compose.
   char const* get() const noexcept { return definition_.c_str(); }
 
-  // Reads the definition into the parameters. Never fails: keys that are not
-  // among the 21 are dropped, numbers that do not read leave their parameter
-  // undefined.
+  // Reads the definition into the parameters. Never fails: unknown keys are dropped, and a
+  // number that cannot be read leaves its parameter undefined.
   void decompose();
-  // Writes the parameters in list order, each followed by one blank, then
-  // "+lon_wrap=45 " when the flag is set, then "+no_defs". Nothing defined
-  // gives the empty text. A sphere has no datum shift.
+  // Writes the parameters in list order, each followed by one blank, then "+lon_wrap=45 " when
+  // the flag is set, then "+no_defs". Without any defined parameter the text is empty. A
+  // sphere is written without its datum shift.
   void compose();
   // As compose, but a sphere is written with its radius as "+R=".
   void compose_for_proj4();
 
-  // The defined parameters for a user to read: lines "caption = value\r\n" in
-  // the interface language, or one that calls the projection unknown. south,
-  // units and nadgrids are not told. Code page 1251, as interface texts are; show
-  // it through zu::strconv::from_interface. Valid until the next get_text.
+  // Describes the defined parameters for a user: lines "caption = value\r\n" in the interface
+  // language, or one line that says that the projection is unknown. south, units and nadgrids
+  // are not described. The text is in code page 1251, as interface texts are: show it through
+  // zu::strconv::from_interface. Valid until the next get_text.
   char const* get_text();
 
   void set_all_undefined() noexcept;
-  // By the ellipsoid's name, by equal axes, or by a zero inverse flattening.
+  // A sphere has the ellipsoid "sphere", or equal axes, or an inverse flattening of zero.
   bool is_sphere() const noexcept;
-  // Has a projection and an ellipsoid in one of the forms.
+  // A valid definition has a projection and an ellipsoid: by its name, by its axes or by a
+  // datum.
   bool is_valid() const noexcept;
   // Compares all parameters but nadgrids; the lon_wrap flag does not count.
   bool equal(Tzu_proj4_str const& other) const noexcept;
@@ -68,7 +68,7 @@ class Tzu_proj4_str {
   auto const& param() const noexcept {
     return std::get<static_cast<std::size_t>(Key)>(params_);
   }
-  // The same where the key is known at run time only: calls act with the parameter.
+  // The same for a key that is known at run time only: calls act with the parameter.
   template <class Act>
   void visit(zu::definition_key key, Act act) const;
   Tzu_proj4_param_dbl& get_number(proj_number number) noexcept {

@@ -1,4 +1,4 @@
-// PROJ: owners of its objects, where its database is, and its quiet use.
+// PROJ: owners of its objects, the place of its database, and contexts that print nothing.
 #pragma once
 
 #include <proj.h>
@@ -19,29 +19,29 @@ struct context_closer {
 };
 using context = std::unique_ptr<PJ_CONTEXT, context_closer>;
 
-// Whether PROJ may be left to look for its data in its own installation.
+// Whether PROJ finds its data in an installation of its own.
 bool is_installed() noexcept;
 
-// Folder of "proj.db", in UTF-8, beside this library. Empty where none is shipped
-// and PROJ is installed.
+// Folder of "proj.db" beside this library, in UTF-8. Empty when PROJ is installed and the
+// library was shipped without the database.
 std::string const& shipped_data_folder();
 
-// Shows PROJ's default context the shipped database; once in a process.
+// Tells PROJ's default context where the shipped database is. Does so once in a process.
 void prepare_default_context();
 
-// Whether PROJ's default context can read the database; it tells why not. Without
-// one GDAL goes on with less, and datums lose their shift.
+// Whether PROJ's default context can read the database; PROJ reports the reason when it
+// cannot. Without a database GDAL still works, but datums lose their shift.
 bool has_database();
 
-// A context of the caller's own that finds the database, says nothing and never
-// asks the network. Null only without memory.
+// Makes a context for one caller. It finds the database, prints nothing and never uses the
+// network. Null only when there is not enough memory.
 context make_context();
 
-// Whether PROJ would look a text up among its names: codes and definitions have what
-// names have not.
+// Whether PROJ would look for a text among the names of its systems. Codes and definitions
+// have characters that names do not have.
 bool is_name(std::string_view text) noexcept;
-// The name and code of a system that PROJ found for a text that is only like its name;
-// empty where the text is that name, whatever its case, or no name at all. UTF-8.
+// The name and code of a system that PROJ found, when the text is only similar to its name.
+// Empty when the text is that name in any case, or is no name at all. UTF-8.
 std::string name_taken(PJ const* system, std::string_view text);
 
 }  // namespace zu::proj_library

@@ -2,8 +2,8 @@
 
 namespace zu::proj_library {
 
-// It is a part of this library, and would look in the current folder, which may be
-// that of a stranger's files.
+// PROJ is a part of this library. It would look in the current folder, and that may be a
+// folder with the files of a stranger.
 bool is_installed() noexcept { return false; }
 
 }  // namespace zu::proj_library

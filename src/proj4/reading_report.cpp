@@ -25,7 +25,8 @@ struct Tkey {
   bool is_angle;
 };
 
-// The names of keys that are read, by first letter.
+// The names of all keys that are read, sorted, so that those with the same first letter follow
+// each other.
 constexpr auto keys = [] {
   constexpr auto names = [] {
     std::array<Tkey, 2 * definition_keys_count> all{};
@@ -46,7 +47,7 @@ constexpr auto keys = [] {
   return sorted;
 }();
 
-// Where the keys with each first letter begin.
+// The place of the first key with each first letter.
 constexpr auto first_places = [] {
   std::array<std::size_t, 128> places{};
   places.fill(keys.size());
@@ -62,7 +63,7 @@ constexpr std::size_t place_of(std::string_view name) {
       keys.begin());
 }
 
-// What says only what is so without it. An empty value stands for any.
+// Pieces that only repeat a default. An empty value here matches any value.
 constexpr std::array<str::name_value, 7> needless{{{"no_defs", ""},
                                                    {"wktext", ""},
                                                    {"type", "crs"},
@@ -70,7 +71,7 @@ constexpr std::array<str::name_value, 7> needless{{{"no_defs", ""},
                                                    {"pm", "0"},
                                                    {"axis", "enu"},
                                                    {"to_meter", "1"}}};
-// Keys that say nothing of a point's place.
+// Keys without an influence on the place of a point.
 constexpr std::array<std::string_view, 5> idle_keys{"title", "vunits", "vto_meter", "geoidgrids",
                                                     "geoid_crs"};
 
@@ -80,14 +81,14 @@ bool is_needless(str::name_value const& piece) {
   });
 }
 
-// "37d", "39E": PROJ reads the same number.
+// PROJ reads the same number with such an end: "37d", "39E".
 bool is_degree_mark(std::string_view tail) {
   if (!tail.empty() && (tail.front() == 'd' || tail.front() == 'D')) tail.remove_prefix(1);
   return tail.empty() ||
          (tail.size() == 1 && std::string_view("eEnN").find(tail[0]) != std::string_view::npos);
 }
 
-// Written out in full, and far from a trillion: it is read whole.
+// A number without an exponent and far below a trillion. Such a number is read whole.
 bool is_plain_number(std::string_view value) {
   constexpr std::size_t most_whole_digits = 11;
   if (!value.empty() && value.front() == '-') value.remove_prefix(1);
@@ -131,7 +132,7 @@ bool is_read_whole(key_kind kind, std::string_view value) {
   return is_plain_number(value);
 }
 
-// The place of a key as it is usually spelled; that behind the last for none.
+// The place of a key in its usual spelling; keys.size() when there is none.
 std::size_t usual_place_of(std::string_view name) {
   if (name.empty() || (static_cast<unsigned char>(name.front()) & 0x80U) != 0) return keys.size();
   std::size_t place = first_places.at(static_cast<std::size_t>(name.front()));
@@ -150,9 +151,9 @@ str::name_value take_piece(std::string_view& text) {
   return {piece.substr(0, cut), piece.substr(std::min(cut + 1, piece.size()))};
 }
 
-// Whether a text is written as nearly all are, so that a look at each letter tells
-// that nothing is lost: a stream of definitions should not take the time of reading
-// each twice. False where that is not as plain.
+// Whether a text is written as nearly all texts are and loses nothing. This check looks at
+// each character once: reading a long stream of definitions must not take twice the time
+// because of the report. False when that is not certain.
 bool is_plain(std::string_view text) {
   if (!text.empty() && text.front() != '+') return false;
   // A bit for each key.
@@ -180,7 +181,7 @@ bool is_plain(std::string_view text) {
 struct Tpiece {
   std::string_view text;
   str::name_value parts;
-  std::size_t place;  // of its key; that behind the last for one that is not read
+  std::size_t place;  // of its key; keys.size() when the key is not read
 };
 
 class Treport {
@@ -199,12 +200,12 @@ class Treport {
   void check_shift(Tpiece const& piece);
   bool is_sphere() const;
   bool is_given_elsewhere(std::size_t place) const;
-  // The piece with the next one, where the "+" of an exponent has cut its number.
+  // Both pieces when the "+" of an exponent has cut a number in two, else empty.
   std::string_view whole_number(std::size_t index) const;
 
   std::string_view definition_;
   std::vector<Tpiece> pieces_;
-  // Of each key, whether there is a piece with it, and whether one was passed.
+  // For each key: whether any piece has it, and whether a piece before the current one has it.
   std::array<bool, keys.size() + 1> given_{};
   std::array<bool, keys.size() + 1> taken_{};
   std::vector<reading_loss> losses_;
@@ -266,7 +267,7 @@ void Treport::check_value(Tpiece const& piece) {
       if (value.empty()) add(piece.text, loss_reason::unread_value, true);
       break;
     case key_kind::flag:
-      // Nothing and "T" are how PROJ spells yes.
+      // PROJ writes yes as an empty value or as "T".
       if (!value.empty() && !equal_no_case(value, "t"))
         add(piece.text, loss_reason::unread_value, true);
       break;
@@ -283,7 +284,8 @@ void Treport::check_value(Tpiece const& piece) {
 }
 
 void Treport::check_number(Tpiece const& piece, std::string_view value, bool is_angle) {
-  // Their exponent is written with a "+", which cuts them when they are read.
+  // Numbers from here on are written with a "+" in their exponent. That "+" cuts them when
+  // they are read.
   constexpr double too_large = 999999999999.5;
   auto const number = number::scan_double(value);
   if (!number) {
@@ -311,7 +313,7 @@ void Treport::check_shift(Tpiece const& piece) {
   auto const numbers = str::split(piece.parts.value, ",");
   std::size_t const before = losses_.size();
   for (std::size_t i = 0; i < std::min(numbers.size(), Tzu_proj4_param_towgs84::count); ++i) {
-    // One sentence for the seven.
+    // One sentence is enough for the seven numbers.
     if (losses_.size() == before) check_number(piece, str::trim(numbers[i]), false);
   }
   if (numbers.size() > Tzu_proj4_param_towgs84::count)

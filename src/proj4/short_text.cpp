@@ -23,7 +23,7 @@ std::string Tzu_pj4_parts::part(std::string_view value) const {
   return std::string(value).append(separator_);
 }
 
-// A number that the record fixes; null for none.
+// The number of a key that the record fixes; null when it fixes none.
 Tzu_pj_dbl_param const* Tzu_pj4_parts::fixed_number(zu::definition_key key) const {
   if (def_ == nullptr) return nullptr;
   auto const found = std::ranges::find(zu::proj_numbers, key, &zu::proj_number_entry::key);
@@ -56,8 +56,7 @@ bool Tzu_short_text_helper::get_short_text(char const* definition, Izu_string_ad
   for (zu::definition_key const key : zu::described_keys)
     if (key != zu::definition_key::proj && key != zu::definition_key::zone)
       text += parts.get_part(key);
-  // Catalogue and definition share the system's code page, in which adapters
-  // read narrow text.
+  // Catalogue and definition are in the system's code page. Adapters expect narrow text in it.
   zu_string_adp_feed_c(adapter, text.c_str());
   return true;
 }

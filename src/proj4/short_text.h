@@ -1,4 +1,4 @@
-// A definition in one line, in the words of the catalogue.
+// A definition in one line, with the names that the catalogue gives.
 #pragma once
 
 #include <string>
@@ -8,22 +8,22 @@
 #include "proj4/proj4_str.h"
 #include "suite/zuk_basic.h"
 
-// A definition with the catalogue's record of its projection, and its parts as
-// texts. A part is a value followed by the separator, or empty. A number that
-// the definition does not give is the one that the record fixes, if it does.
-// Datum and ellipsoid are the definition's alone: one that merely goes with the
-// projection would be a guess. Texts are in the system's ANSI code page.
+// A definition, the catalogue's record of its projection, and its parts as texts. A part is a
+// value followed by the separator, or empty. When the definition does not give a number, the
+// part has the number that the record fixes, if any. Datum and ellipsoid come from the
+// definition alone: the datum that a record suggests would be a guess. Texts are in the
+// system's ANSI code page.
 class Tzu_pj4_parts : public Tzu_proj4_str {
  public:
-  // Reads a definition (null counts as empty) and looks its projection up: with
-  // a zone among the zonal records, else among the usual ones. Whether one was
-  // found; none is looked up without a projection.
+  // Reads a definition (null counts as empty) and looks for the record of its projection:
+  // among the zonal records when the definition has a zone, else among the usual ones. Returns
+  // whether a record was found. Without a projection none is.
   bool init(char const* text);
-  // The record found or null. It is the catalogue's, and valid until that is
-  // loaded anew.
+  // The record found, or null. The catalogue owns it; it is valid until the catalogue is
+  // loaded again.
   Tzu_pj_proj_def const* get_def() const noexcept { return def_; }
 
-  // The record's caption; without a record the projection's key.
+  // The record's caption, or the projection's key when there is no record.
   std::string get_pj4_caption() const;
   // The projection's key.
   std::string get_pj4_name() const { return get_part(zu::definition_key::proj); }
@@ -59,9 +59,8 @@ class Tzu_pj4_parts : public Tzu_proj4_str {
 
 class Tzu_short_text_helper {
  public:
-  // Feeds the summary: the caption and then all parts from lon_0 to rf, as narrow
-  // text. False, and nothing is fed, for a definition without a projection and
-  // for a null adapter. A projection that the catalogue lacks has its key for a
-  // caption.
+  // Feeds the summary as narrow text: the caption, then all parts from lon_0 to rf. Returns
+  // false and feeds nothing when the definition has no projection or the adapter is null. A
+  // projection that is not in the catalogue has its key as caption.
   static bool get_short_text(char const* definition, Izu_string_adp* adapter);
 };

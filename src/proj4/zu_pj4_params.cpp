@@ -26,8 +26,8 @@ constexpr int done = 1;
 
 constexpr int flag(bool value) noexcept { return value ? 1 : 0; }
 
-// Does what can fail only where it says so. Sets and parameters are reached through
-// this alone, so that it is the place for the scope.
+// Runs an operation; one without a result cannot fail. All access to sets and parameters goes
+// through this function, so the floating-point scope is here.
 template <class Operation, class... Objects>
 int result_of(Operation operation, Objects&... objects) {
   zu::Tfloat_scope const scope;
@@ -44,7 +44,7 @@ int act(zu_pj4_params* params, Operation operation) {
   return params == nullptr ? failed : result_of(operation, params->set);
 }
 
-// Null for a name that no parameter, or none of the kind, has.
+// Null when no parameter of the kind has the name.
 template <class Param = Tzu_proj4_param>
 Param* find(zu_pj4_params* params, char const* name) {
   if (params == nullptr || name == nullptr) return nullptr;
@@ -59,7 +59,7 @@ int act_on(zu_pj4_params* params, char const* name, Operation operation) {
   return param == nullptr ? failed : result_of(operation, *param);
 }
 
-// Hands a value out; there must be a place for it.
+// Copies a value to the caller. Fails without a place for it.
 template <class Param, class Value, class Get>
 int get_from(zu_pj4_params* params, char const* name, Value* value, Get get) {
   if (value == nullptr) return failed;
@@ -94,7 +94,7 @@ unsigned zu_pj4_find_losses(char const* definition,
     for (zu::reading_loss const& loss : losses) {
       if (found == nullptr) break;
       std::wstring const sentence = zu::tell(loss);
-      // The reasons of both have one order.
+      // Both enumerations of reasons have the same order.
       zu_pj4_loss const told{loss.piece.c_str(), static_cast<zu_pj4_loss_reason>(loss.reason),
                              loss.kept.c_str(), flag(loss.moves_points), sentence.c_str()};
       found(context, &told);

@@ -1,5 +1,5 @@
-// The ways of geometry into and out of a buffer of points, between which a
-// caller's `transform` works on the buffer. Null geometry fails.
+// Copies geometry into a buffer of points, lets the caller's `transform` work on the
+// buffer, and copies the points back. Null geometry fails.
 #pragma once
 
 #include <algorithm>
@@ -61,11 +61,11 @@ bool apply_to_sequence(Sequence* sequence, Tzu_xy_array& buffer, Transform trans
   return done;
 }
 
-// A sequence that fails keeps none of the others from being transformed.
+// When a sequence fails, the others are transformed all the same.
 template <class Set, class Transform>
 bool apply_to_set(Set* set, Tzu_xy_array& buffer, Transform transform) {
   if (set == nullptr) return false;
-  // Where memory lacks for one, none is transformed.
+  // Takes all memory first: without enough of it no sequence is transformed.
   std::size_t largest = 0;
   for (std::size_t i = 0; i < size_of(set); ++i)
     largest = std::max(largest, size_of(sequence_of(set, i)));
@@ -81,7 +81,7 @@ inline bool is_finite(Tzu_box_d2 const& box) {
          std::isfinite(box.max_y);
 }
 
-// Puts (columns + 1) x (rows + 1) points over the box, row by row.
+// Fills the buffer with a grid over the box, row by row, `intervals` + 1 points a side.
 inline void fill_grid(Tzu_box_d2 const& box, std::size_t intervals, Tzu_xy_array& buffer) {
   double const step_x = (box.max_x - box.min_x) / static_cast<double>(intervals);
   double const step_y = (box.max_y - box.min_y) / static_cast<double>(intervals);
@@ -93,7 +93,7 @@ inline void fill_grid(Tzu_box_d2 const& box, std::size_t intervals, Tzu_xy_array
                     box.min_y + static_cast<double>(j) * step_y);
 }
 
-// The box of those points that are finite; false when none is.
+// The box of the finite points; false when no point is finite.
 inline bool find_extent(Tzu_xy_array const& buffer, Tzu_box_d2& extent) {
   constexpr double infinity = std::numeric_limits<double>::infinity();
   Tzu_box_d2 found{infinity, infinity, -infinity, -infinity};
@@ -111,9 +111,9 @@ inline bool find_extent(Tzu_xy_array const& buffer, Tzu_box_d2& extent) {
   return true;
 }
 
-// By a grid of 7 x 7 points, widened by a thousandth on every side for what
-// curves outward between them. Points that fail are left out; without any other
-// the box stays as it is and the result is false.
+// Transforms a grid of 7 x 7 points. The box of the results gets a margin of a
+// thousandth on every side, because an edge may curve outward between the points. Points
+// that fail are left out. False when all fail; the box does not change then.
 template <class Transform>
 bool apply_to_box_approx(Tzu_box_d2* box, Tzu_xy_array& buffer, Transform transform) {
   constexpr std::size_t intervals = 6;
@@ -130,7 +130,7 @@ bool apply_to_box_approx(Tzu_box_d2* box, Tzu_xy_array& buffer, Transform transf
   return true;
 }
 
-// By the four corners, all of which must be transformed.
+// Transforms the four corners; false when any of them fails.
 template <class Transform>
 bool apply_to_box(Tzu_box_d2* box, Tzu_xy_array& buffer, Transform transform) {
   if (box == nullptr || !is_finite(*box)) return false;

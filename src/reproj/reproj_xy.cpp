@@ -8,7 +8,7 @@
 
 namespace {
 
-// Narrow text of any encoding that keeps ASCII as it is.
+// The text may be in any encoding that contains ASCII.
 std::string geographic_of(std::string const& definition) {
   Tzu_proj4_str set;
   set.set(definition.c_str());
@@ -73,7 +73,7 @@ Tzu_matrix3x3 Tzu_reproj_xy::identity() noexcept {
 void Tzu_reproj_xy::Taffine::set(Tzu_matrix3x3 const& wanted) noexcept {
   matrix = wanted;
   inverse = wanted;
-  // The last row takes no part in the step.
+  // The step does not use the last row.
   inverse.e[6] = 0;
   inverse.e[7] = 0;
   inverse.e[8] = 1;
@@ -120,7 +120,7 @@ void Tzu_reproj_xy::apply_affine_xy(Tzu_matrix3x3 const& matrix, std::size_t cou
   for (std::size_t i = 0; i < count; ++i) {
     double const old_x = x[i];
     double const old_y = y[i];
-    // A point that could not be transformed stays so.
+    // A point that failed in an earlier step does not change.
     if (!std::isfinite(old_x) || !std::isfinite(old_y)) continue;
     x[i] = e[0] * old_x + e[1] * old_y + e[2];
     y[i] = e[3] * old_x + e[4] * old_y + e[5];

@@ -8,13 +8,13 @@
 #include "reproj/xy_array.h"
 #include "suite/zuk_prg.h"
 
-// Going backward, the inverted affine-after comes first and the inverted
-// affine-before last. Texts, coordinates and threads are as in
+// Backward, the inverted affine-after is the first step and the inverted affine-before
+// the last one. The rules for texts, coordinates and threads are those of
 // Tzu_reproj_xy_exec.
 class Tzu_reproj_xy {
  public:
-  // Of the PROJ step; the affine steps and what is in use stay as they are. All
-  // are false when PROJ makes no operation.
+  // Set up the PROJ step; the affine steps do not change, nor which steps are in use.
+  // All are false when PROJ finds no operation.
   bool init(char const* source, char const* target) { return exec_.init(source, target); }
   bool init(wchar_t const* source, wchar_t const* target) { return exec_.init(source, target); }
   bool init_as_written(std::string const& source, std::string const& target) {
@@ -25,12 +25,13 @@ class Tzu_reproj_xy {
   bool init_to_latlong(wchar_t const* definition);
   bool init_from_latlong(char const* definition);
   bool init_from_latlong(wchar_t const* definition);
-  // The text of that geographic system; empty for a definition without a projection.
+  // The definition of that geographic system; empty for a definition without a
+  // projection.
   static std::string convert_to_latlong(char const* definition);
-  // Whether two definitions are different systems, by the texts that PROJ is given.
+  // Whether PROJ would get different texts for the two definitions.
   static bool rpj_is_needed(char const* source, char const* target);
-  // As new: no operation, which is in use, and the identity for affine steps,
-  // which are not.
+  // Sets the state of a new object: the PROJ step is in use and has no operation, the
+  // affine steps are the identity and not in use.
   void clear() noexcept;
 
   void set_use_reproj(bool use) noexcept { use_reproj_ = use; }
@@ -42,14 +43,14 @@ class Tzu_reproj_xy {
   bool get_use_affine_after() const noexcept { return after_.use; }
   void set_affine_after(Tzu_matrix3x3 const& matrix) noexcept { after_.set(matrix); }
 
-  // Whether a step in use can do nothing at all in that direction: the PROJ step
-  // without an operation or, backward, a singular matrix.
+  // Whether a step in use cannot work in that direction: the PROJ step without an
+  // operation or, backward, a singular matrix.
   bool is_blocked(reproj_direction direction) const noexcept;
 
-  // One point, two arrays of `count` elements, or an array of points, in place.
-  // The result is that of the PROJ step, true when that is not in use; the other
-  // steps are done in any case. With a singular matrix in use, going backward
-  // fails and changes nothing.
+  // Transform one point, two arrays of `count` elements, or an array of points, in place.
+  // The result is that of the PROJ step, and true when that is not in use; the affine
+  // steps are done in any case. Backward, a singular matrix in use makes the call fail
+  // and change nothing.
   bool apply(double* x, double* y, reproj_direction direction = reproj_direction::forward);
   bool apply_xy(std::size_t count, double* x, double* y,
                 reproj_direction direction = reproj_direction::forward);
@@ -57,7 +58,7 @@ class Tzu_reproj_xy {
     return apply_xy(points.get_size(), points.get_x_ptr(), points.get_y_ptr(), direction);
   }
 
-  // One affine step alone.
+  // Do one affine step.
   static void apply_affine(Tzu_matrix3x3 const& matrix, double* x, double* y) noexcept;
   static void apply_affine_xy(Tzu_matrix3x3 const& matrix, std::size_t count, double* x,
                               double* y) noexcept;

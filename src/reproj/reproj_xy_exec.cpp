@@ -22,12 +22,12 @@ namespace {
 
 constexpr double degree = std::numbers::pi / 180;
 
-// From this size on two processors gain on the cheapest operation, too, even when
-// its first clone comes on top. Measured: 20 to 50 us to start and join a thread,
-// 80 to 100 us for a clone, 150 to 450 ns a point.
+// From this size on two processors are faster than one even with the fastest operation,
+// and even when PROJ has to clone it first. Measured: 20 to 50 us to start and join a
+// thread, 80 to 100 us for a clone, 150 to 450 ns for a point.
 constexpr std::size_t parallel_size = 4096;
-// What a thread takes at a time: large beside the cost of taking it, and small
-// beside the whole, so that all end together.
+// The points that a thread takes at a time: many, so that taking them costs little, but
+// few of the whole array, so that all threads end at about the same time.
 constexpr std::size_t block_size = 512;
 constexpr std::size_t max_helpers = 15;
 
@@ -36,22 +36,22 @@ struct Tprepared {
   bool is_long_lat = false;
 };
 
-// A definition as PROJ is given it; empty when it has no projection, or would have
-// PROJ open a file that is no grid of a datum shift.
+// The definition in the form for PROJ. Empty when it has no projection, or when PROJ
+// would open a file for it that is no grid of a datum shift.
 Tprepared prepare(std::wstring_view definition) {
   Tzu_proj4_str set;
   set.set(zu::strconv::to_utf8(definition).c_str());
   set.decompose();
-  // Without a projection there is no operation; PROJ would look through all the
-  // names in its database first.
+  // Without a projection there is no operation, and PROJ would first search all names of
+  // its database.
   if (!set.get_proj().get_def()) return {};
   set.compose_for_proj4();
   bool const is_safe = zu::named_files::has_none_but(set.get(), zu::named_files::shift_grids::any);
   return {is_safe ? set.get() : "", set.get_is_long_lat()};
 }
 
-// A text for PROJ as it is, marked as a coordinate system where it could be a step
-// of a transformation; empty when it would have PROJ open a file.
+// The text for PROJ, not changed, but with "+type=crs" where PROJ could take it for a
+// step of a transformation. Empty when PROJ would open a file for it.
 std::string as_written(std::string const& text) {
   if (!zu::named_files::has_none_but(text, zu::named_files::shift_grids::any)) return {};
   bool const is_proj4 =
@@ -69,7 +69,7 @@ PJ_DIRECTION to_proj(reproj_direction direction) noexcept {
   return direction == reproj_direction::forward ? PJ_FWD : PJ_INV;
 }
 
-// Understands "+init=" as PROJ's own programs do.
+// Accepts "+init=" as PROJ's own programs do.
 zu::proj_library::context make_lenient_context() {
   auto context = zu::proj_library::make_context();
   if (context) proj_context_use_proj4_init_rules(context.get(), 1);
@@ -103,7 +103,7 @@ bool transform_block(PJ* operation, PJ_DIRECTION direction, std::size_t count, d
     proj_trans_generic(operation, direction, x, sizeof(double), count, y, sizeof(double), count,
                        nullptr, 0, 0, nullptr, 0, 0);
   } catch (std::exception const&) {
-    // PROJ opens a grid when the first point needs it, and memory may lack for that.
+    // PROJ opens a grid when the first point needs it, and there may be no memory for it.
     std::fill_n(x, count, HUGE_VAL);
     std::fill_n(y, count, HUGE_VAL);
   }
@@ -112,8 +112,8 @@ bool transform_block(PJ* operation, PJ_DIRECTION direction, std::size_t count, d
   return all;
 }
 
-// One long array and the threads that take blocks of it until none is left. No
-// point depends on another, so the outcome does not depend on who took what.
+// One long array. Several threads take blocks of it until none is left. No point depends
+// on another, so the result does not depend on which thread took which block.
 class Tshared_array {
  public:
   Tshared_array(std::size_t count, double* x, double* y, PJ_DIRECTION direction) noexcept
@@ -181,7 +181,7 @@ bool Tzu_reproj_xy_exec::take(std::string source, std::string target) {
 bool Tzu_reproj_xy_exec::create() {
   using zu::proj_library::object;
   if (!context_) context_ = zu::proj_library::make_context();
-  // Without a context of its own PROJ would take the default one.
+  // With a null context PROJ would use the default one.
   if (!context_) return false;
   operation_ =
       object(proj_create_crs_to_crs(context_.get(), source_.c_str(), target_.c_str(), nullptr));
@@ -240,7 +240,7 @@ bool Tzu_reproj_xy_exec::apply(std::size_t count, double* x, double* y,
 
 bool Tzu_reproj_xy_exec::transform_shared(std::size_t count, double* x, double* y,
                                           PJ_DIRECTION direction) {
-  // No thread without a good part of the array to itself.
+  // Each thread gets at least half of parallel_size.
   std::size_t const parts = 2 * count / parallel_size;
   std::size_t const processors = std::max(1U, std::thread::hardware_concurrency());
   std::size_t const helpers = prepare_helpers(std::min({processors, parts, max_helpers + 1}) - 1);
@@ -249,7 +249,7 @@ bool Tzu_reproj_xy_exec::transform_shared(std::size_t count, double* x, double* 
   for (std::size_t i = 0; i < helpers; ++i) {
     shares[i].array = &array;
     shares[i].operation = helpers_[i].operation.get();
-    // Where the system has no thread to give, the others do its part.
+    // Where the system has no thread left, the other threads do its part.
     shares[i].thread.start(&work_on_share, &shares[i]);
   }
   array.work(normalized_.get());
@@ -268,7 +268,7 @@ std::size_t Tzu_reproj_xy_exec::prepare_helpers(std::size_t wanted) {
       helpers_.push_back(std::move(helper));
     }
   } catch (std::exception const&) {
-    // Without memory for more of them those there are do it all.
+    // Without memory for more helpers the existing ones do all the work.
   }
   return std::min(wanted, helpers_.size());
 }
@@ -296,7 +296,7 @@ bool Tzu_reproj_xy_exec::is_geographic_as_written(std::string const& text) {
   auto system = create_system(context.get(), as_written(text));
   while (system) {
     auto const type = proj_get_type(system.get());
-    // What is bound to a datum or joined with a height is inside.
+    // A bound system and a compound one contain the system that is meant.
     if (type == PJ_TYPE_BOUND_CRS)
       system.reset(proj_get_source_crs(context.get(), system.get()));
     else if (type == PJ_TYPE_COMPOUND_CRS)
@@ -323,7 +323,7 @@ std::optional<std::array<double, 4>> Tzu_reproj_xy_exec::find_area_of_use(std::s
   double south = 0;
   double east = 0;
   double north = 0;
-  // A bound of less than -180 says that nobody knows.
+  // PROJ gives a bound below -180 where it does not know the area.
   if (!system ||
       proj_get_area_of_use(context.get(), system.get(), &west, &south, &east, &north, nullptr) ==
           0 ||
@@ -341,7 +341,7 @@ std::vector<std::string> Tzu_reproj_xy_exec::find_missing_grids(std::string cons
   auto const target = create_system(context.get(), as_written(target_text));
   operation_factory const factory(proj_create_operation_factory_context(context.get(), nullptr));
   if (!source || !target || !factory) return names;
-  // In the order of an installation that has all grids.
+  // The order of an installation with all grids.
   proj_operation_factory_context_set_grid_availability_use(context.get(), factory.get(),
                                                            PROJ_GRID_AVAILABILITY_IGNORED);
   proj_operation_factory_context_set_spatial_criterion(context.get(), factory.get(),
@@ -351,7 +351,7 @@ std::vector<std::string> Tzu_reproj_xy_exec::find_missing_grids(std::string cons
   int const count = found ? proj_list_get_count(found.get()) : 0;
   for (int i = 0; i < count; ++i) {
     zu::proj_library::object const way(proj_list_get(context.get(), found.get(), i));
-    // The ways behind the first that works are not better.
+    // The ways after the first one that works are not better.
     if (!way || proj_coordoperation_is_instantiable(context.get(), way.get()) != 0) break;
     int const grids = proj_coordoperation_get_grid_used_count(context.get(), way.get());
     for (int k = 0; k < grids; ++k) {

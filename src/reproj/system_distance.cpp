@@ -17,7 +17,7 @@ namespace {
 constexpr char const* places = "EPSG:4326";
 constexpr int steps = 10;  // of the grid, each way
 
-// The meridian and the parallel that a definition is laid around.
+// A guess from the definition's central meridian and origin.
 geographic_area area_around(Tzu_proj4_str& set) {
   auto const value_or = [](Tzu_proj4_param_dbl& param, double otherwise) {
     return param.get_def() ? param.get_dbl() : otherwise;

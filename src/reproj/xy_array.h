@@ -8,17 +8,17 @@
 class Tzu_xy_array {
  public:
   std::size_t get_size() const noexcept { return x_.size(); }
-  // Keeps the first points; new ones are at the origin. Memory is only ever
-  // added, so that sizes met before cost none.
+  // Keeps the first points; new points are at the origin. Never frees memory, so a size
+  // that was set before needs no allocation.
   void set_size(std::size_t size) {
-    // Both or none, when memory runs out.
+    // When there is no memory for both arrays, neither changes.
     set_capacity(size);
     x_.resize(size);
     y_.resize(size);
   }
-  // The size that needs no more memory.
+  // The largest size that needs no allocation.
   std::size_t get_capacity() const noexcept { return std::min(x_.capacity(), y_.capacity()); }
-  // Never takes away; clear does.
+  // Never frees memory; clear does.
   void set_capacity(std::size_t capacity) {
     x_.reserve(capacity);
     y_.reserve(capacity);
@@ -33,18 +33,18 @@ class Tzu_xy_array {
     x_[index] = x;
     y_[index] = y;
   }
-  // The arrays; valid until the size or the capacity grows, or clear.
+  // The arrays; valid until the size or the capacity grows, and until clear.
   double* get_x_ptr() noexcept { return x_.data(); }
   double* get_y_ptr() noexcept { return y_.data(); }
   double const* get_x_ptr() const noexcept { return x_.data(); }
   double const* get_y_ptr() const noexcept { return y_.data(); }
 
-  // No points and no memory.
+  // Removes all points and frees the memory.
   void clear() noexcept {
     x_ = std::vector<double>();
     y_ = std::vector<double>();
   }
-  // Puts every point at the origin; the size stays.
+  // Sets every point to the origin; the size does not change.
   void clear_xy() noexcept {
     std::ranges::fill(x_, 0.0);
     std::ranges::fill(y_, 0.0);

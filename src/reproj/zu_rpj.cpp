@@ -15,7 +15,7 @@ struct zu_rpj_fb_d2 {
 
 namespace {
 
-// These are all the ways into the chains. Each runs in a scope of its own.
+// Hosts reach the chains only through these functions. Each makes its own scope.
 
 template <class Handle>
 Handle* create() {
@@ -28,14 +28,14 @@ void destroy(Handle* handle) {
   std::unique_ptr<Handle> const owned(handle);
 }
 
-// What a call on a handle gives; that on null fails.
+// The result of a call on a handle; a null handle fails.
 template <class Handle, class Call>
 int call_on(Handle* handle, Call call) {
   zu::Tfloat_scope const scope;
   return handle != nullptr && call(handle->reproj) ? 1 : 0;
 }
 
-// Sets something of a handle's chain, which cannot fail.
+// Sets a property of a handle's chain; only a null handle fails.
 template <class Handle, class Set>
 int set_on(Handle* handle, Set set) {
   return call_on(handle, [set](auto& reproj) {
@@ -44,13 +44,13 @@ int set_on(Handle* handle, Set set) {
   });
 }
 
-// Null leaves the matrix there as it is.
+// A null matrix fails and changes nothing.
 template <class Handle, class Set>
 int set_matrix_on(Handle* handle, Tzu_matrix3x3 const* matrix, Set set) {
   return matrix == nullptr ? 0 : set_on(handle, [&](auto& chain) { set(chain, *matrix); });
 }
 
-// A null text fails and keeps what was there.
+// A null text fails and changes nothing.
 template <class Handle>
 int init_ex_on(Handle* handle, char const* source, char const* target) {
   if (source == nullptr || target == nullptr) return 0;

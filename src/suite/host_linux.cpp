@@ -1,19 +1,16 @@
-#include <unistd.h>
-
 #include <cstdlib>
+#include <filesystem>
 #include <string_view>
 
-#include "basic/code_page.h"
+#include "basic/path.h"
 #include "suite/host.h"
 
 namespace zu::host {
 
 std::wstring program_path() {
-  std::string path(4096, '\0');
-  auto const length = readlink("/proc/self/exe", path.data(), path.size());
-  if (length <= 0 || static_cast<std::size_t>(length) >= path.size()) return {};
-  path.resize(static_cast<std::size_t>(length));
-  return code_page::to_wide(code_page::system, path);
+  std::error_code error;
+  auto const path = std::filesystem::read_symlink("/proc/self/exe", error);
+  return error ? std::wstring() : path::from_native(path);
 }
 
 bool is_language_russian() {

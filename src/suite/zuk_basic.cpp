@@ -13,7 +13,8 @@ struct Izu_string_adp {
 
 namespace {
 
-// The suite's own function of the same name and signature, when it is there.
+// The suite's own function with the same name and signature; null when its module is not
+// loaded.
 template <class Function>
 Function* of_suite(Function& /*stand_in*/, char const* name) {
   return zu::module::find_loaded_as<Function>("zuk_basic", name);

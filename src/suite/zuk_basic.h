@@ -1,17 +1,17 @@
-// The host suite's base library, as far as this library calls it.
+// The functions of the host suite's base library that this library calls.
 //
-// The suite's own module is asked when the host has loaded one ("zuk_basic");
-// otherwise stand-ins answer: those described here, and those of string adapters,
-// which hosts without the suite call, too. The module is found at run time, so
-// nothing needs it at link time.
+// When the host has loaded the suite's module "zuk_basic", its functions are called,
+// otherwise our stand-ins: those below, and those for string adapters, which hosts
+// without the suite call, too. The module is found at run time; linking does not need
+// it.
 #pragma once
 
 #include "zu_pj_edit/string_adp.h"
 
-// Path of the host's main module. The stand-in gives the running program's.
-// The pointer stays valid until the next call.
+// Path of the host's main module. The stand-in gives the path of the running program.
+// The pointer is valid until the next call.
 wchar_t const* zu_options_get_main_module_path();
 
-// Index of the host's interface language; 0 is Russian. The stand-in follows
-// the user's locale: 0 for Russian, else 1.
+// Index of the host's interface language; 0 is Russian. The stand-in uses the user's
+// locale: 0 for Russian, else 1.
 int zu_res_get_lng();

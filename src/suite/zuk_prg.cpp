@@ -24,7 +24,7 @@ struct Tzu_ovtx_d3 {
 
 namespace {
 
-// The functions are called from C, which knows no exceptions.
+// C programs call these functions, so no exception may leave them.
 template <class List>
 List* create(std::size_t size) noexcept {
   try {
@@ -99,7 +99,7 @@ int zu_matrix3x3_invert(Tzu_matrix3x3* matrix) {
   if (matrix == nullptr) return 0;
   auto const& e = matrix->e;
   if (!std::ranges::all_of(e, [](double element) { return std::isfinite(element); })) return 0;
-  // The cofactors, transposed: element i of the inverse times the determinant.
+  // The transposed cofactors: element i of the inverse, times the determinant.
   std::array<double, 9> const adjugate{
       e[4] * e[8] - e[5] * e[7], e[2] * e[7] - e[1] * e[8], e[1] * e[5] - e[2] * e[4],
       e[5] * e[6] - e[3] * e[8], e[0] * e[8] - e[2] * e[6], e[2] * e[3] - e[0] * e[5],
@@ -108,7 +108,7 @@ int zu_matrix3x3_invert(Tzu_matrix3x3* matrix) {
   double const terms = std::abs(e[0]) * (std::abs(e[4] * e[8]) + std::abs(e[5] * e[7])) +
                        std::abs(e[1]) * (std::abs(e[5] * e[6]) + std::abs(e[3] * e[8])) +
                        std::abs(e[2]) * (std::abs(e[3] * e[7]) + std::abs(e[4] * e[6]));
-  // Written so that a NaN of terms that are too large is refused, too.
+  // In this form a NaN, which very large elements give, fails as well.
   if (!(std::abs(determinant) > 8 * std::numeric_limits<double>::epsilon() * terms)) return 0;
   Tzu_matrix3x3 inverse{};
   for (std::size_t i = 0; i < adjugate.size(); ++i) {

@@ -1,6 +1,5 @@
-// The host suite's geometry library, as far as this library calls it. The types
-// are stand-ins of our own; what is not in here reaches them through their
-// functions alone.
+// The functions of the host suite's geometry library that this library calls. The types
+// are our own stand-ins; other code uses them only through these functions.
 #pragma once
 
 #include <memory>

@@ -22,7 +22,7 @@ bool readall(std::wstring_view name, strconv::encodings encoding, std::wstring& 
 bool writeall(std::wstring_view name, strconv::encodings encoding, std::wstring_view text) noexcept
     try {
   std::string const content = strconv::encode(encoding, text);
-  // Text that could not be converted must not empty an existing file.
+  // A failed conversion must not empty an existing file.
   if (content.empty() && !text.empty()) return false;
   return file::write_whole(name, content);
 } catch (std::bad_alloc const&) {

@@ -1,5 +1,5 @@
-// Interface texts of this library alone, beside those that it shares with the
-// suite. They are wide, in the current language of those.
+// Interface texts that only this library has; text/rc.h has those of the suite. They are wide
+// texts in the same language.
 #pragma once
 
 #include <string>
@@ -8,10 +8,10 @@
 namespace zu {
 
 enum class own_text {
-  no_catalogue,  // stands before the folders that were looked for
-  type_a_point,  // for who types a decimal comma
-  // What a definition lost on being read, in the order of its reasons: "%1" is the piece,
-  // "%2" what is kept.
+  no_catalogue,  // comes before the list of folders
+  type_a_point,  // for a user who types a decimal comma
+  // The losses of reading a definition, in the order of loss_reason. "%1" is the piece, "%2"
+  // the part that is kept.
   text_before,
   unknown_key,
   repeated_key,
@@ -22,8 +22,8 @@ enum class own_text {
   sphere_shift,
   other_lon_wrap,
   other_count,
-  // The dialog's note. "%1" is a folder, a table, a file or a piece of a definition.
-  damaged_catalogue,  // stands before the next two
+  // For the dialog's note. "%1" is a folder, a table, a file or a piece of a definition.
+  damaged_catalogue,  // comes before the next two
   table_not_opened,
   column_missing,  // "%2" is the column
   load_no_file,
@@ -35,11 +35,12 @@ enum class own_text {
   saved_as,
   returns_empty,
   returns_empty_instead,
-  not_kept,  // stands before what a definition loses
+  not_kept,  // comes before the list of losses
   not_in_catalogue,
-  other_ellipsoid,  // "%2" is the one in its place
+  other_ellipsoid,  // "%2" is the ellipsoid that replaces it
   grids_not_kept,
-  // A check of a definition. "%1" is metres, a value or a reason, "%2" a place or limits.
+  // For the check of a definition. "%1" is metres, a value or a reason, "%2" a place or
+  // limits.
   least_distance,
   most_distance,
   no_operation,
@@ -53,13 +54,13 @@ enum class own_text {
   pulkovo_added,
   zeros_added,
   name_taken,  // "%1" is the name that PROJ found
-  // What a description adds, as "caption = value".
+  // Additional lines "caption = value" of a description.
   known_as,
-  likely_code,  // "%2" is how sure PROJ is, of 100
+  likely_code,  // "%2" is PROJ's confidence, 0 to 100
   paste_nothing,
   paste_unreadable,
   paste_not_shown,
-  // Of a number, behind its key.
+  // For a number, behind its key.
   unit_degrees,
   unit_metres,
   unit_seconds,
@@ -69,7 +70,7 @@ enum class own_text {
   limit_low,
   limit_high,
   fixed_by_datum,
-  // The strip of the result.
+  // For the strip of the result.
   result_name,
   undo,
   redo,
@@ -78,7 +79,7 @@ enum class own_text {
   copy_esri,
   copy_unconverted,
   paste_system,
-  // Of the window that finds a system.
+  // For the window that finds a system.
   find_system,
   find_title,
   find_hint,
@@ -91,7 +92,7 @@ enum class own_text {
   no_definition,
   area_box,  // "%1" is longitudes, "%2" latitudes
   deprecated,
-  // Of the window that tries a point.
+  // For the window that tries a point.
   try_point,
   trial_title,
   trial_longitude,
@@ -108,7 +109,7 @@ enum class own_text {
 
 wchar_t const* get_own_text(own_text which);
 
-// The text with "%1" and "%2" replaced. A long value is clipped.
+// The text with the values in place of "%1" and "%2". A long value is cut.
 std::wstring fill_own_text(own_text which, std::wstring_view first, std::wstring_view second = {});
 
 }  // namespace zu

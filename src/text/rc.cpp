@@ -42,7 +42,7 @@ bool Tzu_rc::is_russian() {
 char const* Tzu_rc::get_str(int group, int index) {
   bool const russian = is_russian();
   Tstate& now = state();
-  // Longer than any text: a pointer given out before shows the new text.
+  // Longer than any text, so the buffer never moves: an older pointer shows the new text.
   now.buffer.reserve(256);
   now.buffer = "unknown str";
   auto const groups = zu::rc_groups();

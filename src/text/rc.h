@@ -3,7 +3,8 @@
 
 namespace zu {
 
-// The texts that this library shows, by name: an enumerator is the index in its group.
+// The names of the texts that this library shows. An enumerator is the index of its text in
+// the group.
 
 enum class button_text { apply, cancel, help, succeeded, terminated, save, load };
 
@@ -48,29 +49,29 @@ enum class editor_text {
 
 }  // namespace zu
 
-// Every caption and message by group and index, in English or Russian. The
-// texts are in code page 1251 whatever the system's code page is; show them
-// through zu::strconv::from_interface.
+// Every caption and message by group and index, in English or Russian. The texts are always in
+// code page 1251, whatever the system's code page is: show them through
+// zu::strconv::from_interface.
 class Tzu_rc {
  public:
-  // Number of the interface languages' groups.
+  // Number of groups of texts.
   static constexpr int groups_count = 12;
 
-  // The text of an entry in the current language, "unknown str" outside the
-  // table. The pointer is to a buffer of the library's, valid until the next
-  // call.
+  // The text of an entry in the current language, "unknown str" outside the table. The library
+  // owns the text; it is valid until the next call.
   static char const* get_str(int group, int index);
   static char const* get_str(zu::button_text which);
   static char const* get_str(zu::editor_text which);
 
-  // Takes over the host's language, at the first call only: 0 of the host's
+  // Takes over the host's language at the first call, and does nothing later. 0 in the host's
   // setting is Russian, anything else English.
   static void get_auto_lang();
 
-  // The current language, taken over from the host where that is still to be done.
+  // Whether the current language is Russian. Takes over the host's language first if that was
+  // not done yet.
   static bool is_russian();
 
-  // Sets the language: 1 is Russian, anything else English. A value set before
-  // the first get_auto_lang or get_str is overwritten by the host's there.
+  // Sets the language: 1 is Russian, anything else English. The first get_auto_lang or get_str
+  // overwrites a value set before it with the host's language.
   static void set_lang(int lang);
 };

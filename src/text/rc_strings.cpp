@@ -10,8 +10,8 @@
 namespace zu {
 namespace {
 
-// Russian texts are written in UTF-8 here, so that they can be read, and stored
-// in code page 1251 by the compiler: ASCII as it is, the letters in two runs.
+// Russian texts are written in readable UTF-8 here. The compiler converts them to code page
+// 1251: ASCII stays as it is, the letters are in two ranges.
 template <std::size_t Size>
 struct cp1251_text {
   // A literal operator's template parameter is made from an array, implicitly.
@@ -48,7 +48,7 @@ struct Tnamed_text {
   rc_entry text;
 };
 
-// Does not compile where a text is not at the place of its name.
+// Checks at compile time that each text is at the place of its name.
 template <class Name, std::size_t Count>
 consteval std::array<rc_entry, Count> texts_of(
     std::array<Tnamed_text<Name>, Count> const& named_texts) {
@@ -61,9 +61,9 @@ consteval std::array<rc_entry, Count> texts_of(
   return texts;
 }
 
-// Spellings such as "flattering" and "Standart", the double blank of the file
-// filter, pairs that differ in meaning and the swapped messages 10, 2 and 10, 3
-// are what the suite's other tools show too; they stay as they stand.
+// Do not correct these texts: the suite's other tools show the same ones. That includes
+// spellings such as "flattering" and "Standart", the double blank of the file filter, pairs
+// with different meanings, and the swapped messages 10, 2 and 10, 3.
 constexpr std::array<rc_entry, 5> group_0{{
     {"done", u8"выполнено"_cp1251},
     {"user stop", u8"остановлено пользователем"_cp1251},

@@ -1,5 +1,4 @@
-// The table of interface texts: data of the whole suite, of which the dialog
-// shows a part.
+// The table of interface texts of the whole suite. The dialog shows a part of them.
 #pragma once
 
 #include <span>

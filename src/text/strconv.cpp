@@ -10,8 +10,8 @@ namespace zu {
 namespace strconv {
 namespace {
 
-// UTF-32LE and UTF-32BE carry each other's name as synonym: hosts of the suite
-// look encodings up by either column, so the table stays as they know it.
+// UTF-32LE and UTF-32BE have each other's name as synonym. That looks wrong, but hosts
+// of the suite search both columns, so the table stays as it is.
 constexpr std::array<encoding_row, encodings_count> table{{
     {"UTF-8", "UTF-8", code_page::utf8},
     {"UTF-16", "UTF-16", 0},

@@ -8,9 +8,9 @@
 namespace zu {
 namespace strconv {
 
-// Index into the constant table of encodings. The rows without a code page of
-// their own (UTF-16, UTF-32) are names only: reading and writing with them
-// gives empty text, since the library itself uses UTF-8 and SYSTEM.
+// Index into the constant table of encodings. The rows of UTF-16 and UTF-32 have no code
+// page and are names only: reading and writing with them gives empty text. The library
+// itself uses UTF-8 and SYSTEM.
 enum class encodings : unsigned {
   utf_8,
   utf_16,
@@ -41,25 +41,25 @@ struct encoding_row {
   unsigned code_page;  // as Windows numbers them; 0 is the system's
 };
 
-// Whether the library can read and write the encoding; a UTF-16 or UTF-32 row
-// must not be mistaken for the system's code page, whose number it shares.
+// Whether the library can read and write the encoding. A row of UTF-16 or UTF-32 has the
+// number 0, as the system's code page has, but does not stand for it.
 bool has_code_page(encodings encoding) noexcept;
 
-// Row of an encoding; static data. Out of range gives the SYSTEM row.
+// Row of an encoding; static data. An index out of range gives the SYSTEM row.
 encoding_row const& get_encoding(encodings encoding) noexcept;
 
 std::string to_utf8(std::wstring_view text);
 std::wstring from_utf8(std::string_view text);
 std::string to_system(std::wstring_view text);
 std::wstring from_system(std::string_view text);
-// Whether the system's code page can spell all of the text. A file whose name
-// it cannot spell must not be opened by what comes closest: that is another file.
+// Whether the system's code page has all characters of the text. A file name with other
+// characters must not be converted: the result is the name of another file.
 bool has_system_spelling(std::wstring_view text);
 
-// Text of the interface tables, which are kept in code page 1251.
+// Converts a text of the interface tables, which are in code page 1251.
 std::wstring from_interface(std::string_view text);
 
-// Conversion by a row of the table.
+// Convert by a row of the table.
 std::wstring decode(encodings encoding, std::string_view text);
 std::string encode(encodings encoding, std::wstring_view text);
 
@@ -67,15 +67,15 @@ std::string encode(encodings encoding, std::wstring_view text);
 
 namespace strutil {
 
-// The white space that may surround a definition in a file.
+// The white space that may stand around a definition in a file.
 inline constexpr std::wstring_view definition_blanks = L" \t\n\r\v\f";
 
 // Removes the characters of `set` from both ends.
 void trim_inplace(std::wstring& text, std::wstring_view set = definition_blanks);
 std::string trim(std::string_view text, std::string_view set = " \t\n\r\v\f");
 
-// Removes the mark that editors put before UTF-8 from a file's text that was read in
-// the system's code page.
+// Removes the mark that editors write before UTF-8. The text was read from a file in the
+// system's code page.
 void drop_utf8_mark(std::wstring& text);
 
 }  // namespace strutil

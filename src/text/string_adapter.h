@@ -1,12 +1,12 @@
-// Receivers of result texts, and the way back from a host's adapter to them.
+// Receivers of result texts, and host adapters that feed them.
 #pragma once
 
 #include <string>
 
 #include "suite/zuk_basic.h"
 
-// Base of the library's own adapters. A feed replaces, the last one wins; a
-// null text empties the target, and so does a conversion that fails.
+// Base of the library's own adapters. Each feed replaces the text before. A null text
+// empties the target, and so does a failed conversion.
 class Tzu_string_adapter_base {
  public:
   Tzu_string_adapter_base() = default;
@@ -16,7 +16,7 @@ class Tzu_string_adapter_base {
   virtual void feed(char const* text) = 0;
   virtual void feed(wchar_t const* text) = 0;
 
-  // Callbacks for zu_string_adp_create; the context is the adapter object.
+  // Callbacks for zu_string_adp_create. The context is the adapter object.
   static void zu_ansi_string_callback(char const* text, void* context);
   static void zu_unicode_string_callback(wchar_t const* text, void* context);
 
@@ -24,8 +24,8 @@ class Tzu_string_adapter_base {
   ~Tzu_string_adapter_base() = default;
 };
 
-// Collects into a wide string of the caller's, which must outlive the adapter.
-// Narrow text is read in the system's ANSI code page.
+// Writes into a wide string of the caller, which must outlive the adapter. Narrow text
+// is converted from the system's ANSI code page.
 class Tzu_std_wstring_adapter final : public Tzu_string_adapter_base {
  public:
   explicit Tzu_std_wstring_adapter(std::wstring* target) : target_(target) {}
@@ -36,8 +36,8 @@ class Tzu_std_wstring_adapter final : public Tzu_string_adapter_base {
   std::wstring* target_;
 };
 
-// Collects into a narrow string of the caller's. Wide text is written in the
-// system's ANSI code page, narrow text is taken unchanged.
+// Writes into a narrow string of the caller, which must outlive the adapter. Wide text
+// is converted to the system's ANSI code page, narrow text is not converted.
 class Tzu_std_string_adapter final : public Tzu_string_adapter_base {
  public:
   explicit Tzu_std_string_adapter(std::string* target) : target_(target) {}
@@ -50,8 +50,8 @@ class Tzu_std_string_adapter final : public Tzu_string_adapter_base {
 
 namespace zu {
 
-// Owns a host adapter that feeds one of the adapters above, for the span of
-// one call of a producer.
+// Owns a host adapter that feeds one of the adapters above. Made for one call of a
+// function that produces a text.
 class string_adp {
  public:
   explicit string_adp(Tzu_string_adapter_base& target)

@@ -15,7 +15,7 @@ bool begins_a_word(std::wstring_view caption, std::wstring_view typed) {
   return false;
 }
 
-// Round the list, from `start` on.
+// Searches from `start` to the end of the list and then from its beginning.
 template <class Predicate>
 std::optional<std::size_t> find_round(std::span<std::wstring const> captions, std::size_t start,
                                       Predicate predicate) {

@@ -1,4 +1,4 @@
-// Finding an entry of a list by the first letters of it.
+// Finds an entry of a list by its first letters.
 #pragma once
 
 #include <chrono>
@@ -12,19 +12,19 @@ class Tzu_type_ahead {
  public:
   using clock = std::chrono::steady_clock;
 
-  // Letters that come after a longer pause are a new word.
+  // After a longer pause the next letter begins a new word.
   static constexpr std::chrono::milliseconds pause{1000};
 
-  // The entry that the letters typed so far mean when `letter` comes next: one
-  // that begins with them, or else one in which a word does. The search begins
-  // at the `current` entry, with a first letter behind it, and goes round; a
-  // letter repeated goes on to the next entry of that letter. Empty when the
-  // letters mean none. Captions and letters are compared as they stand.
+  // Adds `letter` to the typed letters and finds an entry that begins with them, or else
+  // an entry with a word that begins with them. The search begins at the `current`
+  // entry, for a first letter after it, and goes round the list. The same letter again
+  // finds the next entry of that letter. Empty when there is no such entry. The caller
+  // folds the case of captions and letters.
   std::optional<std::size_t> type(wchar_t letter, clock::time_point now,
                                   std::span<std::wstring const> captions,
                                   std::optional<std::size_t> current);
 
-  // Whether a blank that comes now belongs to a word.
+  // Whether a blank that is typed now belongs to a word.
   bool is_typing(clock::time_point now) const;
 
  private:

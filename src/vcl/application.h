@@ -20,8 +20,8 @@ class Tzu_application {
   void* handle_ = nullptr;
 };
 
-// Lends a window to the application; the one before it comes back on every way
-// out of the scope.
+// Makes a window the application's window for the length of a scope. Restores the previous
+// window however the scope ends.
 class Tzu_handle_scope {
  public:
   explicit Tzu_handle_scope(void* handle) noexcept

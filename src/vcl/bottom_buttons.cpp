@@ -11,7 +11,7 @@ constexpr std::array<button_text, Tzu_vcl_bottom_buttons::buttons_count> caption
 constexpr std::array<wchar_t const*, Tzu_vcl_bottom_buttons::buttons_count> first_captions{
     L"Save", L"Load", L"Apply", L"Cancel", L"Help"};
 
-// What a caption that fills its button needs at both ends, taken together.
+// Space for both ends of a caption together.
 constexpr int caption_room = 8;
 
 void call(std::function<void()> const& event) {
@@ -60,7 +60,7 @@ void Tzu_vcl_bottom_buttons::set_visible(button_index index, bool visible) {
 void Tzu_vcl_bottom_buttons::layout_buttons() {
   slot_size_ = FromDIP(wxSize(button_width, button_height));
   for (auto* const button : buttons_) {
-    // A least size counts as needed.
+    // A minimum size would be a part of the best size.
     button->SetMinSize(wxDefaultSize);
     slot_size_.IncTo(button->GetBestSize() + wxSize(FromDIP(caption_room), 0));
   }

@@ -7,7 +7,7 @@
 
 #include "vcl/panel.h"
 
-// Save and Load stand at the left edge; Apply, Cancel and Help at the right.
+// Save and Load are at the left edge; Apply, Cancel and Help are at the right edge.
 class Tzu_vcl_bottom_buttons : public Tzu_vcl_panel {
  public:
   static constexpr int margin = 4;
@@ -41,8 +41,8 @@ class Tzu_vcl_bottom_buttons : public Tzu_vcl_panel {
 
   Tzu_vcl_button* get_button(button_index index) const { return buttons_[index]; }
 
-  // Size of every button: the constants, or more where a caption needs it. Slots close up
-  // when a button is hidden.
+  // Size of every button: the constants, or more when a caption needs it. When a button is
+  // hidden the others close the gap.
   wxSize get_slot_size() const { return slot_size_; }
 
   std::function<void()> on_cancel;

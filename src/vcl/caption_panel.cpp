@@ -4,7 +4,7 @@
 
 namespace {
 
-// Between the end of a caption and the control.
+// Space between the end of a caption and the control.
 constexpr int caption_gap = 4;
 
 }  // namespace
@@ -12,7 +12,7 @@ constexpr int caption_gap = 4;
 Tzu_vcl_caption_panel::Tzu_vcl_caption_panel(wxWindow* parent) : Tzu_vcl_panel(parent) {}
 
 void Tzu_vcl_caption_panel::create() {
-  // Right before its control, which is where screen readers look for the name.
+  // The label comes right before its control, because screen readers look there for the name.
   label_ = zu::vcl::make_child<Tzu_vcl_label>(this);
   control_ = make_control();
   zu::vcl::platform::relate_label(*label_, *control_);
@@ -40,7 +40,7 @@ void Tzu_vcl_caption_panel::set_edit_width(int width) {
 }
 
 void Tzu_vcl_caption_panel::place() {
-  // As wide as the window needs at any time, and at least `width`.
+  // Always as wide as the window needs, and at least `width`.
   auto const add = [this](wxWindow* window, int width, int gap, bool fills) {
     auto* const column = zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
     column->Add(window, 0, wxEXPAND | wxRIGHT, FromDIP(gap));
@@ -54,7 +54,7 @@ void Tzu_vcl_caption_panel::place() {
   lay_out();
 }
 
-// Moving controls takes long. What is not on the screen yet is laid out once,
+// Moving controls takes long. A panel that is not on the screen yet is laid out once, together
 // with its form.
 void Tzu_vcl_caption_panel::lay_out() {
   if (IsShownOnScreen()) Layout();

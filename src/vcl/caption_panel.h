@@ -10,9 +10,8 @@
 #include "vcl/panel.h"
 #include "vcl/selbox.h"
 
-// A caption on the left and one control beside it. Widths are in
-// device-independent pixels and are least widths: a text that needs more gets
-// more.
+// A caption on the left and a control on the right. Widths are in device-independent pixels.
+// They are minimum widths: a text that needs more gets more.
 class Tzu_vcl_caption_panel : public Tzu_vcl_panel {
  public:
   static constexpr int default_caption_width = 70;

@@ -9,7 +9,7 @@ namespace zu::vcl {
 void put_on_clipboard(std::wstring const& text) {
   wxClipboardLocker const lock;
   if (!lock) return;
-  // The clipboard owns what it is given.
+  // The clipboard owns the object that it gets.
   wxTheClipboard->SetData(std::make_unique<wxTextDataObject>(text).release());
   wxTheClipboard->Flush();
 }

@@ -5,9 +5,9 @@
 
 namespace zu::vcl {
 
-// Stays there when the program ends.
+// The text stays on the clipboard when the program ends.
 void put_on_clipboard(std::wstring const& text);
-// Empty where there is none.
+// Empty when there is no text.
 std::wstring text_on_clipboard();
 
 }  // namespace zu::vcl

@@ -18,14 +18,14 @@
 
 namespace {
 
-// All that a double tells and no more.
+// All digits that a double holds, and no more.
 constexpr int shown_digits = 15;
 
 std::wstring to_text(double number) {
   return zu::strconv::from_utf8(zu::number::format_double(number, shown_digits));
 }
 
-// As the user's other programs write it.
+// Formatted in the same way as the user's other programs do.
 std::wstring to_user_text(double number) {
   std::wstring text = to_text(number);
   auto const point = text.find(L'.');
@@ -43,7 +43,7 @@ std::size_t skip_sign(std::string_view text, std::size_t position) {
   return position + (sign ? 1 : 0);
 }
 
-// Scanning stops where the number ends; here the number must be all there is.
+// The scanner stops at the end of the number. Here the whole text has to be the number.
 bool is_whole_number(std::string_view text) {
   std::size_t const start = skip_sign(text, 0);
   std::size_t position = skip_digits(text, start);
@@ -80,14 +80,14 @@ wxSize Tzu_vcl_edit::DoGetBestSize() const {
   return best;
 }
 
-// The toolkit shows Enter to edits alone that ask for it.
+// The toolkit sends Enter only to edits that ask for it.
 Tzu_vcl_dbl_edit::Tzu_vcl_dbl_edit(wxWindow* parent, wchar_t const* widest)
     : Tzu_vcl_edit(parent, {}, wxTE_PROCESS_ENTER), widest_(widest) {
   set_value(0);
-  // The toolkit has asked for it already, before there was this class's answer.
+  // The toolkit has already asked the base class, because this class did not exist then.
   InvalidateBestSize();
-  // Where a letter that comes to the edit replaces what is selected before
-  // wxEVT_CHAR asks, it must not come so far.
+  // On some platforms a letter replaces the selection before wxEVT_CHAR comes. There the
+  // letter must not reach the edit.
   zu::vcl::bind_guarded(*this, wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
     if (!refuse_letter(event, zu::vcl::platform::letter_of(event))) event.Skip();
   });
@@ -115,8 +115,8 @@ void Tzu_vcl_dbl_edit::set_edit_enabled(bool enabled) {
 }
 
 bool Tzu_vcl_dbl_edit::txt2dbl() {
-  // A message of an earlier exit, if one is still to come, would be a second
-  // one for the same text.
+  // A message that is still waiting from an earlier exit would be the second one for the same
+  // text.
   refusal_waiting_ = false;
   std::wstring const message = accept_text();
   if (message.empty()) return true;
@@ -158,7 +158,7 @@ void Tzu_vcl_dbl_edit::on_edit_key_press(wxKeyEvent& event) {
 }
 
 bool Tzu_vcl_dbl_edit::refuse_letter(wxKeyEvent const& event, wchar_t letter) {
-  // Keys that type nothing, and shortcuts, are none of the filter's business.
+  // The filter lets keys that type nothing and shortcuts pass.
   bool const is_typed = letter != WXK_NONE && letter != WXK_DELETE && !event.HasModifiers();
   bool const is_let_through = (letter >= L'0' && letter <= L'9') || letter == WXK_BACK ||
                               letter == WXK_TAB || letter == L'-' || letter == L'.';
@@ -184,7 +184,7 @@ void Tzu_vcl_dbl_edit::on_edit_exit(wxFocusEvent& event) {
   hide_tip();
   if (message_open_ || !is_in_use()) return;
   if (accept_text().empty() || refusal_waiting_) return;
-  // A message box in the midst of a change of focus upsets the toolkit.
+  // A message box during a change of focus confuses the toolkit.
   refusal_waiting_ = true;
   zu::vcl::call_after_guarded(*this, [this, text = get_text()] { show_refusal_after_exit(text); });
 }
@@ -223,11 +223,11 @@ void Tzu_vcl_dbl_edit::show_refusal_after_exit(std::wstring const& refused_text)
   auto const* const form = Tzu_vcl_form::find_form(this);
   if (form == nullptr || !form->is_open()) return;
 
-  // Focus in another program or a message box: the user has not left the edit.
+  // The focus went to another program or a message box: the user has not left the edit.
   wxWindow* const focus = FindFocus();
   if (focus == nullptr || focus == this || Tzu_vcl_form::find_form(focus) != form) return;
   if (focus->GetId() == wxID_CANCEL) return;
-  // Two edits with bad numbers would take the focus from each other for ever.
+  // Two edits with bad numbers would take the focus from each other without end.
   auto const* const other = dynamic_cast<Tzu_vcl_dbl_edit const*>(focus);
   if (other != nullptr && other->refused_) return;
 

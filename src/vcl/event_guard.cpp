@@ -20,7 +20,7 @@ void run_guarded(wxWindow& window, std::function<void()> const& body) {
 }
 
 void call_after_guarded(wxWindow& window, std::function<void()> body) {
-  // What a window is yet to be called for goes with the window.
+  // Waiting calls for a window are dropped when the window is destroyed.
   window.CallAfter([source = &window, body = std::move(body)] { run_guarded(*source, body); });
 }
 

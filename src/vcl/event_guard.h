@@ -1,9 +1,8 @@
-// Event handlers whose exceptions reach the caller of the form.
+// Brings exceptions of event handlers to the caller of the form.
 //
-// No exception may fly through the frames of the window system's C code. Every
-// handler of the kit is bound by bind_guarded: what it throws is kept in the
-// form the window is on, the form closes, and Tzu_vcl_form::show_modal throws
-// it again.
+// An exception must not pass through the C code of the window system. So every handler of the
+// kit is bound by bind_guarded: the form of the window keeps the exception and closes, and
+// Tzu_vcl_form::show_modal throws it again.
 #pragma once
 
 #include <wx/window.h>
@@ -14,7 +13,7 @@
 
 namespace zu::vcl {
 
-// Runs `body` on behalf of `window`.
+// Runs `body` and gives its exception to the form of `window`.
 void run_guarded(wxWindow& window, std::function<void()> const& body);
 
 // `handler` takes the event or nothing.
@@ -32,8 +31,7 @@ void bind_guarded(wxWindow& window, Event_tag const& tag, Handler handler) {
   });
 }
 
-// Runs `body` once the event being handled is done with, unless `window` is
-// gone by then.
+// Runs `body` after the current event, unless `window` is destroyed before.
 void call_after_guarded(wxWindow& window, std::function<void()> body);
 
 }  // namespace zu::vcl

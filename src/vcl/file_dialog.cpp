@@ -3,7 +3,7 @@
 #include "basic/path.h"
 #include "vcl/modal.h"
 
-// Opening a form does not wait for windows that few users ask for.
+// Made at first use: few users need these windows, and a form should open fast.
 bool Tzu_vcl_file_dialog::execute() {
   std::wstring const folder(zu::path::folder_of(file_name_));
   zu::vcl::Tmodal<wxFileDialog> dialog(form_, title_, folder, wxEmptyString, filter_, style_);

@@ -5,11 +5,11 @@
 
 #include <string>
 
-// Belongs to its form. What the user chose, folder and file type, is where the
-// next use begins.
+// Belongs to its form. The next use begins with the folder and file type that the user chose
+// last.
 class Tzu_vcl_file_dialog {
  public:
-  // `style` is the toolkit's.
+  // `style` is a style of the toolkit.
   Tzu_vcl_file_dialog(wxWindow* form, long style) : form_(form), style_(style) {}
 
   void set_title(std::wstring const& title) { title_ = title; }
@@ -18,7 +18,7 @@ class Tzu_vcl_file_dialog {
   // Whether the user has chosen a file.
   bool execute();
 
-  // Of the file chosen last; file types count from 0.
+  // About the last chosen file. The first file type is 0.
   std::wstring const& get_file_name() const noexcept { return file_name_; }
   int get_filter_index() const noexcept { return filter_index_; }
 

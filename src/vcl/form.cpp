@@ -31,8 +31,8 @@ wxPoint keep_on_screen(wxRect const& place, wxRect const& screen) {
           std::max(screen.y, std::min(place.y, screen.y + screen.height - place.height))};
 }
 
-// A window whose size stays as it was does not lay out its children by itself;
-// one whose size changes does so as often as that happens. Here all do it once.
+// The toolkit lays out the children of a window at each change of its size, and not at all
+// when the size stays the same. Here all windows are laid out exactly once.
 void layout_all(wxWindow& window) {
   auto const set_automatic = [&](bool automatic) {
     for (wxWindow* const child : window.GetChildren()) {
@@ -50,8 +50,8 @@ void layout_all(wxWindow& window) {
   }
 }
 
-// What the controls need; where one way they get less, a bar to scroll them takes
-// room the other way.
+// The size that the controls need. When they get less in one direction, a scroll bar needs
+// space in the other direction.
 wxSize room_for_content(wxSizer& sizer, wxSize const& room) {
   wxSize const need = sizer.GetMinSize();
   return {need.x + (need.y > room.y ? wxSystemSettings::GetMetric(wxSYS_VSCROLL_X) : 0),
@@ -73,7 +73,7 @@ Tzu_vcl_form::Tzu_vcl_form()
   SetEscapeId(wxID_NONE);
   zu::vcl::platform::prepare_form(*this);
   SetSize(zu::vcl::scaled(*this, wxSize(least_width, least_height)));
-  // Without a close box the window manager still has ways to close a window.
+  // A window manager can close a window even without a close box.
   zu::vcl::bind_guarded(*this, wxEVT_CLOSE_WINDOW, [this] { close_form(); });
 }
 
@@ -93,12 +93,12 @@ void Tzu_vcl_form::show_modal() {
     fit_to_content();
     centre();
   });
-  // What is thrown while the form comes to the screen finds nothing to end yet.
+  // An exception during the form's first appearance comes before there is a loop to end.
   CallAfter([this] {
     if (held_) close_form();
   });
   ShowModal();
-  // The program's request to quit ends the loop and leaves the form where it is.
+  // A request of the program to quit ends the loop but does not hide the form.
   if (IsShown()) Hide();
   owner_.reset();
   rethrow_held();
@@ -120,7 +120,7 @@ bool Tzu_vcl_form::Show(bool show) {
 
 void Tzu_vcl_form::close_form() {
   if (!is_open()) return;
-  // A window over the form waits in a loop of its own, which must end first.
+  // A window over the form runs its own loop. That loop has to end first.
   for (wxWindow* const child : GetChildren()) {
     auto* const dialog = dynamic_cast<wxDialog*>(child);
     if (dialog != nullptr && dialog->IsModal() && dialog->IsShown()) dialog->EndModal(wxID_CANCEL);
@@ -133,7 +133,7 @@ bool Tzu_vcl_form::commit_edits() { return commit_all(*this); }
 void Tzu_vcl_form::fit_to_content() {
   wxRect const screen = screen_at(IsShown() ? centre_of(GetRect()) : wxPoint());
   wxSize const frame = zu::vcl::platform::frame_size(*this);
-  // The inside is what counts: window managers may add the frame later.
+  // Set the size of the inside: a window manager may add the frame later.
   wxSize const before = GetClientSize();
   wxSize size = zu::vcl::scaled(*this, wxSize(least_width, least_height)) - frame;
   size.y += added_height_;
@@ -148,7 +148,7 @@ void Tzu_vcl_form::fit_to_content() {
     if (IsShown()) Move(keep_on_screen({GetPosition(), size + frame}, screen));
   }
   layout_all(*this);
-  // Windows copies a control's picture to its new place, and may copy it too far.
+  // Windows copies the picture of a moved control, and the copy may cover too much.
   if (size != before) Refresh();
   zu::vcl::platform::renew_tab_order(*this);
 }

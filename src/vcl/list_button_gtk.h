@@ -5,7 +5,7 @@
 
 namespace zu::vcl::platform {
 
-// `widget` itself when it is no list.
+// Returns `widget` itself when it is no list.
 GtkWidget* find_list_button(GtkWidget* widget);
 
 }  // namespace zu::vcl::platform

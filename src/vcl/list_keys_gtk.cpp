@@ -19,7 +19,7 @@ std::wstring fold(std::wstring text) {
   return text;
 }
 
-// Of one list, as long as it lives.
+// The keys of one list. Lives as long as the list.
 class Tlist_keys {
  public:
   explicit Tlist_keys(Tzu_vcl_selbox& list) : list_(list), combo_(GTK_COMBO_BOX(list.GetHandle())) {
@@ -29,7 +29,7 @@ class Tlist_keys {
   }
 
  private:
-  // The open list is made when it first opens.
+  // GTK makes the open list when it opens for the first time.
   static void on_popup(GObject* /*combo*/, GParamSpec* /*property*/, Tlist_keys* self) {
     AtkObject* const popup = gtk_combo_box_get_popup_accessible(self->combo_);
     GtkWidget* const rows =
@@ -37,14 +37,14 @@ class Tlist_keys {
     if (!GTK_IS_TREE_VIEW(rows) || rows == self->rows_) return;
     self->rows_ = rows;
     gtk_tree_view_set_enable_search(GTK_TREE_VIEW(rows), FALSE);
-    // GTK's own handler of keys lets nobody else have them.
+    // GTK's own key handler does not pass keys on.
     g_signal_connect(rows, "event", G_CALLBACK(on_rows_event), self);
   }
 
   static gboolean on_list_key(GtkWidget* /*button*/, GdkEventKey* event, Tlist_keys* self) {
     int const active = gtk_combo_box_get_active(self->combo_);
     return self->type(*event, active, [self](int position) {
-      // The toolkit hears of it as of any choice of the user's.
+      // The toolkit gets the same event as for a choice of the user.
       gtk_combo_box_set_active(self->combo_, position);
     });
   }
@@ -63,7 +63,7 @@ class Tlist_keys {
     });
   }
 
-  // Whether the key was a letter. `choose` is told of the entry that it means.
+  // Whether the key was a letter. `choose` receives the entry that the letters mean.
   template <class Choose>
   gboolean type(GdkEventKey const& event, int current, Choose choose) {
     constexpr unsigned shortcuts = GDK_CONTROL_MASK | GDK_MOD1_MASK | GDK_SUPER_MASK;
@@ -104,7 +104,7 @@ GtkWidget* find_list_button(GtkWidget* widget) {
   return found;
 }
 
-// The button sees blanks before the list does.
+// The button receives blanks before the list does.
 void add_list_keys(Tzu_vcl_selbox& list) {
   auto keys = std::make_unique<Tlist_keys>(list);
   g_object_set_data_full(

@@ -1,4 +1,4 @@
-// The current look of controls.
+// The system's current look of controls.
 #pragma once
 
 #include <cstdint>
@@ -7,14 +7,14 @@ namespace zu::vcl {
 
 namespace platform {
 
-// Returns what leave_current_look takes, 0 when there was nothing to do.
+// Returns the argument for leave_current_look; 0 when there was nothing to do.
 std::uintptr_t enter_current_look();
 void leave_current_look(std::uintptr_t cookie);
 
 }  // namespace platform
 
-// Within its scope windows are made with the system's current controls, whatever
-// look the host has chosen for its own. Only Windows knows more than one.
+// New windows in this scope have the system's current controls, whatever look the host uses.
+// Only Windows has more than one look.
 class Tzu_look_scope {
  public:
   Tzu_look_scope() : cookie_(platform::enter_current_look()) {}

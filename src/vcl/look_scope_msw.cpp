@@ -13,8 +13,8 @@ struct Trelease {
 };
 using Tcontext = std::unique_ptr<HANDLE, Trelease>;
 
-// The manifest that asks for version 6 of the common controls is in this module,
-// where a module's own manifest is looked for.
+// The manifest in this module asks for version 6 of the common controls. It is the resource
+// that the system uses as a module's manifest.
 Tcontext make_context() {
   HMODULE module = nullptr;
   GetModuleHandleExW(
@@ -31,7 +31,7 @@ Tcontext make_context() {
 
 }  // namespace
 
-// Without the context the controls look dated and work all the same.
+// Without the context the controls look old but work.
 std::uintptr_t enter_current_look() {
   static Tcontext const context = make_context();
   ULONG_PTR cookie = 0;

@@ -1,4 +1,4 @@
-// How a dialog waits for its user in a host with a main loop of its own.
+// The loop of a dialog in a host that has its own main loop.
 #pragma once
 
 #include <wx/dialog.h>
@@ -8,10 +8,10 @@
 
 namespace zu::vcl {
 
-// The loop of one modal dialog. GTK's main loops are one stack in a process: the
-// toolkit's modal loop ends the host's loop together with its own, and loses the
-// host's request to quit. So a dialog runs a loop apart from that stack there, as
-// GTK's own dialogs do. Elsewhere the toolkit's loop serves.
+// The loop of one modal dialog. All GTK main loops of a process form one stack. The toolkit's
+// modal loop would end the host's loop together with its own, and would lose the host's
+// request to quit. So under GTK a dialog runs a separate loop, as GTK's own dialogs do.
+// Elsewhere it uses the toolkit's loop.
 class Tmodal_loop {
  public:
   Tmodal_loop();
@@ -19,10 +19,10 @@ class Tmodal_loop {
   Tmodal_loop(Tmodal_loop const&) = delete;
   Tmodal_loop& operator=(Tmodal_loop const&) = delete;
 
-  // Shows `dialog` until it ends; `show_modal` is the toolkit's way to do so.
-  // Throws what the dialog's event handlers have let out.
+  // Shows `dialog` until it ends. `show_modal` is the toolkit's function for that. Throws the
+  // exception of an event handler of the dialog.
   int run(wxDialog& dialog, std::function<int()> const& show_modal);
-  // These tell of loops that are not the toolkit's.
+  // These are for loops that the toolkit does not know.
   bool is_running() const noexcept { return is_running_; }
   void end(wxDialog& dialog);
 
@@ -32,7 +32,7 @@ class Tmodal_loop {
   std::unique_ptr<Tloop> loop_;
 };
 
-// A dialog of the toolkit's that is modal in such a loop.
+// A dialog of the toolkit that runs in such a loop.
 template <class Tdialog>
 class Tmodal : public Tdialog {
  public:

@@ -12,7 +12,7 @@ struct Tunref {
   void operator()(GMainLoop* loop) const { g_main_loop_unref(loop); }
 };
 
-// The window is modal and outlives the user's closing it within this scope.
+// In this scope the window is modal, and closing it does not destroy it.
 class Tmodal_window_scope {
  public:
   explicit Tmodal_window_scope(GtkWidget* window)
@@ -43,7 +43,7 @@ class Tmodal_loop::Tloop : public wxGUIEventLoop {
 
  protected:
   int DoRun() override {
-    // A host with threads may hold GDK's lock, which the loop takes by itself.
+    // A host with threads may hold GDK's lock. The loop takes that lock itself.
     G_GNUC_BEGIN_IGNORE_DEPRECATIONS
     gdk_threads_leave();
     g_main_loop_run(loop_.get());

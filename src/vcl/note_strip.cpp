@@ -27,7 +27,7 @@ class Twrapper final : public wxTextWrapper {
 }  // namespace
 
 Tzu_vcl_note_strip::Tzu_vcl_note_strip(wxWindow* parent) : Tzu_vcl_panel(parent) {
-  // A panel without controls would take the keys itself.
+  // A panel without controls would take the keyboard focus.
   m_container.DisableSelfFocus();
 }
 
@@ -52,7 +52,7 @@ void Tzu_vcl_note_strip::set_text(std::wstring const& text) {
   if (text.empty()) return;
   for (wxWindow* const each : std::array<wxWindow*, 2>{this, label_}) each->SetToolTip(text);
   zu::vcl::set_control_name(*label_, text);
-  // The width that the form is about to give it.
+  // The width that the form will give it.
   wxWindow const& form = *GetParent();
   int const needed = form.GetSizer() == nullptr ? 0 : form.GetSizer()->GetMinSize().x;
   wrap(std::max(form.GetClientSize().x, needed));
@@ -81,7 +81,7 @@ void Tzu_vcl_note_strip::wrap(int width) {
   dc.SetFont(label_->GetFont());
   wxString text;
   for (wxString const& line : lines) {
-    // A name without blanks is not wrapped. Its end says more than its middle.
+    // A name without blanks cannot be wrapped. Its end is more useful than its middle.
     wxString const fitting =
         wxControl::Ellipsize(line, dc, wxELLIPSIZE_MIDDLE, room, wxELLIPSIZE_FLAGS_NONE);
     text.append(text.empty() ? L"" : L"\n").append(fitting);

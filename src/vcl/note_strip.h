@@ -1,4 +1,4 @@
-// A strip of a form that tells its user something.
+// A strip of a form with messages for the user.
 #pragma once
 
 #include <functional>
@@ -6,8 +6,8 @@
 
 #include "vcl/panel.h"
 
-// Is there only while there is something to tell. A long text is wrapped and, beyond
-// a few lines, cut; the whole of it is the strip's tooltip, and what screen readers get.
+// Visible only while it has a text. A long text is wrapped, and cut after a few lines. The
+// tooltip of the strip has the whole text, and screen readers get it.
 class Tzu_vcl_note_strip : public Tzu_vcl_panel {
  public:
   static constexpr int margin = 4;
@@ -18,10 +18,10 @@ class Tzu_vcl_note_strip : public Tzu_vcl_panel {
   void create() override;
 
   std::wstring const& get_text() const noexcept { return text_; }
-  // Nothing hides the strip. The form has to be laid out after it.
+  // An empty text hides the strip. The form has to be laid out afterwards.
   void set_text(std::wstring const& text);
 
-  // Fired when another width has changed the number of lines.
+  // Fired when a new width has changed the number of lines.
   std::function<void()> on_layout;
 
  private:

@@ -1,4 +1,4 @@
-// Ownership of a form by a window of the host's.
+// Makes a window of the host the owner of a form.
 #pragma once
 
 #include <wx/gdicmn.h>
@@ -10,15 +10,13 @@ class wxTopLevelWindow;
 
 namespace zu::vcl {
 
-// Makes the native window `owner` the owner of `form` for as long as the form is
-// modal: the form stays above it and is minimised with it. A null, destroyed or
-// made-up handle, or a display that knows no such handles, leaves the form
-// without an owner.
+// Makes the native window `owner` the owner of `form` while the form is modal: the form stays
+// above it and is minimised with it. The form has no owner when the handle is null, destroyed
+// or invalid, or when the display has no such handles.
 //
-// On Windows the top-level windows of the form's thread, the owner among them,
-// take no input until release() or the end of the object, whichever is first;
-// those that took none before never do. A request to quit that the program gets
-// meanwhile is its own again at the end of the object.
+// On Windows all top-level windows of the form's thread, with the owner, take no input until
+// release() or until this object is destroyed. A window that took no input before stays so.
+// The program gets a request to quit that came in the meantime when this object is destroyed.
 class Tzu_owner_window {
  public:
   Tzu_owner_window(wxTopLevelWindow& form, void* owner);
@@ -27,11 +25,11 @@ class Tzu_owner_window {
   Tzu_owner_window(Tzu_owner_window const&) = delete;
   Tzu_owner_window& operator=(Tzu_owner_window const&) = delete;
 
-  // The owner's place on the screen, empty without an owner.
+  // The owner's rectangle on the screen, empty without an owner.
   std::optional<wxRect> const& get_place() const;
 
-  // Right before the form hides: a form that hides while its owner takes no
-  // input hands the screen to another program.
+  // To be called right before the form hides. If the owner still took no input then, the
+  // system would bring another program to the front.
   void release();
 
  private:

@@ -5,18 +5,18 @@
 #include <cstdint>
 #include <memory>
 
-// Xlib's macros spoil what comes after them.
+// Included last: Xlib's macros break the headers that come after them.
 #include <gdk/gdkx.h>
 #include <gtk/gtk.h>
 
 namespace zu::vcl {
 namespace {
 
-// The server hands out no ids above this.
+// The server never gives ids above this one.
 constexpr std::uintptr_t largest_window_id = 0x1FFFFFFF;
 
-// The host may destroy its window at any moment; a request that names it then
-// must not end the process.
+// The host may destroy its window at any moment. A request with the id of that window must not
+// end the process.
 class Tzu_x_error_scope {
  public:
   explicit Tzu_x_error_scope(GdkDisplay* display) : display_(display) {
@@ -48,8 +48,8 @@ bool has_wm_state(Display* display, Window window, Atom wm_state) {
   return type != None;
 }
 
-// Hosts may pass a control's window, but only the window that the window
-// manager knows can own another. None when `window` is none of the server's.
+// A host may pass the window of a control. But only a window that the window manager knows can
+// own another window. None when the server has no such window.
 Window find_top_level(Display* display, Window window) {
   Atom const wm_state = XInternAtom(display, "WM_STATE", False);
   while (true) {
@@ -96,7 +96,7 @@ std::optional<wxRect> set_owner(wxTopLevelWindow& form, void* owner) {
   } else {
     gtk_widget_realize(widget);
     gdk_window_set_transient_for(gtk_widget_get_window(widget), window.get());
-    // The form's window refers to the owner without holding it.
+    // The form's window has no reference count on the owner.
     g_object_set_data_full(G_OBJECT(widget), "zu_owner", window.release(), g_object_unref);
   }
   return place;
@@ -104,7 +104,7 @@ std::optional<wxRect> set_owner(wxTopLevelWindow& form, void* owner) {
 
 }  // namespace
 
-// The window system itself keeps input from what lies under a modal form.
+// The window system itself blocks the input of windows under a modal form.
 class Tzu_owner_window::Timpl {
  public:
   std::optional<wxRect> place;

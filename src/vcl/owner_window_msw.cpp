@@ -1,7 +1,7 @@
 #include "vcl/owner_window.h"
 
 #include <windows.h>
-// After the system's header.
+// Has to come after the system's header.
 #include <commctrl.h>
 #include <wx/evtloop.h>
 #include <wx/toplevel.h>
@@ -14,8 +14,8 @@
 namespace zu::vcl {
 namespace {
 
-// The requests to quit that a thread took from its queue while a scope lived.
-// The toolkit's loop drops them.
+// Counts the requests to quit that a thread took from its queue during a scope. The toolkit's
+// loop drops them.
 class Tquit_watch {
  public:
   Tquit_watch()
@@ -40,7 +40,7 @@ class Tquit_watch {
     return CallNextHookEx(nullptr, code, action, parameter);
   }
 
-  // Hooks get no context. One form is modal at a time, on one thread.
+  // Global because hooks get no context. Only one form is modal at a time, on one thread.
   // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
   inline static Tquit_watch* current_ = nullptr;
 
@@ -49,8 +49,8 @@ class Tquit_watch {
   std::optional<int> code_;
 };
 
-// Takes the input from every window that a thread shows, as the system's own
-// modal dialogs do: the host must not be made to open a second form.
+// Disables every visible window of a thread, as the system's own modal dialogs do. Otherwise
+// the host could be made to open a second form.
 class Tdisabled_windows {
  public:
   explicit Tdisabled_windows(HWND form) : form_(form) {
@@ -84,7 +84,7 @@ class Tdisabled_windows {
   std::vector<HWND> windows_;
 };
 
-// A window goes down with its owner, and a modal loop would wait for it forever.
+// Windows destroys a window together with its owner. A modal loop would wait for it forever.
 class Tdestruction_watch {
  public:
   explicit Tdestruction_watch(wxTopLevelWindow& form) : window_(form.GetHandle()) {
@@ -132,7 +132,7 @@ class Tzu_owner_window::Timpl {
   }
   ~Timpl() {
     disabled_.enable();
-    // The system activates the owner, not the control in it that had the focus.
+    // The system activates the owner but does not give the focus back to its control.
     bool const is_back = owner_ != nullptr && GetActiveWindow() == owner_;
     if (is_back && (focused_ == owner_ || IsChild(owner_, focused_) != 0)) SetFocus(focused_);
   }
@@ -145,9 +145,9 @@ class Tzu_owner_window::Timpl {
  private:
   HWND owner_;
   HWND focused_;
-  // The toolkit's outermost loop empties the thread's queue before it returns:
-  // it would take a request to quit with it, and stay as long as the host goes
-  // on posting. With this one about, the form's loop is no outermost one.
+  // The outermost loop of the toolkit empties the thread's queue before it returns. It would
+  // drop a request to quit, and would never return while the host posts messages. With this
+  // loop active the form's loop is not the outermost one.
   wxGUIEventLoop const outer_;
   Tquit_watch quit_;
   Tdestruction_watch destruction_;

@@ -24,7 +24,7 @@ Tzu_vcl_panel::Tzu_vcl_panel(wxWindow* parent)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition,
               parent->FromDIP(wxSize(initial_width, initial_height)),
               wxTAB_TRAVERSAL | wxBORDER_NONE) {
-  // The toolkit takes a first size for the least one.
+  // The toolkit uses the first size as minimum size.
   SetMinSize(wxDefaultSize);
 }
 
@@ -36,7 +36,7 @@ Tzu_vcl_scroll_box::Tzu_vcl_scroll_box(wxWindow* parent)
   zu::vcl::platform::prepare_scroll_box(*this);
 }
 
-// The toolkit's answer is a box in which all is scrolled.
+// The toolkit would answer with the size of a box that scrolls everything.
 wxSize Tzu_vcl_scroll_box::DoGetBestSize() const {
   return GetSizer() == nullptr ? wxSize() : GetSizer()->GetMinSize();
 }
@@ -53,7 +53,7 @@ wxSizer* Tzu_vcl_group_box::get_sizer() {
   return sizer_;
 }
 
-// The label keeps the width that its sizer gives it when the caption changes.
+// A new caption does not change the width that the sizer gave to the label.
 Tzu_vcl_label::Tzu_vcl_label(wxWindow* parent, std::wstring const& caption)
     : wxStaticText(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                    wxST_NO_AUTORESIZE) {
@@ -64,13 +64,13 @@ std::wstring Tzu_vcl_label::get_caption() const { return GetLabelText().ToStdWst
 
 void Tzu_vcl_label::set_caption(std::wstring const& caption) {
   SetLabelText(caption);
-  // The toolkit forgets the size of the old text only where it resizes by itself.
+  // The toolkit keeps the size of the old text unless it resizes the label itself.
   InvalidateBestSize();
 }
 
-// As wide as its caption needs: what the toolkit thinks a good width for buttons
-// is more than a bar of five has room for. Without a first caption it would put
-// one of its own on a button with a standard id.
+// As wide as the caption needs: the toolkit's default width is too large for a bar of five
+// buttons. The first caption is not empty, because the toolkit would give a button with a
+// standard id its own caption.
 Tzu_vcl_button::Tzu_vcl_button(wxWindow* parent, std::wstring const& caption, wxWindowID id)
     : wxButton(parent, id, L" ", wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT) {
   set_caption(caption);

@@ -23,7 +23,7 @@ Window* make_child(Parent* parent, Arguments&&... arguments) {
   return std::make_unique<Window>(parent, std::forward<Arguments>(arguments)...).release();
 }
 
-// Makes a sizer that the window or the sizer it is given to owns.
+// Makes a sizer. The window or sizer that receives it becomes its owner.
 template <class Sizer, class... Arguments>
 Sizer* make_sizer(Arguments&&... arguments) {
   return std::make_unique<Sizer>(std::forward<Arguments>(arguments)...).release();
@@ -37,8 +37,8 @@ std::wstring rc_text(own_text which);
 // The design is drawn in pixels for 96 dots per inch and controls of this height.
 inline constexpr int design_control_height = 21;
 
-// A length of the design at the window's resolution and with the controls of its
-// theme, which may be higher.
+// Scales a length of the design to the window's resolution and to the height of its theme's
+// controls.
 int scaled(wxWindow const& window, int length);
 wxSize scaled(wxWindow const& window, wxSize const& size);
 
@@ -57,7 +57,7 @@ class Tzu_vcl_panel : public wxPanel {
   virtual void load_rc() {}
 };
 
-// Asks for the room that its controls need, and scrolls them where it gets less.
+// Asks for the size that its controls need. Scrolls them when it gets less.
 class Tzu_vcl_scroll_box : public wxScrolledWindow {
  public:
   explicit Tzu_vcl_scroll_box(wxWindow* parent);
@@ -73,8 +73,8 @@ class Tzu_vcl_group_box : public wxStaticBox {
   std::wstring get_caption() const;
   void set_caption(std::wstring const& caption);
 
-  // Lays the box's children out from the top. Made at the first call; stands
-  // for the box in the sizer of the box's parent, which must take it.
+  // Lays out the children of the box from the top. Made at the first call. The sizer of the
+  // box's parent must contain this sizer in place of the box.
   wxSizer* get_sizer();
 
  private:

@@ -10,7 +10,7 @@
 
 namespace {
 
-// Any room will do for the text: the other controls make the form as wide as it is.
+// The text needs no special width: the other controls decide the width of the form.
 constexpr int least_text_width = 100;
 
 void call(std::function<void()> const& event) {
@@ -23,13 +23,14 @@ Tzu_vcl_result_strip::Tzu_vcl_result_strip(wxWindow* parent) : Tzu_vcl_panel(par
 
 void Tzu_vcl_result_strip::create() {
   text_ = zu::vcl::make_child<Tzu_vcl_edit>(this);
-  // The system leaves out of the keyboard's way what is made so.
+  // Read-only after creation: the system leaves a text that is created read-only out of the
+  // order of the Tab key.
   text_->SetEditable(false);
   text_->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
   text_->SetMinSize(wxSize(FromDIP(least_text_width), wxDefaultCoord));
   undo_ = add_button([this] { call(on_undo); });
   redo_ = add_button([this] { call(on_redo); });
-  // A screen reader's press of the button ends before the menu's loop begins.
+  // The press by a screen reader has to end before the menu's loop begins.
   menu_ = add_button([this] { zu::vcl::call_after_guarded(*this, [this] { show_menu(); }); });
   auto* const row = zu::vcl::make_sizer<wxBoxSizer>(wxHORIZONTAL);
   int const gap = FromDIP(margin);
@@ -77,7 +78,7 @@ void Tzu_vcl_result_strip::show_menu() {
   for (item const& each : items_)
     ids.push_back(each.caption.empty() ? menu.AppendSeparator()->GetId()
                                        : menu.Append(wxID_ANY, each.caption)->GetId());
-  // Of what is chosen there, nothing is to run inside of the menu's own loop.
+  // The chosen action must not run inside the menu's own loop.
   int const chosen =
       GetPopupMenuSelectionFromUser(menu, menu_->GetPosition() + wxPoint(0, menu_->GetSize().y));
   for (std::size_t i = 0; i < ids.size(); ++i)

@@ -1,4 +1,4 @@
-// One line of a form: a text that is its result, steps back and forth, a menu.
+// One line of a form: the result as text, buttons for undo and redo, and a menu.
 #pragma once
 
 #include <functional>
@@ -12,7 +12,7 @@ class Tzu_vcl_result_strip : public Tzu_vcl_panel {
  public:
   static constexpr int margin = 4;
 
-  // Of the menu; one without a caption is a line between others.
+  // An item of the menu. An item without a caption is a separator.
   struct item {
     std::wstring caption;
     std::function<void()> act;
@@ -22,11 +22,11 @@ class Tzu_vcl_result_strip : public Tzu_vcl_panel {
 
   void create() override;
   void set_captions(std::wstring const& undo, std::wstring const& redo, std::wstring const& menu);
-  // What screen readers call the text.
+  // The name of the text for screen readers.
   void set_name(std::wstring const& name);
 
   std::wstring get_text() const { return text_->get_text(); }
-  // The text can be selected and copied, not edited.
+  // The user can select and copy the text but not edit it.
   void set_text(std::wstring const& text, std::wstring const& tip);
   void set_steps(bool can_undo, bool can_redo);
   void set_items(std::vector<item> items) { items_ = std::move(items); }

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int first_width = 100;
 constexpr int first_height = 21;
-// In the design's pixels, with the arrow.
+// In pixels of the design, with the arrow.
 constexpr int least_width = 70;
 
 template <class Predicate>
@@ -27,8 +27,8 @@ int find_position(std::vector<Tzu_vcl_selbox_item> const& items, Predicate predi
 
 }  // namespace
 
-// Without a first size the toolkit looks for one, resizing the list several
-// times; what it is given it takes for the least size.
+// Without a first size the toolkit resizes the list several times to find one. It uses a given
+// size as minimum size.
 Tzu_vcl_selbox::Tzu_vcl_selbox(wxWindow* parent)
     : wxChoice(parent, wxID_ANY, wxDefaultPosition,
                parent->FromDIP(wxSize(first_width, first_height))) {
@@ -42,7 +42,7 @@ Tzu_vcl_selbox::Tzu_vcl_selbox(wxWindow* parent)
     event.Skip();
     shorten_active();
   });
-  // Who turns the wheel on the way to elsewhere does not mean to choose.
+  // A user who scrolls the window with the wheel must not change the choice under the pointer.
   zu::vcl::bind_guarded(*this, wxEVT_MOUSEWHEEL,
                         [this](wxMouseEvent& event) { event.Skip(HasFocus()); });
 }
@@ -125,7 +125,7 @@ void Tzu_vcl_selbox::set_item_captions(std::size_t position, std::wstring const&
 }
 
 void Tzu_vcl_selbox::on_self_change() {
-  // The list may be in the midst of its own change.
+  // The list may still be changing itself.
   zu::vcl::call_after_guarded(*this, [this] { shorten_active(); });
   call_on_change();
 }
@@ -153,7 +153,7 @@ void Tzu_vcl_selbox::restore_active() {
   SetString(static_cast<unsigned>(position), items_[position].caption);
 }
 
-// Measuring takes long: a caption shorter by several letters is no wider.
+// Measuring takes long, so a caption that is several letters shorter is not measured.
 void Tzu_vcl_selbox::measure(std::wstring const& caption) {
   constexpr std::size_t letters = 4;
   if (caption.size() + letters < longest_) return;
@@ -162,7 +162,7 @@ void Tzu_vcl_selbox::measure(std::wstring const& caption) {
 }
 
 wxSize Tzu_vcl_selbox::DoGetBestSize() const {
-  // The toolkit would measure all items at every layout, and make a form too wide.
+  // The toolkit would measure all items at every layout and would make the form too wide.
   wxSize best = GetSizeFromTextSize(widest_);
   best.x = std::min(best.x, zu::vcl::scaled(*this, least_width));
   return best;

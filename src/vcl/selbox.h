@@ -15,36 +15,37 @@ struct Tzu_vcl_selbox_item {
   unsigned key = 0;
 };
 
-// A list to pick from. Each item has a key beside its caption; callers keep and
-// compare keys, positions serve only to set captions. A chosen caption that is
-// too long for the closed list is shortened there and is the list's tooltip.
+// A drop-down list. Each item has a caption and a key. Callers store and compare keys;
+// positions only serve to set captions. A chosen caption that is too long for the closed list
+// is shortened, and the tooltip has the whole text.
 class Tzu_vcl_selbox : public wxChoice {
  public:
   explicit Tzu_vcl_selbox(wxWindow* parent);
 
   void clear();
-  // The first item of an empty list becomes the selected one.
+  // When the list is empty the new item becomes the selected one.
   void add_item(std::wstring const& caption, unsigned key);
-  // The same for many items at once, and much faster.
+  // Adds many items at once, which is much faster.
   void add_items(std::span<Tzu_vcl_selbox_item const> items);
   std::size_t get_items_count() const noexcept { return items_.size(); }
 
-  // Key of the first item with the caption; false and `key` untouched if none.
+  // Gets the key of the first item with the caption. False and `key` unchanged when there is
+  // none.
   bool find_str(std::wstring const& caption, unsigned* key) const;
 
   // Key of the selected item, 0 when nothing is selected.
   unsigned get_active_idx() const;
-  // Selects the first item with the key or caption, nothing when there is none.
+  // Selects the first item with the key or caption. When there is none, nothing is selected.
   // Neither fires on_change.
   void set_active_idx(unsigned key);
   std::wstring get_active_caption() const;
   void set_active_caption(std::wstring const& caption);
 
-  // Caption at a list position from 0; empty, or not set, beyond the end.
+  // Caption at a list position, counted from 0. Beyond the end it is empty and cannot be set.
   std::wstring get_item_captions(std::size_t position) const;
   void set_item_captions(std::size_t position, std::wstring const& caption);
 
-  // Fired when the user picks an item.
+  // Fired when the user chooses an item.
   std::function<void()> on_change;
   void call_on_change() const;
 
@@ -53,8 +54,7 @@ class Tzu_vcl_selbox : public wxChoice {
 
  private:
   void on_self_change();
-  // The closed list with the chosen caption shortened as needed, or whole as the
-  // open list has it.
+  // Shows the chosen caption shortened for the closed list, or whole for the open list.
   void shorten_active();
   void restore_active();
   Tzu_vcl_selbox_item const* get_active() const;

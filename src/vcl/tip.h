@@ -1,4 +1,4 @@
-// A hint that comes up by itself.
+// A hint that appears without a movement of the pointer.
 #pragma once
 
 #include <wx/popupwin.h>
@@ -7,7 +7,7 @@
 
 #include <string>
 
-// Stands below a control, takes no input, and goes by itself after a while.
+// Appears below a control, takes no input, and disappears after some seconds.
 class Tzu_vcl_tip : public wxPopupWindow {
  public:
   static constexpr int shown_ms = 6000;

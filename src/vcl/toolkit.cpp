@@ -12,8 +12,8 @@
 namespace zu::vcl {
 namespace {
 
-// Stands in for the application of a host that has none of the toolkit's. Its
-// main loop is never run: forms run loops of their own.
+// The application object for a host without the toolkit. Its main loop never runs: forms run
+// loops of their own.
 class Tzu_wx_app : public wxApp {
  public:
   bool OnInit() override {
@@ -22,8 +22,8 @@ class Tzu_wx_app : public wxApp {
   }
 };
 
-// The toolkit and what it stands on take up the user's locale when they start.
-// The locale is the host's business.
+// The toolkit and its libraries set the user's locale when they start. But the locale belongs
+// to the host.
 class Tzu_locale_scope {
  public:
   Tzu_locale_scope() : kept_(std::setlocale(LC_ALL, nullptr)) {}
@@ -44,7 +44,7 @@ void start() {
   Tzu_locale_scope const locale;
   platform::prepare_start();
   wxApp::SetInstance(std::make_unique<Tzu_wx_app>().release());
-  // The caller gets the failure; it need not be on the terminal as well.
+  // The caller gets the failure, so nothing has to be printed.
   wxLogNull const quiet;
   if (!platform::start_toolkit()) {
     throw Tstart_error("no display can be opened");

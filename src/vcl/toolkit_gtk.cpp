@@ -17,19 +17,19 @@
 #include "vcl/panel.h"
 #include "vcl/toolkit.h"
 
-// Xlib's macros spoil what comes after them.
+// Included last: Xlib's macros break the headers that come after them.
 #include <gdk/gdkx.h>
 
 namespace zu::vcl::platform {
 namespace {
 
-// Of the theme and the text size that the latest form met.
+// For the theme and the text size of the latest form.
 int& theme_control_height() {
   static int height = 0;
   return height;
 }
 
-// Once: a form that comes back from the task bar stays where its user has put it.
+// Only once: a form that comes back from the task bar must stay where the user has moved it.
 gboolean on_map(GtkWidget* widget, GdkEvent* /*event*/, gpointer context) {
   auto const settle = std::move(*static_cast<std::function<void()>*>(context));
   g_signal_handlers_disconnect_by_data(widget, context);
@@ -41,8 +41,8 @@ void drop_function(gpointer context, GClosure* /*closure*/) {
   std::unique_ptr<std::function<void()>> const owned(static_cast<std::function<void()>*>(context));
 }
 
-// Screen readers meet a list as the button inside it that has the keyboard: its
-// name is the list's, its description what is chosen.
+// For screen readers a list is the button inside it that has the keyboard. That button gets
+// the name of the list, and the chosen item as description.
 void describe_choice(GtkComboBox* list, void* /*nothing*/) {
   char* const chosen = gtk_combo_box_text_get_active_text(GTK_COMBO_BOX_TEXT(list));
   AtkObject* const button = gtk_widget_get_accessible(find_list_button(GTK_WIDGET(list)));
@@ -57,8 +57,8 @@ bool is_loaded(char const* module) {
   return true;
 }
 
-// The versions have names of functions and types in common. No function of GTK's
-// may be called to find out: it might be the other version's.
+// The versions of GTK have functions and types with the same names. So no function of GTK may
+// be called to find out: it might belong to the other version.
 void check_version() {
   for (char const* const module : {"libgtk-x11-2.0.so.0", "libgtk-4.so.1"}) {
     if (is_loaded(module)) {
@@ -67,7 +67,7 @@ void check_version() {
   }
 }
 
-// A loop on another thread's would wait forever.
+// When another thread runs the main loop, a dialog on this thread would wait forever.
 void check_thread() {
   if (g_main_context_acquire(nullptr) == FALSE) {
     throw Tstart_error("the main loop runs on another thread than the call");
@@ -100,16 +100,16 @@ bool start_toolkit() {
 void keep_library_loaded() {
   Dl_info info{};
   if (dladdr(reinterpret_cast<void const*>(&keep_library_loaded), &info) == 0) return;
-  // The handle is dropped on purpose: the mapping is to stay.
+  // The handle is dropped on purpose: the library has to stay loaded.
   // cppcheck-suppress leakReturnValNotUsed
   static_cast<void>(dlopen(info.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE));
 }
 
-// No tool window: window managers keep these out of reach of their keys.
+// Not a real tool window: the keys of window managers do not reach those.
 void prepare_form(wxDialog& /*form*/) {
   GtkWidget* const entry = gtk_entry_new();
   g_object_ref_sink(entry);
-  // A hidden one has no height.
+  // A hidden control has no height.
   gtk_widget_show(entry);
   int least = 0;
   int natural = 0;
@@ -127,7 +127,7 @@ void call_when_framed(wxDialog& form, std::function<void()> const& settle) {
                         drop_function, G_CONNECT_AFTER);
 }
 
-// A window manager may have put the form elsewhere and not yet said so.
+// A window manager may have moved the form without reporting it yet.
 void move_to(wxDialog& form, wxPoint const& place) {
   form.Move(place);
   gtk_window_move(GTK_WINDOW(form.GetHandle()), place.x, place.y);
@@ -149,8 +149,8 @@ void prepare_scroll_box(wxWindow& box) {
 }
 
 void prepare_list(wxWindow& list) {
-  // As a menu every item would be a widget of its own, styled and measured
-  // before the list is ever opened; as a list it is drawn when it is seen.
+  // In a menu every item would be a widget, styled and measured before the list opens. In this
+  // mode items are drawn when they are visible.
   GtkCssProvider* const style = gtk_css_provider_new();
   gtk_css_provider_load_from_data(style, "* { -GtkComboBox-appears-as-list: true; }", -1, nullptr);
   gtk_style_context_add_provider(gtk_widget_get_style_context(list.GetHandle()),
@@ -161,7 +161,7 @@ void prepare_list(wxWindow& list) {
 }
 
 void finish_list(wxWindow& list, int /*widest_text*/) {
-  // The width comes from the form's layout, not from a look at every item.
+  // The form's layout gives the width, so the items need not be measured.
   GtkWidget* const cells = gtk_bin_get_child(GTK_BIN(list.GetHandle()));
   if (GTK_IS_CELL_VIEW(cells)) gtk_cell_view_set_fit_model(GTK_CELL_VIEW(cells), FALSE);
 }
@@ -170,13 +170,13 @@ bool lists_shorten_captions() { return true; }
 void watch_list(wxWindow& /*list*/, std::function<void()> const& /*open*/,
                 std::function<void()> const& /*close*/) {}
 
-// Left to itself, GTK takes what lies first, which under some window managers is not
-// laid out yet. The toolkit would go on taking the list for what has the keyboard:
-// it does not know the part of a list that gets it.
+// By default GTK takes the first control by position, and under some window managers the form
+// is not laid out yet. The toolkit would also go on believing that the list has the keyboard:
+// it does not know the part of a list that really has it.
 void focus_first(wxWindow& list) { gtk_widget_child_focus(list.GetHandle(), GTK_DIR_TAB_FORWARD); }
 
-// The toolkit leaves out what has nothing for the keyboard when it makes the order, and
-// makes it anew only when a control is added.
+// The toolkit leaves out controls that cannot have the keyboard when it makes the order. It
+// makes the order again only when a control is added.
 void renew_tab_order(wxWindow& window) {
   window.m_dirtyTabOrder = true;
   for (wxWindow* const child : window.GetChildren()) renew_tab_order(*child);
@@ -192,7 +192,7 @@ void relate_label(wxWindow& label, wxWindow& control) {
 void announce_name(wxWindow& control) {
   std::string const name = strconv::to_utf8(control.GetName().ToStdWstring());
   GtkWidget* widget = control.GetHandle();
-  // What scrolls has the keyboard, not the frame around it.
+  // The keyboard is in the scrolled widget, not in the frame around it.
   if (GTK_IS_SCROLLED_WINDOW(widget)) widget = gtk_bin_get_child(GTK_BIN(widget));
   for (GtkWidget* const part : {widget, find_list_button(widget)})
     atk_object_set_name(gtk_widget_get_accessible(part), name.c_str());
@@ -203,8 +203,8 @@ wchar_t letter_of(wxKeyEvent const& event) {
   return g_unichar_iscntrl(letter) != 0 ? 0 : static_cast<wchar_t>(letter);
 }
 
-// The toolkit's own answers change when the edit first appears, which would
-// leave forms laid out before that too small.
+// The toolkit's own answers change when the edit appears for the first time. Forms laid out
+// before that would be too small.
 int edit_width(wxTextCtrl const& edit, int text_width) {
   constexpr int frame_width = 24;
   return text_width + edit.FromDIP(frame_width);

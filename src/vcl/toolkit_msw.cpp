@@ -1,5 +1,5 @@
 #include <windows.h>
-// After the system's header.
+// Has to come after the system's header.
 #include <commctrl.h>
 #include <shellapi.h>
 #include <wx/access.h>
@@ -24,8 +24,9 @@ HMODULE own_module(DWORD flags) {
   return module;
 }
 
-// The system's own answers to screen readers, save the name: for that it takes
-// the label right before a control, which in a table is another one's or none.
+// Gives screen readers the system's own answers except for the name. The system would use the
+// label right before the control. In a table that is the label of another control, or there is
+// none.
 class Tnamed_accessible : public wxAccessible {
  public:
   using wxAccessible::wxAccessible;
@@ -42,8 +43,8 @@ class Tnamed_accessible : public wxAccessible {
 void prepare_start() {}
 void check_running() {}
 
-// The window classes belong to this module: the host may have a toolkit of the
-// same make, with classes of the same names.
+// The window classes belong to this module: the host may use the same toolkit with the same
+// class names.
 bool start_toolkit() {
   return wxEntryStart(own_module(GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT), nullptr, nullptr,
                       SW_SHOWNORMAL);
@@ -58,16 +59,16 @@ void prepare_form(wxDialog& form) {
 
 int control_height(wxWindow const& window) { return window.FromDIP(design_control_height); }
 
-// The frame is there from the start.
+// On Windows the frame exists from the start.
 void call_when_framed(wxDialog& /*form*/, std::function<void()> const& /*settle*/) {}
 void move_to(wxDialog& form, wxPoint const& place) { form.Move(place); }
 wxSize frame_size(wxDialog const& form) { return form.GetSize() - form.GetClientSize(); }
 
 void prepare_scroll_box(wxWindow& /*box*/) {}
 
-// The system's own lists are quick as they are.
+// The system's lists are fast without help.
 void prepare_list(wxWindow& /*list*/) {}
-// Open, a list is as wide as its items need.
+// An open list is as wide as its items need.
 void finish_list(wxWindow& list, int widest_text) {
   int const width = widest_text + GetSystemMetrics(SM_CXVSCROLL) + 4 * GetSystemMetrics(SM_CXEDGE);
   SendMessageW(list.GetHandle(), CB_SETDROPPEDWIDTH, static_cast<WPARAM>(width), 0);
@@ -77,7 +78,7 @@ bool lists_shorten_captions() { return false; }
 
 namespace {
 
-// What is told to the list's parent.
+// Handles the messages that the list sends to its parent.
 class Tlist_watch {
  public:
   Tlist_watch(HWND list, std::function<void()> open, std::function<void()> close)
@@ -115,14 +116,14 @@ void watch_list(wxWindow& list, std::function<void()> const& open,
                     reinterpret_cast<DWORD_PTR>(watch.release()));
 }
 
-// The system gives it the keyboard by itself.
+// The system gives it the keyboard itself.
 void focus_first(wxWindow& /*list*/) {}
 void renew_tab_order(wxWindow& /*window*/) {}
 
-// The toolkit is built without drag and drop of its own.
+// The toolkit is built without its own drag and drop.
 void accept_dropped_files(wxWindow& window) { DragAcceptFiles(window.GetHandle(), TRUE); }
 
-// The name says it all.
+// The name is enough on Windows.
 void relate_label(wxWindow& /*label*/, wxWindow& /*control*/) {}
 
 void announce_name(wxWindow& control) {

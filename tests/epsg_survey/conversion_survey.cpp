@@ -17,7 +17,7 @@ using libproj::keys_of;
 using libproj::point;
 using libproj::value_of;
 
-// Empty for what cannot be had.
+// The text that `produce` feeds; empty when it fails.
 using producer = std::function<bool(Izu_string_adp*)>;
 std::string ours(producer const& produce) {
   std::string text;
@@ -28,7 +28,7 @@ std::string ours(producer const& produce) {
 
 std::wstring wide(std::string const& text) { return {text.begin(), text.end()}; }
 
-// A system of GDAL's and its texts.
+// A system of GDAL and its texts.
 class Tgdal {
  public:
   bool set(std::string const& input) {
@@ -109,7 +109,7 @@ bool is_same(libproj::Tcontext const& context, std::string const& left, std::str
          value_of(keys_of(left), "nadgrids") == value_of(keys_of(right), "nadgrids");
 }
 
-// Calls `look` with the input and the system of every step-th code.
+// Calls `look` for every step-th code, with the code and its system.
 void for_each_code(
     std::size_t step,
     std::function<void(libproj::Tcontext const&, std::string const&, PJ const*)> const& look) {

@@ -1,5 +1,5 @@
-// The systems of PROJ's database through the library's conversions, beside what
-// GDAL and PROJ make of them alone.
+// Converts the systems of PROJ's database by the library, and compares with GDAL and
+// PROJ.
 #pragma once
 
 #include <cstddef>
@@ -19,8 +19,8 @@ struct conversion_report {
 // has none. Every `step`-th system of the database.
 conversion_report survey_import(std::size_t step);
 
-// Each definition by way of ESRI WKT and back: its meaning is kept wherever GDAL
-// alone, going from the code to ESRI WKT and back, keeps it.
+// Converts each definition to ESRI WKT and back. It must keep its meaning if GDAL keeps it
+// from the code to ESRI WKT and back.
 conversion_report survey_esri(std::size_t step);
 
 }  // namespace epsg_survey

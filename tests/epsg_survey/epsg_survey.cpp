@@ -129,7 +129,7 @@ class Tcase {
              std::abs(shape->b - after->b) < millimetre / 10;
     };
     if (is_like(std::optional(before))) return;
-    // By this grid PROJ knows a sphere that stands for the ellipsoid of WGS 84.
+    // With this grid PROJ takes the sphere for the ellipsoid of WGS 84.
     auto const without = libproj::join(source_, [](auto const& key) { return key != "nadgrids"; });
     if (value_of(source_, "nadgrids") == "@null" &&
         is_like(libproj::ellipsoid_of(context_, without)))
@@ -146,7 +146,7 @@ class Tcase {
     auto const datum = value_of(source_, "datum");
     auto const grid = value_of(source_, "nadgrids");
     if (grid) found_.causes.push_back("key dropped: nadgrids=" + *grid);
-    // PROJ takes these two by grids; the numbers of the dialog override them.
+    // PROJ shifts these two by grids. The numbers of the dialog replace the grids.
     if (datum && (*datum == "NAD27" || *datum == "potsdam")) {
       if (value_of(written_, "datum") != datum)
         add_unexplained("datum " + *datum);
@@ -155,12 +155,8 @@ class Tcase {
       return;
     }
     bool const silent = !datum && !grid && !value_of(source_, "towgs84");
-    if (silent && is_zero_shift(written_)) {
-      // To the dialog no shift and a shift of zeros are the same.
-      found_.gains_zero_shift = value_of(written_, "towgs84").has_value();
-      found_.gained_datum = value_of(written_, "datum").value_or("");
-      return;
-    }
+    // To the dialog no shift and a shift of zeros are the same.
+    if (silent && is_zero_shift(written_)) return;
     if (is_near(distance(shifted(source_), shifted(written_)))) return;
     if (silent && value_of(source_, "ellps") == "krass" && value_of(written_, "ellps") == "krass" &&
         value_of(written_, "towgs84") == "23.57,-140.95,-79.8,0,0.35,0.79,-0.22")
@@ -258,9 +254,6 @@ std::string table(report const& survey) {
   auto const count = [&survey](outcome wanted) {
     return std::ranges::count(survey.verdicts, wanted, &verdict::result);
   };
-  std::map<std::string, std::size_t> gained_datums;
-  for (verdict const& found : survey.verdicts)
-    if (!found.gained_datum.empty()) ++gained_datums[found.gained_datum];
   std::map<std::string, std::pair<std::size_t, verdict const*>> causes;
   for (verdict const& found : survey.verdicts) {
     for (std::string const& cause : std::set(found.causes.begin(), found.causes.end())) {
@@ -285,9 +278,6 @@ std::string table(report const& survey) {
   for (auto const& [cause, entry] : causes)
     line(entry.first, cause + "\n           EPSG:" + entry.second->code + " " +
                           entry.second->source + "\n           -> " + entry.second->written);
-  line(std::ranges::count(survey.verdicts, true, &verdict::gains_zero_shift),
-       "without a shift come back with one of zeros, of them");
-  for (auto const& [name, times] : gained_datums) line(times, "  with datum=" + name);
   return out.str();
 }
 

@@ -1,5 +1,5 @@
-// Every coordinate system of PROJ's database that it can write as a definition,
-// through the editor: what opening it and pressing Apply makes of its meaning.
+// Opens every coordinate system that PROJ can write as a definition in the editor, and
+// tells whether Apply changes its meaning.
 #pragma once
 
 #include <string>
@@ -20,11 +20,8 @@ struct verdict {
   outcome result = outcome::same;
   // Why it is unknown or changed; of a changed one, each cause that applies.
   std::vector<std::string> causes;
-  // Among the causes is one that the rules of the editor do not account for.
+  // The rules of the editor do not explain one of the causes.
   bool unexplained = false;
-  // What does not count as a change.
-  bool gains_zero_shift = false;
-  std::string gained_datum;
 };
 
 struct report {

@@ -1,4 +1,4 @@
-// PROJ as the independent party of the tests: what it makes of a definition.
+// PROJ as an independent party for tests: how it reads a definition.
 #pragma once
 
 #include <proj.h>
@@ -22,7 +22,7 @@ struct object_closer {
 };
 using object = std::unique_ptr<PJ, object_closer>;
 
-// A context that neither prints nor asks the network.
+// A context that does not print and does not use the network.
 class Tcontext {
  public:
   Tcontext();
@@ -37,13 +37,13 @@ class Tcontext {
 using key_list = std::vector<std::pair<std::string, std::string>>;
 key_list keys_of(std::string_view definition);
 std::optional<std::string> value_of(key_list const& keys, std::string_view key);
-// "+key=value ..." of the keys that pass.
+// "+key=value ..." for the wanted keys.
 std::string join(
     key_list const& keys,
     std::function<bool(std::string const&)> const& wanted = [](auto const&) { return true; });
 
-// Keys by what they say: of the earth's shape and the datum, of the plane's
-// unit, or nothing that moves a coordinate.
+// Kinds of keys: for the ellipsoid and the datum, for the unit, and keys that move no
+// coordinate.
 bool is_geodetic(std::string_view key);
 bool is_unit(std::string_view key);
 bool is_neutral(std::string_view key);
@@ -55,14 +55,13 @@ struct point {
   double y = 0;
 };
 
-// Where an operation brings points given in degrees, in metres; angles are
-// metres on the equator. No value where it fails.
+// Results of an operation for points in degrees, in metres; an angle becomes metres on
+// the equator. No value where the operation fails.
 std::vector<std::optional<point>> project(Tcontext const& context, std::string const& operation,
                                           std::vector<point> const& degrees);
 
-// The largest distance in metres between two results; a point that only one of
-// them has is infinitely far off. Empty when they have no point in common and
-// none on one side only.
+// The largest distance in metres between two results; infinite for a point with a value
+// in only one of them. Empty when no point has a value in either.
 std::optional<double> distance(std::vector<std::optional<point>> const& left,
                                std::vector<std::optional<point>> const& right);
 
@@ -70,7 +69,7 @@ struct ellipsoid {
   double a = 0;
   double b = 0;
 };
-// Of a coordinate system; empty when the definition makes none.
+// The ellipsoid of a coordinate system; empty when the definition is none.
 std::optional<ellipsoid> ellipsoid_of(Tcontext const& context, std::string const& crs);
 // Metres (or radians) to the unit of the first axis of a coordinate system.
 std::optional<double> unit_of(Tcontext const& context, std::string const& crs);

@@ -1,7 +1,7 @@
-// Prints what opening each projected and geographic system of the EPSG data in
-// the dialog and pressing Apply does to it. With --list, every system that
-// comes back changed or unknown follows: code, definition before, after. With
-// --conversions, what the import by code and the way by ESRI WKT do instead.
+// Prints what Apply in the dialog makes of each projected and geographic system of the
+// EPSG data. With --list it also prints every system that becomes another one or unknown:
+// code, definition before, after. With --conversions it prints the results of the import
+// by code and of the conversion to ESRI WKT and back instead.
 
 #include <exception>
 #include <iostream>

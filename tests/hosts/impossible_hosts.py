@@ -1,9 +1,9 @@
 #!/usr/bin/python3
 """usage: impossible_hosts.py LIBRARY
 
-Calls the dialog where it cannot come up. Each case is a process of its own: the
-call gives its input back, 0, and one line on standard error that says why, twice;
-the process goes on.
+Calls the dialog in hosts where it cannot open. Each case is a process that calls twice. The
+call must return its input and 0 and print one line with the reason, and the process must go
+on.
 """
 import ctypes
 import os
@@ -25,7 +25,7 @@ def run_loop_on_another_thread():
         time.sleep(0.01)
 
 
-# What a host has done before the call, and what it is told.
+# What a host does before the call, and the reason that the library gives.
 CASES = {
     "no display": (lambda: None, "no display can be opened"),
     "GTK 2": (lambda: ctypes.CDLL("libgtk-x11-2.0.so.0"), "another GTK than 3"),
@@ -48,7 +48,7 @@ def be_host(library, case):
 def judge(case, environment):
     host = subprocess.run([sys.executable, __file__, sys.argv[1], case], env=environment,
                           stderr=subprocess.PIPE, text=True, timeout=60, check=False)
-    # GTK has its own to say of a display without a keyboard.
+    # GTK also complains about a display without a keyboard.
     lines = [line for line in host.stderr.splitlines() if line and "Gdk-CRITICAL" not in line]
     good = (host.returncode == 0 and len(lines) == 2 and
             all(line.startswith("zu_pj_edit: no dialog: ") and CASES[case][1] in line

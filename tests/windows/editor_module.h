@@ -1,4 +1,4 @@
-// What test_wide_call agrees with its editor module on.
+// Shared by test_wide_call and its editor module.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,7 @@
 enum : std::uintptr_t { editor_throws_text = 1, editor_raises_code = 2 };
 constexpr char const* editor_text = "thrown by the editor module";
 constexpr unsigned long editor_code = 0xE0424242UL;
-// What it returns, as a number.
+// The result of the function, as a number.
 constexpr std::uintptr_t editor_result = 0x1122334455667788;
 
 struct editor_record {
@@ -17,5 +17,5 @@ struct editor_record {
   void* second;
 };
 
-// "editor_module_record" of the module: what its function last got.
+// The module's function "editor_module_record" returns the last arguments.
 using editor_record_function = editor_record const*();

@@ -1,32 +1,32 @@
-/* PROJ's database beside the library, which the code of a system needs. */
+/* PROJ's database in the folder of the library. Codes of systems need it. */
 #include <stdio.h>
 #include <stdlib.h>
 
 #include "host_support.h"
 
-/* Letters of no code page, and blanks. */
+/* No code page has all these letters. */
 #define FOLDER L"host data \u041a\u0430\u0440\u0442\u0430 \u03b1 \u4e2d"
 
 static wchar_t definition_file[MAX_PATH];
 
 static void script_load(HWND form) {
   press(form, load_button);
-  HWND const chooser = wait_for_dialog_over(form);
+  HWND const chooser = wait_for_dialog(form);
   type_text(chooser, NULL, definition_file);
   PostMessageW(chooser, WM_COMMAND, IDOK, 0);
   wait_until_closed(chooser);
-  /* A message over the form would keep it from this. */
+  /* A message over the form would disable the button. */
   press(form, apply_button);
 }
 
-/* Loads a file with the code of a system, with the library in a folder apart,
-   where the database that is shipped beside this program lies or does not. */
+/* Loads a file with the code of a system. The library is in another folder than this
+   program, with the database or without it. */
 static void load_code(BOOL with_database, char const* expected) {
   static wchar_t const* const names[] = {L"zu_pj_edit.dll", L"proj.db"};
   static wchar_t const* const copies[] = {FOLDER L"\\zu_pj_edit.dll", FOLDER L"\\proj.db"};
   wchar_t shipped[MAX_PATH];
   wchar_t copy[MAX_PATH];
-  /* Nothing else is to tell where the database is. */
+  /* These variables must not help. */
   CHECK(_putenv("PROJ_DATA=") == 0 && _putenv("PROJ_LIB=") == 0);
   library_path(copy, FOLDER);
   (void)CreateDirectoryW(copy, NULL);

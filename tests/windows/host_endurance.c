@@ -3,23 +3,18 @@
 
 #include "host_support.h"
 
-/* Wine tells none of the three counts that Windows has. There a new handle takes
-   the lowest place that is free but for those given back: when more are made
-   than were ever given back, the highest place tells how many there are
-   besides. */
-
+/* Wine does not tell how many handles and objects a process has. A new one gets the lowest
+   free place. So after many new ones, the highest place minus their number is the number of
+   the others. */
 enum { made = 6000 };
 
 static size_t count_handles(void) {
-  DWORD told = 0;
-  if (GetProcessHandleCount(GetCurrentProcess(), &told) && told != 0) return told;
   static HANDLE events[made];
   size_t highest = 0;
   for (int i = 0; i < made; ++i) {
     events[i] = CreateEventW(NULL, FALSE, FALSE, NULL);
     CHECK(events[i] != NULL);
-    size_t const place = (size_t)events[i] / 4;
-    if (place > highest) highest = place;
+    if ((size_t)events[i] / 4 > highest) highest = (size_t)events[i] / 4;
   }
   for (int i = 0; i < made; ++i) CloseHandle(events[i]);
   return highest - made;
@@ -27,39 +22,31 @@ static size_t count_handles(void) {
 
 /* Windows, menus, icons and hooks share the places. */
 static size_t count_user_objects(void) {
-  DWORD const told = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
-  if (told != 0) return told;
   static HMENU menus[made];
   size_t highest = 0;
   for (int i = 0; i < made; ++i) {
     menus[i] = CreateMenu();
     CHECK(menus[i] != NULL);
-    size_t const place = (LOWORD((ULONG_PTR)menus[i]) - 0x20U) / 2;
-    if (place > highest) highest = place;
+    if (LOWORD(menus[i]) / 2U > highest) highest = LOWORD(menus[i]) / 2U;
   }
   for (int i = 0; i < made; ++i) DestroyMenu(menus[i]);
-  return highest + 1 - made;
+  return highest - made;
 }
 
-/* The table of these lies where that of Windows once did. */
 static size_t count_gdi_objects(void) {
-  DWORD const told = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-  if (told != 0) return told;
-  enum { entries = 0x10000, entry_size = 24, type_offset = 14, table_offset = 0xF8 };
-  typedef char const*(WINAPI * function)(void);
-  function const process_block =
-      (function)(void (*)(void))GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlGetCurrentPeb");
-  unsigned char const* const table = *(unsigned char const* const*)(process_block() + table_offset);
-  CHECK(table != NULL);
-  if (table == NULL) return 0;
-  size_t count = 0;
-  for (int i = 0; i < entries; ++i) count += table[i * entry_size + type_offset] != 0;
-  return count;
+  static HPEN pens[made];
+  size_t highest = 0;
+  for (int i = 0; i < made; ++i) {
+    pens[i] = CreatePen(PS_SOLID, 1, RGB(1, 2, 3));
+    CHECK(pens[i] != NULL);
+    if (LOWORD(pens[i]) > highest) highest = LOWORD(pens[i]);
+  }
+  for (int i = 0; i < made; ++i) DeleteObject(pens[i]);
+  return highest - made;
 }
 
-/* What is allocated in the heaps that modules have made, such as the language
-   run-time's. The process's first one is the system's: Wine's labels with a font
-   leave 24 bytes there each, 600 a call. */
+/* The bytes in the heaps that modules have made, such as the C run-time library. Wine itself
+   leaves some in the first heap of the process. */
 static size_t count_heap_bytes(void) {
   HANDLE heaps[64];
   DWORD const count = GetProcessHeaps(64, heaps);
@@ -78,7 +65,7 @@ static size_t count_heap_bytes(void) {
   return bytes;
 }
 
-/* What this process alone has of the memory. */
+/* The private memory of this process. */
 static size_t count_private_bytes(void) {
   MEMORY_BASIC_INFORMATION region;
   size_t bytes = 0;
@@ -91,8 +78,7 @@ static size_t count_private_bytes(void) {
 }
 
 HOST_CASE(hundred_calls_leave_nothing_behind) {
-  /* Caches of the system's fill up by a few; one in ten calls is more. Of
-     bytes that is some hundred a call in heaps, and twelve thousand in all. */
+  /* The system's caches may grow a little. A leak in every tenth call is more than that. */
   static struct {
     char const* what;
     size_t (*count)(void);

@@ -1,4 +1,4 @@
-/* How the form looks, and that the host's own windows look as before. */
+/* The look of the form. The host's own windows keep theirs. */
 #include <stdio.h>
 #include <stdlib.h>
 #include <wchar.h>
@@ -43,7 +43,7 @@ static void script_measure(HWND form) {
   CHECK(dpi == GetDpiForWindow(host));
   RECT whole;
   GetWindowRect(form, &whole);
-  /* The design and the result line (29), where the system's font leaves it room. */
+  /* The design's size and the result line (29). The system's font may need more room. */
   CHECK(abs((int)(whole.right - whole.left) - MulDiv(600, (int)dpi, 96)) <= (dpi == 96 ? 0 : 20));
   CHECK(abs((int)(whole.bottom - whole.top) - MulDiv(360 + 29, (int)dpi, 96)) <=
         (dpi == 96 ? 0 : 20));
@@ -69,14 +69,14 @@ static void script_measure(HWND form) {
 }
 
 HOST_CASE(form_has_the_size_of_the_resolution) {
-  /* Refused where a host is so anyway. */
+  /* Wine refuses this if the host has it already. */
   (void)SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
   CHECK(GetAwarenessFromDpiAwarenessContext(GetThreadDpiAwarenessContext()) ==
         DPI_AWARENESS_PER_MONITOR_AWARE);
   host = open_host();
-  /* Room for the form over its middle. */
+  /* The form has room over the middle. */
   MoveWindow(host, 400, 300, 500, 400, TRUE);
-  /* Whoever starts this says which resolution it has set. */
+  /* The caller may tell the expected resolution. */
   char const* const expected = getenv("ZU_TEST_DPI");
   if (expected != NULL) CHECK(GetDpiForWindow(host) == strtoul(expected, NULL, 10));
   (void)run_form(host, MOSCOW, script_measure);
@@ -107,7 +107,7 @@ HOST_CASE(form_has_the_current_look) {
   ULONG_PTR const before = procedure_of(GetDlgItem(host, 3));
   HANDLE contexts[2] = {NULL};
   CHECK(GetCurrentActCtx(&contexts[0]));
-  /* This program asks for no version and has the old one. */
+  /* This program has no manifest and so the old controls. */
   CHECK(!is_current_controls(before));
   for (int i = 0; i < 2; ++i) (void)run_form(host, MOSCOW, script_look);
   CHECK(GetCurrentActCtx(&contexts[1]));

@@ -1,4 +1,4 @@
-/* The host's messages while the form is open, and what of them ends it. */
+/* The host's messages while the form is open. Some end it. */
 #include "host_support.h"
 
 enum { message_act = WM_APP + 1, message_again, exit_code = 42 };
@@ -15,7 +15,7 @@ static void script_act(HWND form) {
 static void script_act_under_message(HWND form) {
   type_text(form, L"55.5", L"91");
   press(form, apply_button);
-  CHECK(find_child(wait_for_dialog_over(form), L"Static", L"Number must be less than: 90") != NULL);
+  CHECK(find_child(wait_for_dialog(form), L"Static", L"Number must be less than: 90") != NULL);
   CHECK(!IsWindowEnabled(form));
   PostMessageW(host, message_act, 0, 0);
 }
@@ -27,7 +27,7 @@ static BOOL quit(HWND window, UINT message) {
   return TRUE;
 }
 
-/* In one go: the form is still open, and will not be by the time of the request. */
+/* The form is still open now. Apply closes it before it gets the quit message. */
 static BOOL apply_and_quit(HWND window, UINT message) {
   if (message == message_act) press(find_dialog(NULL), apply_button);
   return quit(window, message);
@@ -39,7 +39,7 @@ static BOOL destroy(HWND window, UINT message) {
   return TRUE;
 }
 
-/* The host's loop gets the request, with its code and once. */
+/* The host's loop gets the quit message once, with its exit code. */
 static void check_quit(void) {
   MSG message = {0};
   while (PeekMessageW(&message, NULL, 0, 0, PM_REMOVE) && message.message != WM_QUIT) {
@@ -53,7 +53,7 @@ static void check_quit(void) {
   }
 }
 
-/* Nothing is left of an end by the host. */
+/* The next form works as usual. */
 static void check_form_works(void) {
   host_hook = NULL;
   if (!IsWindow(host)) host = open_host();
@@ -85,13 +85,11 @@ HOST_CASE(quit_ends_a_message_and_the_form) {
 
 HOST_CASE(quit_with_apply_is_kept) { check_end(apply_and_quit, script_act, MOSCOW_TYPED, 1); }
 
-HOST_CASE(owner_may_be_destroyed_meanwhile) { check_end(destroy, script_act, MOSCOW, 0); }
-
 HOST_CASE(owner_may_be_destroyed_under_a_message) {
   check_end(destroy, script_act_under_message, MOSCOW, 0);
 }
 
-/* The last moments of the form. */
+/* A quit message while the form closes. */
 static HWND watched_form;
 static UINT watched_message;
 
@@ -143,7 +141,7 @@ static BOOL post_without_end(HWND window, UINT message) {
 
 static BOOL paint_without_end(HWND window, UINT message) {
   if (message != WM_PAINT) return FALSE;
-  /* Never validated. */
+  /* Without validation the system sends the message again at once. */
   InterlockedIncrement(&rounds);
   InvalidateRect(window, NULL, FALSE);
   return TRUE;
@@ -153,7 +151,7 @@ static BOOL has_gone_round(void* context) { return rounds > *(LONG const*)contex
 
 static void script_wait_for_rounds(HWND form) {
   LONG const some = rounds + 20;
-  CHECK(wait_for_it(has_gone_round, (void*)&some));
+  wait_for("the host's messages", has_gone_round, (void*)&some);
   script_type(form);
 }
 
@@ -167,7 +165,7 @@ static BOOL call_or_go_on(HWND window, UINT message) {
   return TRUE;
 }
 
-/* The calls come from the host's own loop. */
+/* The host calls the library from its own loop. */
 static void check_goes_on(message_hook hook) {
   host = open_host();
   go_on = hook;
@@ -179,7 +177,7 @@ static void check_goes_on(message_hook hook) {
     MSG message;
     rounds_at_return = -1;
     PostMessageW(host, message_act, 0, 0);
-    /* Back at the host, the messages go on from where they were. */
+    /* After the call the host gets its messages as before. */
     while ((rounds_at_return < 0 || rounds == rounds_at_return) &&
            GetMessageW(&message, NULL, 0, 0) > 0) {
       DispatchMessageW(&message);

@@ -4,10 +4,10 @@
 static HWND host;
 static HWND other;
 
-/* ---- the order of things at the end of the form */
+/* ---- the end of the form */
 
 static HWND watched_form;
-/* Whether the host's window took input when the form hid; -1 before. */
+/* Whether the host's window took input when the form was hidden; -1 before. */
 static BOOL enabled_at_hiding;
 
 static LRESULT CALLBACK on_sent(int code, WPARAM own, LPARAM context) {
@@ -54,7 +54,7 @@ HOST_CASE(owner_gets_the_focus_back) {
   }
 }
 
-/* ---- which windows are the form's owner, and which only wait for it */
+/* ---- the form's owner */
 
 static HWND seen_owner;
 
@@ -72,7 +72,7 @@ HOST_CASE(owner_is_the_hosts_top_level_window) {
   other = open_host();
   HWND const disabled = open_host();
   EnableWindow(disabled, FALSE);
-  /* A control's handle will do; what is no window gives none. */
+  /* A control stands for its window. An invalid handle gives no owner. */
   struct {
     HWND given;
     HWND owner;

@@ -1,4 +1,4 @@
-/* The library in the host's process: loading, freeing, threads, its version. */
+/* Loading and freeing the library, its threads and its version. */
 #include <windows.h>
 /* After the system's header. */
 #include <tlhelp32.h>
@@ -22,7 +22,7 @@ HOST_CASE(library_may_be_freed_and_loaded_again) {
     CHECK_FORM(host, MOSCOW, script_apply, MOSCOW, 1);
     CHECK(FreeLibrary(library));
     library = NULL;
-    /* Whatever of the library's still gets messages has to be there. */
+    /* Code of the library that still gets messages must be in memory. */
     PostMessageW(host, WM_NULL, 0, 0);
     pump();
     SendMessageW(HWND_BROADCAST, WM_NULL, 0, 0);
@@ -41,7 +41,7 @@ static int count_threads(void) {
   return count;
 }
 
-/* A thread that has ended is there a little longer. */
+/* The system counts a thread that has ended for a moment longer. */
 static BOOL are_threads_gone(void* context) { return count_threads() <= *(int*)context; }
 
 HOST_CASE(host_keeps_its_threads) {
@@ -50,7 +50,7 @@ HOST_CASE(host_keeps_its_threads) {
   CHECK(before >= 1);
   for (int i = 0; i < 3; ++i) {
     (void)run_form(host, MOSCOW, script_apply);
-    CHECK(wait_for_it(are_threads_gone, &before));
+    wait_for("the end of the threads", are_threads_gone, &before);
   }
 }
 

@@ -73,7 +73,7 @@ HWND open_host(void) {
                           .hInstance = GetModuleHandleW(NULL),
                           .hbrBackground = (HBRUSH)(COLOR_BTNFACE + 1),
                           .lpszClassName = name};
-  /* Fails from the second window on. */
+  /* This fails for the second window, which does not matter. */
   (void)RegisterClassW(&kind);
   HWND const window = CreateWindowExW(0, name, L"host", WS_OVERLAPPEDWINDOW, 50, 50, 400, 300, NULL,
                                       NULL, kind.hInstance, NULL);
@@ -99,16 +99,24 @@ void pump(void) {
 
 /* ---- the user */
 
-BOOL wait_for_it(BOOL (*condition)(void* context), void* context) {
-  ULONGLONG const start = GetTickCount64();
-  while (!condition(context)) {
-    if (GetTickCount64() - start > patience_ms) return FALSE;
-    Sleep(2);
-  }
-  return TRUE;
+static void give_up(char const* what) {
+  (void)printf("waited in vain for %s\n", what);
+  (void)fflush(stdout);
+  /* Other threads may be blocked. */
+  TerminateProcess(GetCurrentProcess(), 1);
 }
 
-/* A child by its class and its text, or a dialog by its owner. */
+void wait_for(char const* what, BOOL (*condition)(void* context), void* context) {
+  ULONGLONG const start = GetTickCount64();
+  while (!condition(context)) {
+    if (GetTickCount64() - start > patience_ms) {
+      give_up(what);
+    }
+    Sleep(2);
+  }
+}
+
+/* For a child by its class and text, or for a dialog by its owner. */
 typedef struct {
   wchar_t const* kind;
   wchar_t const* text;
@@ -123,7 +131,11 @@ static BOOL CALLBACK on_child(HWND window, LPARAM context) {
   GetClassNameW(window, kind, 64);
   if (_wcsicmp(kind, search->kind) != 0 || !IsWindowVisible(window)) return TRUE;
   DWORD_PTR length = 0;
-  SendMessageTimeoutW(window, WM_GETTEXT, 256, (LPARAM)text, SMTO_NORMAL, patience_ms, &length);
+  if (SendMessageTimeoutW(window, WM_GETTEXT, 256, (LPARAM)text, SMTO_NORMAL, patience_ms,
+                          &length) == 0 &&
+      GetLastError() == ERROR_TIMEOUT) {
+    give_up("an answer from the thread of the form");
+  }
   if (search->text != NULL && wcscmp(text, search->text) != 0) return TRUE;
   search->found = window;
   return FALSE;
@@ -146,7 +158,7 @@ HWND find_button(HWND form, button which) {
 
 DWORD host_process;
 
-/* The form is told from message boxes by its button. */
+/* Message boxes have no such button. */
 static BOOL CALLBACK on_window(HWND window, LPARAM context) {
   window_search* const search = (window_search*)context;
   DWORD process = 0;
@@ -171,14 +183,14 @@ HWND find_dialog(HWND owner) {
 
 static BOOL is_dialog_open(void* context) { return find_dialog(*(HWND*)context) != NULL; }
 
-HWND wait_for_dialog_over(HWND form) {
-  CHECK(wait_for_it(is_dialog_open, &form));
-  return find_dialog(form);
+HWND wait_for_dialog(HWND owner) {
+  wait_for(owner == NULL ? "the form" : "a dialog over the form", is_dialog_open, &owner);
+  return find_dialog(owner);
 }
 
 static BOOL is_closed(void* context) { return !IsWindowVisible(*(HWND*)context); }
 
-void wait_until_closed(HWND form) { CHECK(wait_for_it(is_closed, &form)); }
+void wait_until_closed(HWND form) { wait_for("the end of a dialog", is_closed, &form); }
 
 void press(HWND form, button which) {
   HWND const control = find_button(form, which);
@@ -190,8 +202,10 @@ void type_text(HWND form, wchar_t const* shown, wchar_t const* typed) {
   HWND const edit = find_child(form, L"Edit", shown);
   DWORD_PTR result = 0;
   CHECK(edit != NULL);
-  CHECK(SendMessageTimeoutW(edit, WM_SETTEXT, 0, (LPARAM)typed, SMTO_NORMAL, patience_ms,
-                            &result) != 0);
+  if (SendMessageTimeoutW(edit, WM_SETTEXT, 0, (LPARAM)typed, SMTO_NORMAL, patience_ms, &result) ==
+      0) {
+    give_up("an edit to take its text");
+  }
 }
 
 void script_apply(HWND form) { press(form, apply_button); }
@@ -206,23 +220,18 @@ typedef struct {
   LONG volatile returned;
 } user;
 
-static BOOL is_open_or_over(void* context) {
-  return find_dialog(NULL) != NULL || ((user*)context)->returned;
-}
+static BOOL has_returned(void* context) { return ((user*)context)->returned != 0; }
 
 static DWORD WINAPI play(void* context) {
   user* const self = context;
-  CHECK(wait_for_it(is_open_or_over, self));
-  HWND const form = find_dialog(NULL);
-  CHECK(form != NULL);
-  if (form == NULL) return 0;
+  HWND const form = wait_for_dialog(NULL);
   self->body(form);
   wait_until_closed(form);
+  wait_for("the end of the call", has_returned, self);
   return 0;
 }
 
-/* The other thread may be sending to windows of this one; what has been posted
-   stays for the test. */
+/* Handles messages that the other thread sends. Posted ones stay for the test. */
 static void join(HANDLE thread) {
   MSG message;
   while (MsgWaitForMultipleObjects(1, &thread, FALSE, INFINITE, QS_SENDMESSAGE) != WAIT_OBJECT_0) {

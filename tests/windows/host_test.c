@@ -1,5 +1,5 @@
-/* The library as a foreign host sees it: loaded at run time by a program in
-   plain C and worked through window messages alone.
+/* A foreign host in plain C. It loads the library at run time and uses the dialog only by
+   window messages.
 
    usage: host_test CASE */
 #include <stdio.h>
@@ -13,7 +13,7 @@ int main(int count, char** arguments) {
     (void)printf("host_test: error: no such case\n");
     return 2;
   }
-  /* Whoever starts this says which code page it is to be in. */
+  /* The caller may tell the expected code page. */
   char const* const page = getenv("ZU_TEST_PAGE");
   if (page != NULL) CHECK(GetACP() == strtoul(page, NULL, 10));
   ((void (*)(void))body)();

@@ -1,4 +1,4 @@
-// Stands in for the editor module of the host suite.
+// A substitute for the editor module of the host suite.
 #include <windows.h>
 
 #include <stdexcept>

@@ -1,10 +1,12 @@
-// The command-line program and PROJ's database beside it, in folders of any name.
+// The command-line program and a bad database of PROJ in its folder. The DLL's tests have a
+// good one and none.
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 #include <string>
-#include <utility>
+#include <string_view>
 #include <vector>
 
 #include "core_support.h"
@@ -14,85 +16,46 @@ namespace {
 namespace fs = std::filesystem;
 using core_test::outcome;
 
-constexpr char const* zone_7 =
-    "+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass +units=m +no_defs";
 constexpr char const* known_zone_7 =
     "+proj=tmerc +lon_0=39 +lat_0=0 +x_0=7500000 +y_0=0 +k_0=1 "
     "+towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 +ellps=krass +units=m +lon_wrap=45 +no_defs";
-fs::path const program = ZU_PJ4;
-fs::path const shipped_database = program.parent_path() / "proj.db";
 
-// The program in a folder of this name, without a database.
-class Tcopy {
- public:
-  explicit Tcopy(std::string const& name)
-      : path_(folder_.file(name)), native_(core_test::shell_path(path_)) {
-    fs::create_directory(native_);
-    fs::copy(program, native_ / program.filename());
+// GDAL and PROJ convert some of these without the database and lose the datum. So the program
+// must refuse them all.
+TEST(Shipped_database, may_be_damaged) {
+  fs::path const program = ZU_PJ4;
+  core_test::Ttemp_folder const folder;
+  std::string const path = folder.file("\u041A\u0430\u0440\u0442\u0430 \u03B1 \u4E2D");
+  fs::path const native = core_test::shell_path(path);
+  fs::create_directory(native);
+  fs::copy(program, native / program.filename());
+  // A variable or another folder must not help.
+  core_test::Tenvironment const environment{{"PROJ_DATA", nullptr}, {"PROJ_LIB", nullptr}};
+  fs::current_path(program.parent_path());
+  auto const run = [&](std::vector<std::string> arguments, std::string input = "") {
+    return core_test::run({path + "/" + program.filename().string(), arguments, input});
+  };
+  for (char const* content : {"", "text", "cut"}) {
+    SCOPED_TRACE(content);
+    if (std::string_view(content) == "cut") {
+      fs::copy(program.parent_path() / "proj.db", native / "proj.db",
+               fs::copy_options::overwrite_existing);
+      fs::resize_file(native / "proj.db", fs::file_size(native / "proj.db") / 3);
+    } else {
+      std::ofstream(native / "proj.db", std::ios::binary) << content;
+    }
+    std::string const known = run({"to-esri", known_zone_7}).out;
+    EXPECT_TRUE(known.starts_with("PROJCS[\"Pulkovo_1942_GK_Zone_7\"")) << known;
+    for (outcome const& result :
+         {run({"import", "EPSG:28407"}), run({"import", "Pulkovo 1942"}),
+          run({"to-esri", "+proj=utm +zone=37 +datum=WGS84"}), run({"from-esri", "-"}, known)}) {
+      EXPECT_NE(result.status, 0);
+      EXPECT_TRUE(result.out == "\n" || result.out.empty()) << result.out;
+      // GDAL and PROJ must not print anything themselves.
+      EXPECT_TRUE(result.err.starts_with("Error: ")) << result.err;
+      EXPECT_EQ(result.err.find('\n'), result.err.size() - 1) << result.err;
+    }
   }
-
-  fs::path database() const { return native_ / "proj.db"; }
-
-  outcome run(std::vector<std::string> arguments, std::string input = "") const {
-    return core_test::run(
-        {path_ + "/" + program.filename().string(), std::move(arguments), std::move(input)});
-  }
-
- private:
-  core_test::Ttemp_folder const folder_;
-  std::string path_;
-  fs::path native_;
-  // Nothing else tells where the database is.
-  core_test::Tenvironment const environment_{{"PROJ_DATA", nullptr}, {"PROJ_LIB", nullptr}};
-};
-
-TEST(Shipped_database, is_found_beside_the_program) {
-  for (char const* name :
-       {"plain", "\u041A\u0430\u0440\u0442\u0430 1", "\u00FC \u03B1 \u4E2D \U0001F600"}) {
-    Tcopy const copy(name);
-    fs::copy(shipped_database, copy.database());
-    outcome const imported = copy.run({"import", "EPSG:28407"});
-    EXPECT_EQ(imported.out, std::string(zone_7) + "\n") << name;
-    EXPECT_EQ(imported.err, "") << name;
-    EXPECT_EQ(copy.run({"import", "Pulkovo 1942"}).out,
-              "+proj=longlat +ellps=krass +no_defs +type=crs\n");
-  }
-}
-
-// What GDAL and PROJ would do in part has to fail, too: the datum is lost then.
-void expect_quiet_failures(Tcopy const& copy, std::string const& what) {
-  SCOPED_TRACE(what);
-  // Another database is no help.
-  fs::current_path(shipped_database.parent_path());
-  std::string const known = copy.run({"to-esri", known_zone_7}).out;
-  EXPECT_TRUE(known.starts_with("PROJCS[\"Pulkovo_1942_GK_Zone_7\"")) << known;
-  std::vector<outcome> const failed{copy.run({"import", "EPSG:28407"}),
-                                    copy.run({"import", "ESRI:102025"}),
-                                    copy.run({"import", "Pulkovo 1942"}),
-                                    copy.run({"to-esri", "+proj=utm +zone=37 +datum=WGS84"}),
-                                    copy.run({"from-esri", "-"}, known)};
-  for (outcome const& result : failed) {
-    EXPECT_NE(result.status, 0);
-    EXPECT_TRUE(result.out == "\n" || result.out.empty()) << result.out;
-    // One message, and nothing that GDAL and PROJ say by themselves.
-    EXPECT_TRUE(result.err.starts_with("Error: ")) << result.err;
-    EXPECT_EQ(result.err.find('\n'), result.err.size() - 1) << result.err;
-  }
-}
-
-TEST(Shipped_database, may_be_missing_or_damaged) {
-  Tcopy const copy("copy");
-  expect_quiet_failures(copy, "missing");
-  for (char const* content : {"", "text", "SQLite format 3"}) {
-    core_test::put_file(copy.database().string(), content);
-    expect_quiet_failures(copy, content);
-  }
-  fs::copy(shipped_database, copy.database(), fs::copy_options::overwrite_existing);
-  fs::resize_file(copy.database(), fs::file_size(copy.database()) / 3);
-  expect_quiet_failures(copy, "cut");
-  fs::remove(copy.database());
-  fs::create_directory(copy.database());
-  expect_quiet_failures(copy, "a folder");
 }
 
 }  // namespace

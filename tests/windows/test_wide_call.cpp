@@ -1,5 +1,5 @@
-// The wide call and the host's editor module: what reaches it, and that whatever
-// leaves it, the application's window comes back and the host's floating-point traps.
+// The wide call and the host's editor module: the arguments, the result and the exceptions.
+// The application's window and the host's floating-point traps must come back.
 
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -14,7 +14,7 @@
 #include "zu_pj_edit/zu_pj_edit.h"
 
 namespace {
-// Of the system's exception that ended the last guarded call.
+// The code of the exception that ended the last guarded call.
 DWORD& caught_code() {
   static DWORD code = 0;
   return code;
@@ -30,7 +30,7 @@ LONG CALLBACK keep_code(EXCEPTION_POINTERS const* exception, void* /*frame*/) {
 }
 }
 
-// GCC has no __try. In its words this is
+// GCC has no __try. This is
 //   __try { body(context); } __except (keep_code(...)) {}
 // NOLINTNEXTLINE(hicpp-no-assembler)
 asm(R"(
@@ -73,7 +73,7 @@ std::string const editor_path = beside_program("editor_module/zuk_scene2d_editor
 constexpr std::uintptr_t first = 0x0123456789ABCDEF;
 constexpr std::uintptr_t second = 0xFEDCBA9876543210;
 
-// As it is linked into this program, and as the library exports it.
+// The function in this program, and the one that the library exports.
 class wide_call : public testing::TestWithParam<bool> {
  public:
   void* call(std::uintptr_t last) {

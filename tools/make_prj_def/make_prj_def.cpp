@@ -2,15 +2,15 @@
 //
 //   make_prj_def TABLE.csv TABLE.dbf
 //
-// The first line names the columns; columns that begin with "#" are notes for
-// the reader and are left out. Tables of projections (those with a column
-// "PROJ") are written in a short form in the CSV: one cell for each parameter,
-//   empty      the projection does not have it
-//   any        it has it, without limits
-//   MIN..MAX   it has it, within inclusive limits; either may be left out
-//   =VALUE     it has it with a fixed value
-// and the zone number, the units key or 1 in ZONE, UNITS and SOUTH. The
-// four columns of each parameter are made from it.
+// The first line names the columns. A column with "#" before its name is a note for
+// the reader and does not go into the table. A table with a column "PROJ" is a table
+// of projections. Its CSV has a short form, with one cell for each parameter:
+//   empty      the projection does not have the parameter
+//   any        it has the parameter, without limits
+//   MIN..MAX   it has the parameter, within limits; one of them may be missing
+//   =VALUE     it has the parameter with a fixed value
+// The cells ZONE, UNITS and SOUTH hold the number of the zone, the key of the units
+// and 1. Each parameter gets four columns in the table.
 
 #include <algorithm>
 #include <array>
@@ -36,13 +36,14 @@ using row = std::vector<std::string>;
 struct table {
   row names;
   std::vector<row> rows;
+  std::vector<std::size_t> lines;  // of the file, where each row stands
 };
 
 std::runtime_error error_at(std::size_t line, std::string const& what) {
   return std::runtime_error("line " + std::to_string(line) + ": " + what);
 }
 
-// Cells of one line; quotes protect commas, doubled quotes are one quote.
+// The cells of one line. A comma inside quotes is text, and two quotes are one.
 row split_line(std::string_view line) {
   row cells(1);
   bool quoted = false;
@@ -82,10 +83,12 @@ table read_csv(std::string_view text) {
         throw error_at(line_number, "only ASCII reads the same under every code page: " + cells[i]);
       values.emplace_back(zu::str::trim(cells[i]));
     }
-    if (result.names.empty())
+    if (result.names.empty()) {
       result.names = values;
-    else
+    } else {
       result.rows.push_back(values);
+      result.lines.push_back(line_number);
+    }
   }
   if (result.names.empty()) throw std::runtime_error("has no header line");
   return result;
@@ -145,18 +148,18 @@ row expand_projection(row const& names, row const& cells, row const& columns) {
 }
 
 table expand_projections(table const& source) {
-  table result{zu::proj_columns(), {}};
-  for (row const& cells : source.rows) {
+  table result{zu::proj_columns(), {}, source.lines};
+  for (std::size_t i = 0; i < source.rows.size(); ++i) {
     try {
-      result.rows.push_back(expand_projection(source.names, cells, result.names));
+      result.rows.push_back(expand_projection(source.names, source.rows[i], result.names));
     } catch (std::runtime_error const& error) {
-      throw error_at(result.rows.size() + 2, error.what());
+      throw error_at(source.lines[i], error.what());
     }
   }
   return result;
 }
 
-// Column type: N when every filled cell is a number, else C.
+// The column has type N when every filled cell is a number, else type C.
 Tzu_dbf_prpdef describe_column(table const& source, std::size_t column) {
   std::size_t length = 1;
   std::size_t decimals = 0;
@@ -189,7 +192,7 @@ void write_dbf(std::string const& name, table const& source) {
     target.set_rec(i);
     for (std::uint32_t column = 0; column < source.names.size(); ++column) {
       std::string value = source.rows[i][column];
-      // Numbers stand at the right of their field.
+      // A number stands at the right end of its field.
       Tzu_dbf_prpdef const& definition = definitions.get(column);
       if (definition.get_type() == 'N')
         value.insert(0, definition.get_length() - value.size(), ' ');

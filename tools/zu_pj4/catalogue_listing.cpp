@@ -11,7 +11,7 @@ namespace {
 
 using json_value = nlohmann::ordered_json;
 
-// JSON is UTF-8 whatever the system's code page.
+// JSON is always UTF-8.
 std::string utf8(std::string const& text) {
   return zu::strconv::to_utf8(zu::strconv::from_system(text));
 }
@@ -59,7 +59,7 @@ json_value describe(Tzu_pj_proj_def const& record) {
   return item;
 }
 
-// A cell of the plain listing: text as it is, numbers as in definitions.
+// A cell of the plain listing: texts are not changed, numbers are as in definitions.
 std::string cell(json_value const& value) {
   if (value.is_string()) return value.get<std::string>();
   if (value.is_number_float()) return zu::number::format_double(value.get<double>());

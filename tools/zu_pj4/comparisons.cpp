@@ -25,7 +25,8 @@
 namespace comparisons {
 namespace {
 
-// What a definition says, by key; keys beyond the 21 are told as they stand.
+// The pieces of a definition by key; a key that is not among the 21 parameters keeps its
+// text.
 std::map<std::string, std::string> pieces_of(std::string const& definition) {
   std::map<std::string, std::string> pieces;
   Tzu_proj4_str set;
@@ -66,7 +67,7 @@ void print_json(std::ostream& out, std::string const& text,
   for (zu::check_finding const& finding : findings) {
     told.push_back({{"kind", kind_names.at(static_cast<std::size_t>(finding.kind))},
                     {"text", utf8(finding.sentence)}});
-    // Behind the millimetres each machine has digits of its own.
+    // Digits after the millimetres differ from machine to machine.
     if (finding.metres) told.back()["metres"] = std::round(*finding.metres * 1e3) / 1e3;
   }
   nlohmann::ordered_json const line{{"definition", utf8(terminal::to_wide(text))},

@@ -1,5 +1,5 @@
-// The commands that judge definitions. Texts are in the shell's encoding; what cannot
-// be done is Terror.
+// The commands that check and compare definitions. Texts are in the shell's encoding; a
+// failure is Terror.
 #pragma once
 
 #include <iosfwd>
@@ -10,13 +10,13 @@
 
 namespace comparisons {
 
-// Prints a line for each parameter that differs, and how far apart the two systems
-// place the same coordinates. The result is the exit status: 1 where they differ.
+// Prints a line for each parameter that differs, and how far apart the same coordinates
+// lie in the two systems. The result is the exit status: 1 where they differ.
 int diff(std::ostream& out, std::string const& first, std::string const& second);
 
-// Prints what becomes of definitions, of files and, for "-", of the lines of standard
-// input, in sentences or as a line of JSON for each. The result is the exit status:
-// 0 where there is nothing to say, 1 where there is, 2 for what cannot be read.
+// Prints findings about definitions and files and, for "-", about the lines of standard
+// input: in sentences, or as one line of JSON for each text. The result is the exit
+// status: 0 without a finding, 1 with findings, 2 for a text that cannot be read.
 int check(std::ostream& out, std::vector<std::string> const& texts, bool json, Tzu_env& env);
 
 }  // namespace comparisons

@@ -28,7 +28,7 @@ namespace {
 using text_lines::in_one_line;
 using text_lines::in_quotes;
 
-// Collects what GDAL and PROJ say while a conversion runs.
+// Collects the messages of GDAL and PROJ during a conversion.
 class Treasons {
  public:
   Treasons() {
@@ -38,7 +38,7 @@ class Treasons {
   Treasons(Treasons const&) = delete;
   Treasons& operator=(Treasons const&) = delete;
 
-  // ": what was said" in one line, or nothing; it is forgotten then.
+  // Returns the messages in one line after ": ", or nothing, and forgets them.
   std::string take() { return std::exchange(text_, {}); }
 
  private:
@@ -52,7 +52,7 @@ class Treasons {
   std::string text_;
 };
 
-// What `produce` feeds, in wide text; false when it fails.
+// Puts the text that `produce` feeds into `text`; false when it fails.
 using producer = std::function<bool(Izu_string_adp*)>;
 
 bool collect(producer const& produce, std::wstring& text) {
@@ -67,7 +67,7 @@ bool is_esri_name(std::string_view name) {
 
 using convert_text = std::function<bool(wchar_t const*, Izu_string_adp*)>;
 
-// What a text gives; throws `failure` and why.
+// Converts a text; throws `failure` with the reason.
 std::string converted(std::string const& text, convert_text const& convert,
                       std::string const& failure) {
   Treasons reasons;
@@ -82,7 +82,7 @@ std::string no_esri(std::string const& definition) {
   return "cannot convert " + in_quotes(definition) + " to ESRI WKT";
 }
 
-// The message of a failure does not name the file.
+// The text of its exception does not name the file.
 std::string read_file(std::string const& name, bool is_esri) {
   std::wstring const wide = terminal::to_wide(name);
   if (!zu::file::exists(wide)) throw Terror("no such file");
@@ -141,7 +141,7 @@ int convert(std::vector<std::string> const& names, std::string const& kind,
   std::wstring const wide_folder = terminal::to_wide(folder);
   if (!folder.empty() && !zu::file_system::make_folders(wide_folder))
     throw Terror("cannot make the folder " + folder);
-  // The inputs, and the outputs with the input that each is of.
+  // The inputs, and the outputs, each with its input.
   std::set<std::wstring> inputs;
   std::map<std::wstring, std::string> outputs;
   for (std::string const& name : names)
@@ -153,7 +153,7 @@ int convert(std::vector<std::string> const& names, std::string const& kind,
         terminal::to_wide("." + kind));
     std::wstring const identity = zu::file_system::identity(target);
     std::string const shown = terminal::from_wide(target);
-    // No file of the same run may be lost.
+    // A run must not overwrite its own inputs and outputs.
     if (identity == zu::file_system::identity(wide)) throw Terror("would overwrite itself");
     if (inputs.contains(identity))
       throw Terror("would overwrite " + shown + ", which is to be converted, too");
@@ -201,7 +201,7 @@ void save(std::string const& definition, std::string const& name) {
   std::wstring const wide = terminal::to_wide(name);
   std::wstring const text = terminal::to_wide(definition);
   if (!is_esri_name(name)) {
-    // The file is in the system's code page.
+    // The file is in the system's code page; this throws where that is not possible.
     terminal::to_library(definition);
     if (!Tzu_add_file::save_pj4_ini(wide, text)) throw Terror("cannot write " + name);
     return;
@@ -209,7 +209,7 @@ void save(std::string const& definition, std::string const& name) {
   Treasons reasons;
   if (zu_pj4_export_esri_prj(text.c_str(), wide.c_str()) != 0) return;
   std::string const reason = reasons.take();
-  // The conversion may have failed, or the write after it.
+  // Finds out whether the conversion failed or the write after it.
   std::wstring ignored;
   auto const produce = [&](Izu_string_adp* adapter) {
     return zu_pj4_export_esri(text.c_str(), adapter) != 0;

@@ -1,7 +1,6 @@
-// The commands that turn definitions into other notations and back. Texts are in
-// the shell's encoding. Of several texts or files each failure is told on `env`,
-// the rest is still done, and the result is the exit status; of one a failure is
-// Terror.
+// The commands that convert definitions to other notations and back. Texts are in the
+// shell's encoding. A command for several texts or files reports each failure on `env`,
+// does the others, and returns the exit status. A command for one text throws Terror.
 #pragma once
 
 #include <iosfwd>
@@ -13,28 +12,29 @@
 
 namespace conversions {
 
-// Print one line for each text, empty where it fails; "-" reads them from
-// standard input.
+// Print one line for each text, empty where it fails; "-" reads the texts from standard
+// input.
 int to_esri(std::vector<std::string> const& definitions, Tzu_env& env, Tlosses const& losses);
 int import(std::vector<std::string> const& texts, Tzu_env& env, Tlosses const& losses);
 
 // The definition of one file, or of standard input for "-".
 std::string from_esri(std::string const& name);
 
-// Files of either kind, told apart by the extension ".prj"; `kind` is "pj4" or
-// "prj", an empty folder is each file's own. No input of the run is overwritten.
+// Converts files of both kinds; a ".prj" file is known by its extension. `kind` is "pj4"
+// or "prj". With an empty `folder` each result is in the folder of its input. No input
+// of the run is overwritten.
 int convert(std::vector<std::string> const& names, std::string const& kind,
             std::string const& folder, Tzu_env& env, Tlosses const& losses);
 
-// One definition file, by its extension.
+// One definition file; its extension tells the kind.
 std::string load(std::string const& name);
 void save(std::string const& definition, std::string const& name);
 
-// All known systems, a line each: row, name, whether it is confirmed, and the
-// definition of one that is.
+// Prints all known systems, one line each: row, name, whether it is confirmed, and the
+// definition of a confirmed one.
 void list_known(std::ostream& out);
-// The name of the known system that a definition equals; of a name, what is
-// known under it. False when nothing is.
+// For a definition prints the name of the known system that is equal, for a name the
+// definition and the WKT of that system. False when there is no such system.
 bool show_known(std::ostream& out, std::string const& definition_or_name);
 
 }  // namespace conversions

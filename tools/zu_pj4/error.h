@@ -1,4 +1,4 @@
-// What ends a command.
+// Errors and exit statuses of commands.
 #pragma once
 
 #include <stdexcept>
@@ -6,7 +6,7 @@
 constexpr int exit_some_failed = 1;
 constexpr int exit_error = 2;
 
-// Shown in one line on standard error.
+// Ends a command. Its text is one line on standard error.
 class Terror : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

@@ -10,7 +10,7 @@
 
 namespace transformations {
 
-// Where the two numbers of its point stand.
+// A line, and the places of the two numbers of its point.
 struct line_view {
   std::string_view text;
   std::size_t x_begin = 0;
@@ -33,8 +33,8 @@ std::size_t skip_blanks(std::string_view text, std::size_t at) {
   return at;
 }
 
-// Reads the column from `begin` on. All of it has to be a number: of degrees with
-// minutes the degrees alone would be another point.
+// Reads the column that begins at `begin`. The whole column must be a number: from
+// degrees with minutes, the degrees alone would be another point.
 std::optional<double> take_number(std::string_view text, std::size_t begin, std::size_t& end) {
   end = begin;
   while (end < text.size() && !ends_number(text[end])) ++end;
@@ -52,7 +52,7 @@ line_view parse(std::string_view text) {
   line.x_begin = skip_blanks(text, 0);
   auto const x = take_number(text, line.x_begin, line.x_end);
   if (!x) return line;
-  // Between two marks there is an empty column, which is no number.
+  // Skips one mark only: two marks have an empty column between them, which is no number.
   line.y_begin = skip_blanks(text, line.x_end);
   if (line.y_begin < text.size() && is_mark(text[line.y_begin]))
     line.y_begin = skip_blanks(text, line.y_begin + 1);
@@ -92,7 +92,8 @@ std::string_view Tline_worker::finish() {
   return std::exchange(untold_, {});
 }
 
-// Fewer lines at a time than would be shared among threads once more.
+// Takes fewer lines at a time than the size of array that the transformer shares among
+// threads: the workers are threads already.
 void Tline_worker::transform_lines() {
   std::size_t const limit = Tzu_reproj_xy_exec::get_parallel_size() - 1;
   lines_.clear();

@@ -1,4 +1,4 @@
-// Lines of text whose first two columns are points, on one thread.
+// Transforms lines of text with a point in the first two columns, on one thread.
 #pragma once
 
 #include <cstdint>
@@ -22,8 +22,8 @@ class Tline_worker {
   Tline_worker(Tline_worker const&) = delete;
   Tline_worker& operator=(Tline_worker const&) = delete;
 
-  // Takes what inits a PROJ step, and tells the digits. False when there is no
-  // transformation. Costs nothing the second time.
+  // Takes the two systems and the number of digits from `systems`. False when there is no
+  // transformation. A second call does nothing.
   template <class Systems>
   bool init(Systems const& systems, reproj_direction direction) {
     digits_ = systems.digits();
@@ -31,14 +31,15 @@ class Tline_worker {
     return exec_.has_operation() || systems.init(exec_);
   }
 
-  // Swaps a text of whole lines with the one before, and starts on it; on a thread of
-  // its own where there is one to be had. Otherwise it is done by now.
+  // Takes a text of whole lines, gives the text before it back, and starts to transform
+  // it on a new thread. Where the system has no thread left, it transforms before it
+  // returns.
   void start(std::string& text);
-  // What has become of the text, once; nothing without one. Valid until the next
-  // start. Throws what went wrong.
+  // Waits, and returns the transformed text, or nothing when that was returned before.
+  // Valid until the next start. Throws the exception of the thread.
   std::string_view finish();
 
-  // The points so far, and those of them that could not be transformed.
+  // The numbers of all points so far, and of the points that failed.
   std::uint64_t count() const { return count_; }
   std::uint64_t failed() const { return failed_; }
 
@@ -53,15 +54,15 @@ class Tline_worker {
   reproj_direction direction_ = reproj_direction::forward;
   Tzu_reproj_xy_exec exec_;
   std::string text_;
-  std::string_view rest_;  // of the text, still to be done
+  std::string_view rest_;  // the part of the text that is not transformed yet
   std::vector<line_view> lines_;
   Tzu_xy_array points_;
   std::string output_;
-  std::string_view untold_;  // of the output
+  std::string_view untold_;  // the output, until finish returns it
   std::uint64_t count_ = 0;
   std::uint64_t failed_ = 0;
   std::exception_ptr failure_;
-  zu::Tthread thread_;  // joined before the rest goes
+  zu::Tthread thread_;  // the last member, so that it ends before the others go
 };
 
 }  // namespace transformations

@@ -1,4 +1,4 @@
-// What definitions lose on being read, for who called the program.
+// Reports what definitions lose when the library reads them.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@
 
 enum class loss_mode { warn, refuse, quiet };
 
-// A definition that would lose something where nothing may be lost.
+// A definition loses something, and the user does not allow that.
 class Tloss_error : public Terror {
  public:
   using Terror::Terror;
@@ -20,13 +20,13 @@ class Tlosses {
   // The environment must outlive this.
   Tlosses(Tzu_env& env, loss_mode mode) : env_(&env), mode_(mode) {}
 
-  // Tells each loss of a definition in the library's encoding, behind `where`, which
-  // ends in ": " or is empty. Throws Tloss_error instead where that is wanted.
+  // Reports each loss of a definition in the library's encoding. `where` stands before
+  // the report; it ends in ": " or is empty. Throws Tloss_error in the mode `refuse`.
   void tell(std::string_view definition, std::string const& where = {}) const;
-  // Tells of a system that PROJ took for a text that is only like its name, in UTF-8;
-  // empty when it did not.
+  // Reports the name of the system that PROJ chose for a text that is only similar to that
+  // name. UTF-8; an empty name is not reported.
   void tell_name_taken(std::string const& name, std::string const& where) const;
-  // The same of a sentence.
+  // Reports one sentence in the same way.
   void tell_one(std::string const& sentence) const;
 
  private:

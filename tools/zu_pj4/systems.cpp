@@ -28,7 +28,7 @@ std::string shown(std::string const& text) {
   return terminal::from_wide(zu::strconv::from_utf8(text));
 }
 
-// No definition, in any notation, has none of these.
+// A definition, in any notation, has at least one of these characters.
 bool may_be_id(std::string_view text) {
   return text.find_first_of("+=[{\n") == std::string_view::npos;
 }

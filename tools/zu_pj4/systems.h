@@ -1,4 +1,4 @@
-// Coordinate systems by what they are called. Texts are in the shell's encoding.
+// Coordinate systems by name or code. Texts are in the shell's encoding.
 #pragma once
 
 #include <cstddef>
@@ -8,15 +8,16 @@
 
 namespace systems {
 
-// A definition as it is, or the one of a system that is named by its id: a code
+// Returns a definition as it is. For an id returns its definition: a code
 // ("EPSG:28407"), a known system ("Russia_Cadastre_50_1"), a zone ("UTM_North_37").
-// Terror for an id that nobody has or that has no definition.
+// Terror for an unknown id and for one without a definition.
 std::string definition_of(std::string const& text);
 
-// The same of a system in any notation; a text with "+proj=" is a definition.
+// The same for a system in any notation; a text with "+proj=" is a definition.
 std::string definition_in_any(std::string const& text);
 
-// The same of a known system and a zone only: PROJ knows the others itself.
+// The same for a known system and a zone only; any other text is returned as it is,
+// because PROJ reads it itself.
 std::string known_to_proj(std::string const& text);
 
 struct search {
@@ -28,8 +29,8 @@ struct search {
   bool json = false;
 };
 
-// Prints what is found, the best first: a line each with tabs between id, name and
-// area, or of JSON. The result is the exit status.
+// Prints the systems found, the best one first: one line each with tabs between id, name
+// and area, or one line of JSON each. The result is the exit status.
 int find(std::ostream& out, search const& wanted);
 
 }  // namespace systems

@@ -33,7 +33,7 @@ std::wstring to_wide(std::string_view text) { return zu::strconv::from_system(te
 std::string from_wide(std::wstring_view text) { return zu::strconv::to_system(text); }
 std::filesystem::path to_path(std::string const& name) { return name; }
 
-// The library's encoding is this one.
+// The library has the same encoding.
 std::string to_library(std::string const& text) { return text; }
 std::string from_library(std::string const& text) { return text; }
 

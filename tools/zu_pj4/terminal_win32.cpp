@@ -3,7 +3,7 @@
 #include <fcntl.h>
 #include <io.h>
 #include <windows.h>
-// After the system's header.
+// Needs the system's header first.
 #include <shellapi.h>
 
 #include <cstdio>
@@ -65,7 +65,7 @@ Tconsole_reader* console_of(std::FILE* stream) {
 
 }  // namespace
 
-// The C run-time's own are in the system's code page.
+// The arguments of main are in the system's code page, so this asks Windows.
 std::vector<std::string> arguments(int /*argc*/, char** /*argv*/) {
   int count = 0;
   std::unique_ptr<LPWSTR, local_deleter> const list(CommandLineToArgvW(GetCommandLineW(), &count));
@@ -92,7 +92,7 @@ bool is_ready(std::FILE* stream) {
   auto* const handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
   if (GetFileType(handle) == FILE_TYPE_DISK) return true;
   DWORD there = 0;
-  // The read of a closed pipe tells so at once.
+  // The read of a closed pipe returns at once; the read of a console waits for the user.
   if (PeekNamedPipe(handle, nullptr, 0, nullptr, &there, nullptr) == 0)
     return GetFileType(handle) == FILE_TYPE_PIPE;
   return there > 0;

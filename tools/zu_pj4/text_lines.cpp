@@ -34,7 +34,7 @@ void check_input() {
   if (std::cin.bad() || std::ferror(stdin) != 0) throw Terror("cannot read all of standard input");
 }
 
-// The callback gets blank lines, too.
+// Calls `act` for blank lines, too.
 template <class Act>
 void read_lines(Act act) {
   std::size_t number = 0;
@@ -67,7 +67,7 @@ std::string in_one_line(std::string_view text) {
   std::ranges::replace_if(
       line, [](char c) { return c == '\n' || c == '\r'; }, ' ');
   if (line.size() <= longest) return line;
-  // No letter is cut through.
+  // Counts letters, not bytes, so that no letter is cut.
   std::wstring const wide = terminal::to_wide(line);
   return terminal::from_wide(wide.substr(0, longest)) + (wide.size() > longest ? "..." : "");
 }

@@ -38,8 +38,8 @@ bool is_geographic(std::string const& definition) {
   return set.get_is_long_lat();
 }
 
-// The two systems of a request as its transformer takes them, and how many digits
-// its results have: those of a tenth of a millimetre, or finer.
+// The two systems of a request in the form for the transformer, and the number of digits
+// of the results: a tenth of a millimetre or finer.
 class Tsystems {
  public:
   Tsystems(request const& wanted, Tlosses const& losses) : wanted_(&wanted) {
@@ -52,7 +52,7 @@ class Tsystems {
     digits_ = wanted.digits.value_or(has_degrees ? 9 : 4);
   }
 
-  // Of a PROJ step or a chain with one.
+  // `reproj` is a PROJ step or a chain with one.
   template <class Reproj>
   bool init(Reproj& reproj) const {
     return wanted_->by_library ? reproj.init(from_.c_str(), to_.c_str())
@@ -103,9 +103,9 @@ class Tsystems {
   int digits_ = 0;
 };
 
-// A piece of the text at a time, so that input of any length takes little memory,
-// and each on a thread of its own: while one is read and another written, the
-// processors transform others.
+// Takes the text in pieces, so that input of any length needs little memory, and
+// transforms each piece on its own thread: while the program reads one piece and writes
+// another, the processors transform others.
 class Ttransformer {
  public:
   Ttransformer(request const& wanted, Tlosses const& losses)
@@ -116,7 +116,7 @@ class Ttransformer {
     systems_.tell_missing_grids(losses);
   }
 
-  // Takes whole lines, and gives the memory of an earlier piece for them.
+  // Takes a piece of whole lines, and gives the memory of an earlier piece back.
   void transform(std::string& piece) {
     Tline_worker& worker = workers_[next_];
     next_ = (next_ + 1) % workers_.size();
@@ -156,8 +156,8 @@ class Ttransformer {
 
 using text_lines::utf8_mark;
 
-// Adds to the piece until there is enough, or until more would have to be waited for,
-// which makes the result false.
+// Reads until the piece has enough bytes more, or until the program would have to wait
+// for input; the result is false then.
 bool fill(std::FILE* input, std::string& piece, std::size_t enough, bool& at_end,
           std::string const& name) {
   std::size_t size = piece.size();
@@ -219,11 +219,11 @@ int transform(request const& wanted, std::string const& file, Tzu_env& env, Tlos
   std::uint64_t const total = owned ? zu::file::size(input) : 0;
 
   constexpr std::size_t piece_size = std::size_t{512} << 10U;
-  // Less is done before anybody has read how far it is.
+  // A shorter text is done before the user could read the progress.
   constexpr std::uint64_t long_size = std::uint64_t{4} << 20U;
   std::uint64_t done = 0;
   std::string piece;
-  // The begin of a line whose end is still to come.
+  // The beginning of a line; its end is not read yet.
   std::string rest;
   for (bool at_end = false; !at_end;) {
     piece.swap(rest);
@@ -241,7 +241,7 @@ int transform(request const& wanted, std::string const& file, Tzu_env& env, Tlos
     piece.resize(whole);
     done += whole;
     if (!piece.empty()) transformer.transform(piece);
-    // Who asks point by point has the answer before the next question.
+    // A program that asks point by point gets each answer before its next question.
     if (waits) {
       transformer.finish();
       std::cout.flush();

@@ -1,4 +1,4 @@
-// The command-line program: what the library knows, for a shell.
+// The command-line program: the functions of the library for a shell.
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -34,7 +34,7 @@ constexpr int exit_cancelled = 1;
 
 using convert_definition = std::function<std::string(std::string const&)>;
 
-// Prints what `convert` makes of each definition; it works on the library's texts.
+// Prints the result of `convert` for each definition; both are in the library's encoding.
 int print_each(std::vector<std::string> const& definitions, Tzu_env& env, Tlosses const& losses,
                convert_definition const& convert) {
   auto const line_of = [&](std::string const& text, std::string const& where) {
@@ -77,7 +77,7 @@ int describe(std::string const& definition, bool is_short, Tzu_env& env, Tlosses
   bool const is_stream = definition == "-";
   auto const tell = [&](std::string const& text, std::string const& where) {
     std::string told = transformations::describe(text, is_short, losses, where);
-    // The line that follows ends the text; a blank one parts those of a stream.
+    // The caller adds a line end. In a stream a blank line follows each description.
     if (is_short || !is_stream) told.pop_back();
     return told;
   };
@@ -85,7 +85,7 @@ int describe(std::string const& definition, bool is_short, Tzu_env& env, Tlosses
 }
 
 int edit(std::string const& definition, Tlosses const& losses) {
-  // Without a display the dialog's call would be the same as a cancelled one.
+  // Fails without a display; the dialog itself would only look cancelled.
   zu::vcl::Tzu_look_scope const look;
   zu::vcl::start();
   unsigned char changed = 0;
@@ -128,7 +128,7 @@ int known(options const& chosen) {
   return 0;
 }
 
-// What is wrong with it; empty when nothing.
+// An error message; empty when the folder exists.
 std::string check_folder(std::string const& name) {
   std::error_code ignored;
   if (std::filesystem::is_directory(terminal::to_path(name), ignored)) return "";
@@ -139,7 +139,7 @@ void use_options(options const& chosen) {
   if (!chosen.catalogue.empty())
     Tzu_pj_dbf::set_catalogue_folder(terminal::to_library(chosen.catalogue));
   if (chosen.lang.empty()) return;
-  // The host's language is fetched once; only what is set after that stays.
+  // The first call of get_auto_lang overwrites the language, so it comes first.
   Tzu_rc::get_auto_lang();
   Tzu_rc::set_lang(chosen.lang == "ru" ? 1 : 0);
 }
@@ -236,7 +236,7 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
   app.set_version_flag("--version", "zu_pj4 " ZU_PJ_EDIT_VERSION);
   app.require_subcommand(1);
   app.fallthrough();
-  // A text or file name may begin with a slash on Windows, too.
+  // On Windows, too, a text or a file name may begin with a slash.
   app.allow_windows_style_options(false);
   app.add_option("--catalogue", chosen.catalogue,
                  "folder with the catalogue's tables (default: prj_def beside this program)")
@@ -318,14 +318,14 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
   auto* const find_command = add_find_command(app, chosen);
   auto const [check_command, diff_command] = add_comparison_commands(app, chosen);
 
-  // Behind the commands, whose own help needs none of it.
+  // After the commands, because the help of a command does not show it.
   app.footer(
       "Example: zu_pj4 normalize \"+units=m +proj=utm +zone=37 +datum=WGS84\"\n"
       "Exit status: 0 done, 1 cancelled by the user (edit) or not all done (streams, to-esri,\n"
       "import, convert, transform), 2 error.");
 
   try {
-    // The parser takes them from the last to the first.
+    // The parser wants the last argument first.
     std::ranges::reverse(arguments);
     app.parse(std::move(arguments));
   } catch (CLI::Success const& request) {
@@ -383,7 +383,7 @@ int run(int argc, char** argv, Tzu_env& env) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  // Whoever starts the program may have switched traps on in it.
+  // The program that starts this one may have switched floating-point traps on.
   zu::Tfloat_scope const floats;
   Tzu_env_console env;
   try {

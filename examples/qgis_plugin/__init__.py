@@ -1,0 +1,7 @@
+"""A plug-in for QGIS: the dialog of zu_pj_edit edits its coordinate systems."""
+
+
+def classFactory(iface):  # pylint: disable=invalid-name
+    """What QGIS calls."""
+    from .plugin import Plugin  # pylint: disable=import-outside-toplevel
+    return Plugin(iface)
