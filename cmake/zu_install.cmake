@@ -34,9 +34,17 @@ if(ZU_BUILD_PROGRAMS)
   if(TARGET make_prj_def)
     install(TARGETS make_prj_def RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
   endif()
-  configure_file("${PROJECT_SOURCE_DIR}/man/zu_pj4.1.in" "${PROJECT_BINARY_DIR}/man/zu_pj4.1" @ONLY)
-  install(FILES "${PROJECT_BINARY_DIR}/man/zu_pj4.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1"
-    COMPONENT tools)
+  foreach(program zu_pj4 make_prj_def)
+    configure_file("${PROJECT_SOURCE_DIR}/man/${program}.1.in" "${PROJECT_BINARY_DIR}/man/${program}.1" @ONLY)
+    if(TARGET ${program})
+      install(FILES "${PROJECT_BINARY_DIR}/man/${program}.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1"
+        COMPONENT tools)
+    endif()
+  endforeach()
+  if(NOT WIN32)
+    install(FILES man/zu_pj4.bash DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions"
+      RENAME zu_pj4 COMPONENT tools)
+  endif()
 endif()
 
 # Windows libraries look for the catalogue and for PROJ's database beside themselves.

@@ -1,10 +1,7 @@
 { A host in Pascal with a window and a message loop of its own, for Windows. A
   division by zero is an exception to it, as Pascal's run time has set it up.
-
-    host_win32 DEFINITION...    opens the dialog on each in turn, prints the results
-
-  While the dialog is open and the host's own timer ticks, the title of the
-  host's window is "ticking". }
+  Options and output are those of the other sample hosts; see host_common.h.
+  Without --times it opens the dialog once and shows the result. }
 program host_win32;
 
 {$mode objfpc}{$H+}
@@ -19,29 +16,41 @@ type
 const
   class_name = 'zu_host_pas';
   message_edit = WM_APP;
+  tick_ms = 50;
 
 var
   execute: TExecute;
-  is_open: Boolean;
+  times: Integer = 0;
+  is_open: Boolean = False;
+  ticks: Integer = 0;
+  definition: AnsiString =
+    '+proj=tmerc +lon_0=78.05 +lat_0=0 +x_0=4500000 +y_0=-5811057.628 +k_0=1 ' +
+    '+towgs84=24.82,-131.21,-82.66,0,0,0.16,-0.12 +ellps=krass +units=m +lon_wrap=45 +no_defs';
 
-procedure edit(window: HWND; number: Integer);
+procedure edit(window: HWND);
 var
   mask: TFPUExceptionMask;
   mxcsr: DWord;
-  definition: AnsiString;
-  changed: Byte;
+  after: AnsiString;
+  changed: Byte = 0;
 begin
   mask := GetExceptionMask;
   mxcsr := GetMXCSR;
-  changed := 0;
   is_open := True;
+  ticks := 0;
   { The text belongs to the library; the assignment makes our copy. }
-  definition := execute(window, PAnsiChar(AnsiString(ParamStr(number))), @changed);
+  after := execute(window, PAnsiChar(definition), @changed);
   is_open := False;
-  SetWindowText(window, class_name);
-  WriteLn(changed, ' ', definition);
+  if times = 0 then
+    MessageBox(window, PAnsiChar(after), 'The definition now', MB_OK);
+  WriteLn('before: ', definition);
+  WriteLn('after: ', after);
+  WriteLn('changed: ', changed);
+  WriteLn('ticks: ', ticks);
   if (GetExceptionMask <> mask) or (GetMXCSR <> mxcsr) then
     WriteLn('the exception mask is another');
+  Flush(Output);
+  definition := after;
 end;
 
 function on_message(window: HWND; message: UINT; first: WPARAM; second: LPARAM): LRESULT; stdcall;
@@ -50,14 +59,15 @@ begin
   case message of
     WM_TIMER:
       if is_open then
-        SetWindowText(window, 'ticking');
+        Inc(ticks);
     message_edit:
-      if first > ParamCount then
-        DestroyWindow(window)
-      else
       begin
-        edit(window, first);
-        PostMessage(window, message_edit, first + 1, 0);
+        edit(window);
+        Dec(times);
+        if times > 0 then
+          PostMessage(window, message_edit, 0, 0)
+        else
+          DestroyWindow(window);
       end;
     WM_DESTROY:
       PostQuitMessage(0);
@@ -83,19 +93,42 @@ begin
   end;
 end;
 
+procedure start;
 var
-  library_handle: HMODULE;
+  library_path: string;
+  i: Integer = 1;
+begin
+  library_path := ExtractFilePath(ParamStr(0)) + 'zu_pj_edit.dll';
+  while i <= ParamCount do
+  begin
+    if ParamStr(i) = '--times' then
+    begin
+      Inc(i);
+      times := StrToInt(ParamStr(i));
+    end
+    else if ParamStr(i) = '--library' then
+    begin
+      Inc(i);
+      library_path := ParamStr(i);
+    end
+    else
+      definition := ParamStr(i);
+    Inc(i);
+  end;
+  Pointer(execute) := GetProcAddress(LoadLibrary(PChar(library_path)), 'zu_proj4_form_execute');
+  if execute = nil then
+  begin
+    WriteLn(StdErr, 'host_win32: cannot load ', library_path);
+    Halt(1);
+  end;
+end;
+
+var
   kind: WNDCLASS;
   window: HWND;
   message: MSG;
 begin
-  library_handle := LoadLibrary(PChar(ExtractFilePath(ParamStr(0)) + 'zu_pj_edit.dll'));
-  Pointer(execute) := GetProcAddress(library_handle, 'zu_proj4_form_execute');
-  if execute = nil then
-  begin
-    WriteLn(StdErr, 'host_win32: zu_pj_edit.dll is not beside this program');
-    Halt(1);
-  end;
+  start;
   FillChar(kind, SizeOf(kind), 0);
   kind.lpfnWndProc := @on_message;
   kind.hInstance := HInstance;
@@ -104,8 +137,8 @@ begin
   RegisterClass(kind);
   window := CreateWindow(class_name, class_name, WS_OVERLAPPEDWINDOW or WS_VISIBLE, 50, 50, 400, 300,
     0, 0, HInstance, nil);
-  SetTimer(window, 1, 50, nil);
-  PostMessage(window, message_edit, 1, 0);
+  SetTimer(window, 1, tick_ms, nil);
+  PostMessage(window, message_edit, 0, 0);
   while GetMessage(message, 0, 0, 0) do
   begin
     TranslateMessage(message);

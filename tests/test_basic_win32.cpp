@@ -133,6 +133,22 @@ TEST(Session_win32, knows_user_and_computer_as_the_environment_does) {
   EXPECT_FALSE(zu::session::is_terminal(null.get()));
 }
 
+TEST(Session_win32, takes_the_pipes_of_posix_shells_for_terminals) {
+  using row = std::tuple<wchar_t const*, bool>;
+  for (auto const& [name, is_terminal] :
+       {row(LR"(\\.\pipe\msys-1888ae32e00d56aa-pty0-to-master)", true),
+        row(LR"(\\.\pipe\cygwin-e022582115c10879-pty4-from-master)", true),
+        row(LR"(\\.\pipe\msys-1888ae32e00d56aa-517-pipe-0x1)", false),
+        row(LR"(\\.\pipe\other-1888ae32e00d56aa-pty0-to-master)", false)}) {
+    HANDLE const server = CreateNamedPipeW(name, PIPE_ACCESS_DUPLEX, 0, 1, 512, 512, 0, nullptr);
+    ASSERT_NE(server, INVALID_HANDLE_VALUE);
+    zu::file::stream const stream(_wfopen(name, L"r+b"));
+    ASSERT_TRUE(stream);
+    EXPECT_EQ(zu::session::is_terminal(stream.get()), is_terminal) << name;
+    CloseHandle(server);
+  }
+}
+
 TEST(File_system_win32, case_does_not_count_and_attributes_do) {
   Ttemp_folder const folder;
   std::wstring const name = folder.wide(L"\u0416\u4E2D.PJ4");

@@ -16,8 +16,8 @@ namespace terminal {
 // The arguments after the program's name.
 std::vector<std::string> arguments(int argc, char** argv);
 
-// Sets standard input and output to pass bytes unchanged, and a console to this encoding
-// until the program ends.
+// Makes standard input and output pass bytes as they are, and a console read and show
+// texts in the encoding until the program ends.
 void prepare_streams();
 
 // Reads what the stream has now, and waits only for the first byte; 0 is the end of the

@@ -7,9 +7,11 @@
 #include <shellapi.h>
 
 #include <cstdio>
+#include <iostream>
 #include <memory>
 #include <stdexcept>
 
+#include "console_win32.h"
 #include "text/strconv.h"
 
 namespace terminal {
@@ -19,24 +21,47 @@ struct local_deleter {
   void operator()(LPWSTR* list) const noexcept { LocalFree(list); }
 };
 
-// Restores the console's code pages: the console stays after the program has ended.
-class Tconsole_pages {
+// The program's streams on a console, until the program ends.
+class Tconsole_streams {
  public:
-  Tconsole_pages() : input_(GetConsoleCP()), output_(GetConsoleOutputCP()) {
-    SetConsoleCP(CP_UTF8);
-    SetConsoleOutputCP(CP_UTF8);
+  Tconsole_streams()
+      : input_(open_console_reader(stdin)),
+        output_(open_console_writer(stdout)),
+        errors_(open_console_writer(stderr)) {
+    if (input_) std::cin.rdbuf(input_.get());
+    if (output_) std::cout.rdbuf(output_.get());
+    if (errors_) std::cerr.rdbuf(errors_.get());
   }
-  ~Tconsole_pages() {
-    SetConsoleCP(input_);
-    SetConsoleOutputCP(output_);
+  ~Tconsole_streams() {
+    std::cout.flush();
+    std::cin.rdbuf(own_input_);
+    std::cout.rdbuf(own_output_);
+    std::cerr.rdbuf(own_errors_);
   }
-  Tconsole_pages(Tconsole_pages const&) = delete;
-  Tconsole_pages& operator=(Tconsole_pages const&) = delete;
+  Tconsole_streams(Tconsole_streams const&) = delete;
+  Tconsole_streams& operator=(Tconsole_streams const&) = delete;
+
+  // Null where standard input is no console.
+  Tconsole_reader* input() { return input_.get(); }
 
  private:
-  UINT input_;
-  UINT output_;
+  std::streambuf* own_input_ = std::cin.rdbuf();
+  std::streambuf* own_output_ = std::cout.rdbuf();
+  std::streambuf* own_errors_ = std::cerr.rdbuf();
+  std::unique_ptr<Tconsole_reader> input_;
+  std::unique_ptr<Tconsole_writer> output_;
+  std::unique_ptr<Tconsole_writer> errors_;
 };
+
+Tconsole_streams& console_streams() {
+  static Tconsole_streams streams;
+  return streams;
+}
+
+// Null where the stream is another than standard input, or no console.
+Tconsole_reader* console_of(std::FILE* stream) {
+  return stream == stdin ? console_streams().input() : nullptr;
+}
 
 }  // namespace
 
@@ -51,17 +76,19 @@ std::vector<std::string> arguments(int /*argc*/, char** /*argv*/) {
 }
 
 void prepare_streams() {
-  static Tconsole_pages const pages;
+  console_streams();
   for (std::FILE* const stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
 }
 
 std::size_t read_some(std::FILE* stream, std::span<char> buffer) {
+  if (Tconsole_reader* const console = console_of(stream)) return console->read_some(buffer);
   int const got = _read(_fileno(stream), buffer.data(), static_cast<unsigned>(buffer.size()));
   if (got < 0) throw std::runtime_error("cannot read");
   return static_cast<std::size_t>(got);
 }
 
 bool is_ready(std::FILE* stream) {
+  if (Tconsole_reader const* const console = console_of(stream)) return console->has_rest();
   auto* const handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
   if (GetFileType(handle) == FILE_TYPE_DISK) return true;
   DWORD there = 0;
