@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <mutex>
 #include <utility>
 
 #include "basic/code_page.h"
@@ -45,7 +46,9 @@ std::string find_encoding(std::string_view name) {
 
 // Looked up again only when the environment names another locale: the C library is
 // slow at opening a locale, and keeps some memory for each.
-std::string const& system_encoding() {
+std::string system_encoding() {
+  static std::mutex mutex;
+  std::scoped_lock const lock(mutex);
   static std::string known_name;
   static std::string encoding;
   if (std::string_view const name = locale_name(); encoding.empty() || name != known_name) {

@@ -44,8 +44,9 @@ bool are_same(std::string const& left_text, std::string const& right_text) {
   constexpr double millimetre = 1e-3;
   constexpr double degree = std::numbers::pi / 180;
   foreign_messages::Tproj_scope const messages;
-  proj_library::object const left(proj_create(nullptr, left_text.c_str()));
-  proj_library::object const right(proj_create(nullptr, right_text.c_str()));
+  PJ_CONTEXT* const context = proj_library::current_context();
+  proj_library::object const left(proj_create(context, left_text.c_str()));
+  proj_library::object const right(proj_create(context, right_text.c_str()));
   if (!left || !right) return false;
   double const middle = central_meridian(left_text);
   bool any = false;

@@ -8,13 +8,10 @@
 namespace zu::foreign_messages {
 namespace {
 
-sink& receiver() {
-  static sink installed;
-  return installed;
-}
-
-// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
+// NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables)
+thread_local sink const* receiver = nullptr;
 thread_local bool memory_is_short = false;
+// NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables)
 
 void pass_on(char const* message) {
   if (message == nullptr) return;
@@ -22,7 +19,7 @@ void pass_on(char const* message) {
   std::bad_alloc const caught;
   if (std::string_view(message).find(caught.what()) != std::string_view::npos)
     memory_is_short = true;
-  if (receiver()) receiver()(message);
+  tell(message);
 }
 
 void CPL_STDCALL on_gdal_message(CPLErr level, CPLErrorNum number, char const* message) {
@@ -36,13 +33,14 @@ void on_proj_message(void* /*context*/, int /*level*/, char const* message) { pa
 
 }  // namespace
 
-void set_sink(sink wanted) {
-  receiver() = std::move(wanted);
-  if (receiver()) proj_log_func(nullptr, nullptr, &on_proj_message);
+Tsink_scope::Tsink_scope(sink wanted)
+    : own_(std::move(wanted)), outer_(std::exchange(receiver, &own_)) {
+  proj_log_func(proj_library::current_context(), nullptr, &on_proj_message);
 }
+Tsink_scope::~Tsink_scope() { receiver = outer_; }
 
 void tell(std::string_view message) {
-  if (receiver()) receiver()(message);
+  if (receiver != nullptr) (*receiver)(message);
 }
 
 Tscope::Tscope() : was_short_(std::exchange(memory_is_short, false)) {
@@ -55,9 +53,9 @@ Tscope::~Tscope() {
 
 bool is_memory_short() noexcept { return memory_is_short; }
 
-Tproj_scope::Tproj_scope() : level_(proj_log_level(nullptr, PJ_LOG_TELL)) {
-  proj_log_level(nullptr, receiver() ? PJ_LOG_ERROR : PJ_LOG_NONE);
+Tproj_scope::Tproj_scope() : level_(proj_log_level(proj_library::current_context(), PJ_LOG_TELL)) {
+  proj_log_level(proj_library::current_context(), receiver != nullptr ? PJ_LOG_ERROR : PJ_LOG_NONE);
 }
-Tproj_scope::~Tproj_scope() { proj_log_level(nullptr, level_); }
+Tproj_scope::~Tproj_scope() { proj_log_level(proj_library::current_context(), level_); }
 
 }  // namespace zu::foreign_messages

@@ -8,11 +8,23 @@
 
 namespace zu::foreign_messages {
 
-// Receives each message, in UTF-8, without a line end. Without a sink the messages are
-// dropped. A program installs one for its whole life. The dialog library must not: a
-// sink changes PROJ's default context, which belongs to the host.
+// Receives each message, in UTF-8, without a line end.
 using sink = std::function<void(std::string_view)>;
-void set_sink(sink wanted);
+
+// Sends the messages of this thread to a sink. Without one they are dropped. The dialog
+// library must not use this: it changes PROJ's current context, and the default context
+// belongs to the host.
+class Tsink_scope {
+ public:
+  explicit Tsink_scope(sink wanted);
+  ~Tsink_scope();
+  Tsink_scope(Tsink_scope const&) = delete;
+  Tsink_scope& operator=(Tsink_scope const&) = delete;
+
+ private:
+  sink own_;
+  sink const* outer_;
+};
 
 // Sends a message of this library to the sink.
 void tell(std::string_view message);
@@ -34,7 +46,7 @@ class Tscope {
 // the shift of a datum.
 bool is_memory_short() noexcept;
 
-// The same for PROJ's default context.
+// The same for PROJ's current context.
 class Tproj_scope {
  public:
   Tproj_scope();

@@ -67,7 +67,8 @@ bool is_of_known_authority(std::string_view text) {
   std::string joined(prefix);
   std::ranges::replace(joined, ':', '_');
   proj_library::prepare_default_context();
-  std::unique_ptr<char*, list_closer> const list(proj_get_authorities_from_database(nullptr));
+  std::unique_ptr<char*, list_closer> const list(
+      proj_get_authorities_from_database(proj_library::current_context()));
   if (!list) return false;
   for (char** name = list.get(); *name != nullptr; ++name) {
     std::string_view const authority = *name;

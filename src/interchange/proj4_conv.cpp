@@ -331,9 +331,10 @@ bool proj4_conv::feed_by_proj4(std::string const& text, Izu_string_adp* adapter)
   if (!has_database() || !named_files::has_none_but(text, shift_grids::none)) return false;
   prepare_libraries();
   foreign_messages::Tproj_scope const messages;
-  proj_library::object const system(proj_create(nullptr, text.c_str()));
+  PJ_CONTEXT* const context = proj_library::current_context();
+  proj_library::object const system(proj_create(context, text.c_str()));
   if (!system) return false;
-  char const* const exported = proj_as_proj_string(nullptr, system.get(), PJ_PROJ_4, nullptr);
+  char const* const exported = proj_as_proj_string(context, system.get(), PJ_PROJ_4, nullptr);
   std::string_view const definition = exported == nullptr ? "" : exported;
   auto const begin = definition.find("+proj=");
   if (begin == std::string_view::npos ||

@@ -1,5 +1,8 @@
 #include "proj4/proj_library.h"
 
+#include <atomic>
+#include <new>
+
 #include "basic/file.h"
 #include "basic/module.h"
 #include "basic/path.h"
@@ -22,6 +25,9 @@ void show_shipped_data(PJ_CONTEXT* context) {
   proj_context_set_search_paths(context, 1, &paths);
 }
 
+// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
+thread_local PJ_CONTEXT* context_of_thread = nullptr;
+
 }  // namespace
 
 std::string const& shipped_data_folder() {
@@ -34,11 +40,14 @@ void prepare_default_context() {
   static_cast<void>(done);
 }
 
+PJ_CONTEXT* current_context() noexcept { return context_of_thread; }
+
 bool has_database() {
-  static bool found = false;
+  // All contexts look in the same folder.
+  static std::atomic<bool> found = false;
   if (found) return true;
   prepare_default_context();
-  found = proj_context_get_database_metadata(nullptr, "EPSG.VERSION") != nullptr;
+  found = proj_context_get_database_metadata(current_context(), "EPSG.VERSION") != nullptr;
   return found;
 }
 
@@ -50,6 +59,12 @@ context make_context() {
   proj_context_set_enable_network(made.get(), 0);
   return made;
 }
+
+Tthread_context::Tthread_context() : own_(make_context()) {
+  if (!own_) throw std::bad_alloc();
+  context_of_thread = own_.get();
+}
+Tthread_context::~Tthread_context() { context_of_thread = nullptr; }
 
 bool is_name(std::string_view text) noexcept {
   return text.find_first_of(":+=[{") == std::string_view::npos;

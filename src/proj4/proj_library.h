@@ -29,13 +29,31 @@ std::string const& shipped_data_folder();
 // Tells PROJ's default context where the shipped database is. Does so once in a process.
 void prepare_default_context();
 
-// Whether PROJ's default context can read the database; PROJ reports the reason when it
+// The context for this thread's calls of PROJ: its own one, or else null, which is PROJ's
+// default context.
+PJ_CONTEXT* current_context() noexcept;
+
+// Whether the current context can read the database; PROJ reports the reason when it
 // cannot. Without a database GDAL still works, but datums lose their shift.
 bool has_database();
 
 // Makes a context for one caller. It finds the database, prints nothing and never uses the
 // network. Null only when there is not enough memory.
 context make_context();
+
+// Gives this thread a context of its own. Threads that work at the same time need one
+// each, since PROJ's default context may be used by one thread only.
+class Tthread_context {
+ public:
+  // Throws std::bad_alloc when there is not enough memory.
+  Tthread_context();
+  ~Tthread_context();
+  Tthread_context(Tthread_context const&) = delete;
+  Tthread_context& operator=(Tthread_context const&) = delete;
+
+ private:
+  context own_;
+};
 
 // Whether PROJ would look for a text among the names of its systems. Codes and definitions
 // have characters that names do not have.

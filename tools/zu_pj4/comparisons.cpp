@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <map>
+#include <memory>
 #include <nlohmann/json.hpp>
 #include <ostream>
 #include <stdexcept>
@@ -49,11 +50,13 @@ struct Tsubject {
   std::string given;       // UTF-8
 };
 
+bool is_file(std::string const& text) {
+  return text.find('=') == std::string::npos && text.find('[') == std::string::npos &&
+         zu::file::exists(terminal::to_wide(text));
+}
+
 Tsubject subject_of(std::string const& text) {
-  std::string whole = text;
-  bool const is_file = text.find('=') == std::string::npos && text.find('[') == std::string::npos &&
-                       zu::file::exists(terminal::to_wide(text));
-  if (is_file) whole = conversions::load(text);
+  std::string const whole = is_file(text) ? conversions::load(text) : text;
   std::string const definition = systems::definition_in_any(whole);
   return {terminal::to_library(definition),
           zu::strconv::to_utf8(terminal::to_wide(systems::known_to_proj(whole)))};
@@ -61,8 +64,7 @@ Tsubject subject_of(std::string const& text) {
 
 std::string utf8(std::wstring const& text) { return zu::strconv::to_utf8(text); }
 
-void print_json(std::ostream& out, std::string const& text,
-                std::vector<zu::check_finding> const& findings) {
+std::string as_json(std::string const& text, std::vector<zu::check_finding> const& findings) {
   nlohmann::ordered_json told = nlohmann::ordered_json::array();
   for (zu::check_finding const& finding : findings) {
     told.push_back({{"kind", kind_names.at(static_cast<std::size_t>(finding.kind))},
@@ -72,33 +74,54 @@ void print_json(std::ostream& out, std::string const& text,
   }
   nlohmann::ordered_json const line{{"definition", utf8(terminal::to_wide(text))},
                                     {"findings", told}};
-  out << line.dump() << '\n';
+  return line.dump() + '\n';
+}
+
+answers::answer check_one(std::string const& text, bool json, zu::Tzu_pj_editor& editor) try {
+  Tsubject const subject = subject_of(text);
+  auto const findings = zu::check_definition(subject.definition, subject.given, editor);
+  answers::answer given;
+  if (!findings.empty()) given.status = exit_some_failed;
+  if (json) {
+    given.output = as_json(text, findings);
+  } else {
+    for (zu::check_finding const& finding : findings)
+      given.notes.push_back({answers::note_kind::finding, terminal::from_wide(finding.sentence)});
+  }
+  return given;
+} catch (std::runtime_error const& error) {
+  return {{{answers::note_kind::error, error.what()}}, {}, exit_error};
 }
 
 }  // namespace
 
-int check(std::ostream& out, std::vector<std::string> const& texts, bool json, Tzu_env& env) {
-  zu::Tzu_pj_editor editor(zu::catalogue_lists::shipped());
+int check(std::vector<std::string> const& texts, bool json, text_lines::Tsetting const& setting) {
   int status = 0;
-  auto const check_one = [&](std::string const& text, std::string const& where) {
-    try {
-      Tsubject const subject = subject_of(text);
-      auto const findings = zu::check_definition(subject.definition, subject.given, editor);
-      if (!findings.empty()) status = std::max(status, exit_some_failed);
-      if (json) return print_json(out, text, findings);
-      for (zu::check_finding const& finding : findings)
-        out << where << terminal::from_wide(finding.sentence) << '\n';
-    } catch (std::runtime_error const& error) {
-      env.error(where + error.what());
-      status = exit_error;
-    }
+  auto const print = [&](answers::answer const& given, std::string const& where) {
+    text_lines::print(given, where, *setting.env);
+    status = std::max(status, given.status);
   };
+  auto const make = [json] {
+    auto const editor = std::make_shared<zu::Tzu_pj_editor>(zu::catalogue_lists::shipped());
+    auto const check_new = [json, editor](std::string const& text) {
+      return check_one(text, json, *editor);
+    };
+    auto const remembered = answers::remembering(check_new);
+    return [=](std::string const& line) -> answers::answer {
+      std::string const text(zu::str::trim(line));
+      if (text.empty()) return {};
+      // A file may change.
+      return is_file(text) ? check_new(text) : remembered(text);
+    };
+  };
+  answers::Tqueue queue(setting.jobs, make, print);
   for (std::string const& text : texts) {
     if (text == "-")
-      text_lines::for_each_line(check_one);
+      text_lines::add_lines(queue);
     else
-      check_one(text, texts.size() == 1 ? "" : text_lines::in_one_line(text) + ": ");
+      queue.add(text, texts.size() == 1 ? "" : text_lines::in_one_line(text) + ": ");
   }
+  queue.finish();
   return status;
 }
 

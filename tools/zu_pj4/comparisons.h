@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "basic/env.h"
+#include "text_lines.h"
 
 namespace comparisons {
 
@@ -17,6 +17,6 @@ int diff(std::ostream& out, std::string const& first, std::string const& second)
 // Prints findings about definitions and files and, for "-", about the lines of standard
 // input: in sentences, or as one line of JSON for each text. The result is the exit
 // status: 0 without a finding, 1 with findings, 2 for a text that cannot be read.
-int check(std::ostream& out, std::vector<std::string> const& texts, bool json, Tzu_env& env);
+int check(std::vector<std::string> const& texts, bool json, text_lines::Tsetting const& setting);
 
 }  // namespace comparisons

@@ -1,11 +1,15 @@
 #include "conversions.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <functional>
 #include <map>
+#include <new>
 #include <set>
+#include <system_error>
 #include <utility>
 
+#include "answers.h"
 #include "basic/file.h"
 #include "basic/file_system.h"
 #include "basic/path.h"
@@ -31,13 +35,7 @@ using text_lines::in_quotes;
 // Collects the messages of GDAL and PROJ during a conversion.
 class Treasons {
  public:
-  Treasons() {
-    zu::foreign_messages::set_sink([this](std::string_view text) { add(text); });
-  }
-  ~Treasons() { zu::foreign_messages::set_sink(nullptr); }
-  Treasons(Treasons const&) = delete;
-  Treasons& operator=(Treasons const&) = delete;
-
+  Treasons() : scope_([this](std::string_view text) { add(text); }) {}
   // Returns the messages in one line after ": ", or nothing, and forgets them.
   std::string take() { return std::exchange(text_, {}); }
 
@@ -50,6 +48,7 @@ class Treasons {
   }
 
   std::string text_;
+  zu::foreign_messages::Tsink_scope scope_;
 };
 
 // Puts the text that `produce` feeds into `text`; false when it fails.
@@ -103,33 +102,81 @@ std::string load_file(std::string const& name, bool is_esri) try {
   throw Terror(name + ": " + error.what());
 }
 
+std::wstring identity_of(std::string const& name) {
+  return zu::file_system::identity(terminal::to_wide(name));
+}
+
+bool is_link(std::string const& name) {
+  std::error_code ignored;
+  return std::filesystem::is_symlink(terminal::to_path(name), ignored);
+}
+
+// The name of the file that a conversion makes.
+std::string result_of(std::string const& name, std::string const& kind, std::string const& folder) {
+  std::wstring const wide = terminal::to_wide(name);
+  std::wstring const made =
+      folder.empty() ? wide
+                     : zu::path::join(terminal::to_wide(folder), zu::path::file_name_of(wide));
+  return terminal::from_wide(zu::path::replace_extension(made, terminal::to_wide("." + kind)));
+}
+
+// Why a file is not converted: a run must not overwrite its own inputs and outputs. Empty
+// when there is no reason.
+std::string refusal_of(std::string const& name, std::string const& target,
+                       std::wstring const& identity, std::set<std::wstring> const& inputs,
+                       std::map<std::wstring, std::string> const& outputs) {
+  if (inputs.contains(identity))
+    return identity == identity_of(name)
+               ? "would overwrite itself"
+               : "would overwrite " + target + ", which is to be converted, too";
+  auto const made = outputs.find(identity);
+  return made == outputs.end()
+             ? ""
+             : "would overwrite " + target + ", which was made of " + made->second;
+}
+
+void convert_file(std::string const& name, std::string const& target, Tlosses const& losses) try {
+  std::string const definition = read_file(name, is_esri_name(name));
+  losses.tell(terminal::to_library(definition));
+  save(definition, target);
+} catch (std::bad_alloc const& error) {
+  // The other files may be smaller.
+  throw Terror(error.what());
+}
+
 std::string definition_in_esri(std::string const& text) {
   return converted(text, &zu_pj4_import_esri_prj, "standard input: no ESRI WKT");
 }
 
 }  // namespace
 
-int to_esri(std::vector<std::string> const& definitions, Tzu_env& env, Tlosses const& losses) {
-  auto const convert = [&losses](std::string const& text, std::string const& where) {
-    std::string const definition = systems::definition_of(text);
-    std::string wkt = converted(definition, &zu_pj4_export_esri, no_esri(text));
-    losses.tell(terminal::to_library(definition), where);
-    return wkt;
+int to_esri(std::vector<std::string> const& definitions, text_lines::Tsetting const& setting) {
+  auto const make = [](Tlosses const& losses) {
+    return [losses](std::string const& text) {
+      std::string const definition = systems::definition_of(text);
+      std::string wkt = converted(definition, &zu_pj4_export_esri, no_esri(text));
+      losses.tell(terminal::to_library(definition));
+      return wkt;
+    };
   };
-  return text_lines::print_each(definitions, env, text_lines::on_failure::go_on, convert);
+  return text_lines::print_each(definitions, setting, text_lines::on_failure::go_on,
+                                text_lines::equal_texts::remember, make);
 }
 
-int import(std::vector<std::string> const& texts, Tzu_env& env, Tlosses const& losses) {
-  auto const convert = [&losses](std::string const& text, std::string const& where) {
-    zu::proj4_conv converter;
-    auto const by_converter = [&converter](wchar_t const* wide, Izu_string_adp* adapter) {
-      return converter.import_crs(wide, adapter);
+int import(std::vector<std::string> const& texts, text_lines::Tsetting const& setting) {
+  auto const make = [](Tlosses const& losses) {
+    return [losses](std::string const& text) {
+      zu::proj4_conv converter;
+      auto const by_converter = [&converter](wchar_t const* wide, Izu_string_adp* adapter) {
+        return converter.import_crs(wide, adapter);
+      };
+      std::string definition = converted(text, by_converter, "cannot import " + in_quotes(text));
+      losses.tell_name_taken(converter.get_name_taken(), {});
+      return definition;
     };
-    std::string definition = converted(text, by_converter, "cannot import " + in_quotes(text));
-    losses.tell_name_taken(converter.get_name_taken(), where);
-    return definition;
   };
-  return text_lines::print_each(texts, env, text_lines::on_failure::go_on, convert);
+  return text_lines::print_each(texts, setting, text_lines::on_failure::go_on,
+                                text_lines::equal_texts::remember, make);
 }
 
 std::string from_esri(std::string const& name) {
@@ -137,53 +184,60 @@ std::string from_esri(std::string const& name) {
 }
 
 int convert(std::vector<std::string> const& names, std::string const& kind,
-            std::string const& folder, Tzu_env& env, Tlosses const& losses) {
-  std::wstring const wide_folder = terminal::to_wide(folder);
-  if (!folder.empty() && !zu::file_system::make_folders(wide_folder))
+            std::string const& folder, text_lines::Tsetting const& setting) {
+  if (!folder.empty() && !zu::file_system::make_folders(terminal::to_wide(folder)))
     throw Terror("cannot make the folder " + folder);
+  auto const target_of = [&](std::string const& name) { return result_of(name, kind, folder); };
   // The inputs, and the outputs, each with its input.
   std::set<std::wstring> inputs;
   std::map<std::wstring, std::string> outputs;
-  for (std::string const& name : names)
-    inputs.insert(zu::file_system::identity(terminal::to_wide(name)));
-  auto const convert_one = [&](std::string const& name) {
-    std::wstring const wide = terminal::to_wide(name);
-    std::wstring const target = zu::path::replace_extension(
-        folder.empty() ? wide : zu::path::join(wide_folder, zu::path::file_name_of(wide)),
-        terminal::to_wide("." + kind));
-    std::wstring const identity = zu::file_system::identity(target);
-    std::string const shown = terminal::from_wide(target);
-    // A run must not overwrite its own inputs and outputs.
-    if (identity == zu::file_system::identity(wide)) throw Terror("would overwrite itself");
-    if (inputs.contains(identity))
-      throw Terror("would overwrite " + shown + ", which is to be converted, too");
-    if (auto const made = outputs.find(identity); made != outputs.end())
-      throw Terror("would overwrite " + shown + ", which was made of " + made->second);
-    std::string const definition = read_file(name, is_esri_name(name));
-    losses.tell(terminal::to_library(definition), name + ": ");
-    save(definition, shown);
-    outputs.emplace(identity, name);
-  };
+  for (std::string const& name : names) inputs.insert(identity_of(name));
+
   std::size_t done = 0;
   std::size_t failed = 0;
   int status = 0;
+  auto const print = [&](answers::answer const& given, std::string const& name) {
+    text_lines::print(given, name + ": ", *setting.env);
+    if (given.status != 0) ++failed;
+    status = std::max(status, given.status);
+    setting.env->wait(++done, names.size(), "converting");
+  };
+  auto const take = [&](answers::answer const& given, std::string const& name) {
+    if (given.status != 0) outputs.erase(identity_of(target_of(name)));
+    print(given, name);
+  };
+  auto const make = [&](Tlosses const& losses) {
+    return [&, losses](std::string const& name) {
+      convert_file(name, target_of(name), losses);
+      return std::string();
+    };
+  };
+  answers::Tqueue queue(
+      setting.jobs, [&] { return text_lines::make_answerer(*setting.losses, make); }, take);
   for (std::string const& name : names) {
-    try {
-      convert_one(name);
-    } catch (Tloss_error const& error) {
-      env.error(error.what());
-      ++failed;
-      status = exit_error;
-    } catch (std::exception const& error) {
-      env.error(name + ": " + error.what());
-      ++failed;
+    std::string const target = target_of(name);
+    std::wstring identity = identity_of(target);
+    // An earlier conversion may fail, or make the file that a link leads to.
+    if (outputs.contains(identity) || is_link(target)) {
+      queue.finish();
+      identity = identity_of(target);
     }
-    env.wait(++done, names.size(), "converting");
+    std::string const reason = refusal_of(name, target, identity, inputs, outputs);
+    if (reason.empty()) {
+      outputs.emplace(identity, name);
+      queue.add(name, name);
+    } else {
+      queue.finish();
+      print({{{answers::note_kind::error, reason}}, {}, exit_some_failed}, name);
+    }
   }
-  env.finished(std::to_string(done - failed) + " of " + std::to_string(done) + " files converted");
-  if (failed == 0) return 0;
-  env.error(std::to_string(failed) + " of " + std::to_string(done) + " files not converted");
-  return std::max(status, exit_some_failed);
+  queue.finish();
+  setting.env->finished(std::to_string(done - failed) + " of " + std::to_string(done) +
+                        " files converted");
+  if (failed != 0)
+    setting.env->error(std::to_string(failed) + " of " + std::to_string(done) +
+                       " files not converted");
+  return status;
 }
 
 std::string load(std::string const& name) {

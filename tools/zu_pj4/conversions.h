@@ -1,21 +1,20 @@
 // The commands that convert definitions to other notations and back. Texts are in the
-// shell's encoding. A command for several texts or files reports each failure on `env`,
-// does the others, and returns the exit status. A command for one text throws Terror.
+// shell's encoding. A command for several texts or files reports each failure, does the
+// others, and returns the exit status. A command for one text throws Terror.
 #pragma once
 
 #include <iosfwd>
 #include <string>
 #include <vector>
 
-#include "basic/env.h"
-#include "losses.h"
+#include "text_lines.h"
 
 namespace conversions {
 
 // Print one line for each text, empty where it fails; "-" reads the texts from standard
 // input.
-int to_esri(std::vector<std::string> const& definitions, Tzu_env& env, Tlosses const& losses);
-int import(std::vector<std::string> const& texts, Tzu_env& env, Tlosses const& losses);
+int to_esri(std::vector<std::string> const& definitions, text_lines::Tsetting const& setting);
+int import(std::vector<std::string> const& texts, text_lines::Tsetting const& setting);
 
 // The definition of one file, or of standard input for "-".
 std::string from_esri(std::string const& name);
@@ -24,7 +23,7 @@ std::string from_esri(std::string const& name);
 // or "prj". With an empty `folder` each result is in the folder of its input. No input
 // of the run is overwritten.
 int convert(std::vector<std::string> const& names, std::string const& kind,
-            std::string const& folder, Tzu_env& env, Tlosses const& losses);
+            std::string const& folder, text_lines::Tsetting const& setting);
 
 // One definition file; its extension tells the kind.
 std::string load(std::string const& name);

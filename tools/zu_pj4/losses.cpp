@@ -20,5 +20,5 @@ void Tlosses::tell_name_taken(std::string const& name, std::string const& where)
 void Tlosses::tell_one(std::string const& sentence) const {
   if (mode_ == loss_mode::quiet) return;
   if (mode_ == loss_mode::refuse) throw Tloss_error(sentence);
-  env_->warning(sentence);
+  warn_(sentence);
 }

@@ -1,10 +1,11 @@
 // Reports what definitions lose when the library reads them.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
-#include "basic/env.h"
 #include "error.h"
 
 enum class loss_mode { warn, refuse, quiet };
@@ -17,8 +18,12 @@ class Tloss_error : public Terror {
 
 class Tlosses {
  public:
-  // The environment must outlive this.
-  Tlosses(Tzu_env& env, loss_mode mode) : env_(&env), mode_(mode) {}
+  // Gets each report in the mode `warn`.
+  using receiver = std::function<void(std::string const& sentence)>;
+
+  Tlosses(receiver warn, loss_mode mode) : warn_(std::move(warn)), mode_(mode) {}
+  // The same mode with another receiver.
+  Tlosses told_to(receiver warn) const { return {std::move(warn), mode_}; }
 
   // Reports each loss of a definition in the library's encoding. `where` stands before
   // the report; it ends in ": " or is empty. Throws Tloss_error in the mode `refuse`.
@@ -30,6 +35,6 @@ class Tlosses {
   void tell_one(std::string const& sentence) const;
 
  private:
-  Tzu_env* env_;
+  receiver warn_;
   loss_mode mode_;
 };

@@ -6,7 +6,9 @@
 #include <string_view>
 #include <vector>
 
+#include "answers.h"
 #include "basic/env.h"
+#include "losses.h"
 
 namespace text_lines {
 
@@ -22,22 +24,37 @@ std::string read_all();
 // The argument, or for "-" standard input without the white space at its ends.
 std::string text_of(std::string const& argument);
 
-// Makes a line from a text. `where` stands before messages about the text: "line 7: "
-// for a line of a stream, nothing for an argument. Throws Terror when it fails.
-using converter = std::function<std::string(std::string const& text, std::string const& where)>;
+// What the commands for several texts share.
+struct Tsetting {
+  Tzu_env* env;
+  Tlosses const* losses;
+  unsigned jobs;  // so many texts at the same time
+};
 
-// Calls `act` for each line of standard input that is not blank, with "line 7: " and so
-// on.
-void for_each_line(
-    std::function<void(std::string const& text, std::string const& where)> const& act);
+// Prints an answer. `where` stands before each note: "line 7: " for a line of a stream,
+// nothing for an argument.
+void print(answers::answer const& given, std::string const& where, Tzu_env& env);
+
+// Adds each line of standard input, with "line 7: " and so on, and finishes. While no line
+// is ready, all answers so far are handed over.
+void add_lines(answers::Tqueue& queue);
+
+// Makes a line from a text. Throws Terror when it fails.
+using converter = std::function<std::string(std::string const& text)>;
+// Makes a converter for one thread; it reports losses to what it gets.
+using converter_maker = std::function<converter(Tlosses const& losses)>;
+
+// An answer with the text that the converter makes, or with its error.
+answers::answerer make_answerer(Tlosses const& losses, converter_maker const& make);
 
 enum class on_failure { stop, go_on };
+enum class equal_texts { convert_again, remember };
 
 // Prints the line of each text; "-" stands for the lines of standard input. A text that
 // fails is reported. A line of a stream that fails gives an empty line, so that line
 // numbers stay the same. An argument that fails ends the command with `stop`, and gives
 // an empty line with `go_on`. The result is the exit status.
-int print_each(std::vector<std::string> const& texts, Tzu_env& env, on_failure of_arguments,
-               converter const& convert);
+int print_each(std::vector<std::string> const& texts, Tsetting const& setting,
+               on_failure of_arguments, equal_texts of_stream, converter_maker const& make);
 
 }  // namespace text_lines

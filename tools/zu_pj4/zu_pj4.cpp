@@ -5,9 +5,11 @@
 #include <filesystem>
 #include <functional>
 #include <iostream>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "answers.h"
 #include "basic/env.h"
 #include "basic/float_environment.h"
 #include "catalogue/pj_dbf.h"
@@ -34,15 +36,19 @@ constexpr int exit_cancelled = 1;
 
 using convert_definition = std::function<std::string(std::string const&)>;
 
-// Prints the result of `convert` for each definition; both are in the library's encoding.
-int print_each(std::vector<std::string> const& definitions, Tzu_env& env, Tlosses const& losses,
-               convert_definition const& convert) {
-  auto const line_of = [&](std::string const& text, std::string const& where) {
-    std::string const definition = terminal::to_library(systems::definition_of(text));
-    losses.tell(definition, where);
-    return terminal::from_library(convert(definition));
+// Prints the result of a function for each definition; both are in the library's encoding.
+// `make` makes the function for one thread.
+int print_each(std::vector<std::string> const& definitions, text_lines::Tsetting const& setting,
+               std::function<convert_definition()> const& make) {
+  auto const make_one = [&make](Tlosses const& losses) {
+    return [losses, convert = make()](std::string const& text) {
+      std::string const definition = terminal::to_library(systems::definition_of(text));
+      losses.tell(definition);
+      return terminal::from_library(convert(definition));
+    };
   };
-  return text_lines::print_each(definitions, env, text_lines::on_failure::stop, line_of);
+  return text_lines::print_each(definitions, setting, text_lines::on_failure::stop,
+                                text_lines::equal_texts::convert_again, make_one);
 }
 
 std::string normalize(std::string const& definition) {
@@ -63,25 +69,31 @@ void need_catalogue() {
   if (!reasons.empty()) throw Terror("no catalogue of projections and datums: " + reasons);
 }
 
-int apply(std::vector<std::string> const& definitions, Tzu_env& env, Tlosses const& losses) {
+int apply_each(std::vector<std::string> const& definitions, text_lines::Tsetting const& setting) {
   need_catalogue();
-  zu::Tzu_pj_editor editor(zu::catalogue_lists::shipped());
-  auto const convert = [&editor](std::string const& definition) -> std::string {
-    editor.set_proj4_string(definition.c_str());
-    return editor.get_proj4_string();
+  auto const make = [] {
+    auto const editor = std::make_shared<zu::Tzu_pj_editor>(zu::catalogue_lists::shipped());
+    return [editor](std::string const& definition) -> std::string {
+      editor->set_proj4_string(definition.c_str());
+      return editor->get_proj4_string();
+    };
   };
-  return print_each(definitions, env, losses, convert);
+  return print_each(definitions, setting, make);
 }
 
 int describe(std::string const& definition, bool is_short, Tzu_env& env, Tlosses const& losses) {
   bool const is_stream = definition == "-";
-  auto const tell = [&](std::string const& text, std::string const& where) {
-    std::string told = transformations::describe(text, is_short, losses, where);
-    // The caller adds a line end. In a stream a blank line follows each description.
-    if (is_short || !is_stream) told.pop_back();
-    return told;
+  auto const make = [&](Tlosses const& own_losses) {
+    return [&, own_losses](std::string const& text) {
+      std::string told = transformations::describe(text, is_short, own_losses, {});
+      // The caller adds a line end. In a stream a blank line follows each description.
+      if (is_short || !is_stream) told.pop_back();
+      return told;
+    };
   };
-  return text_lines::print_each({definition}, env, text_lines::on_failure::stop, tell);
+  // The captions of parameters are in a buffer that threads cannot share.
+  return text_lines::print_each({definition}, {&env, &losses, 1}, text_lines::on_failure::stop,
+                                text_lines::equal_texts::remember, make);
 }
 
 int edit(std::string const& definition, Tlosses const& losses) {
@@ -112,6 +124,7 @@ struct options {
   bool is_short = false;
   bool strict = false;
   bool quiet = false;
+  unsigned jobs = answers::default_jobs();
   transformations::request transformation;
   systems::search search;
   std::vector<std::string> corners;
@@ -138,10 +151,19 @@ std::string check_folder(std::string const& name) {
 void use_options(options const& chosen) {
   if (!chosen.catalogue.empty())
     Tzu_pj_dbf::set_catalogue_folder(terminal::to_library(chosen.catalogue));
-  if (chosen.lang.empty()) return;
-  // The first call of get_auto_lang overwrites the language, so it comes first.
+  // The first call of get_auto_lang writes the language, so it comes before set_lang and
+  // before threads that read the language.
   Tzu_rc::get_auto_lang();
-  Tzu_rc::set_lang(chosen.lang == "ru" ? 1 : 0);
+  if (!chosen.lang.empty()) Tzu_rc::set_lang(chosen.lang == "ru" ? 1 : 0);
+}
+
+void add_jobs(CLI::App* command, options& chosen) {
+  constexpr unsigned most_jobs = 256;
+  command
+      ->add_option("--jobs", chosen.jobs,
+                   "so many lines or files at the same time (default: one for each processor)")
+      ->type_name("N")
+      ->check(CLI::Range(1U, most_jobs));
 }
 
 struct comparison_commands {
@@ -317,6 +339,9 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
 
   auto* const find_command = add_find_command(app, chosen);
   auto const [check_command, diff_command] = add_comparison_commands(app, chosen);
+  for (CLI::App* const command : {apply_command, normalize_command, to_esri_command, import_command,
+                                  convert_command, check_command})
+    add_jobs(command, chosen);
 
   // After the commands, because the help of a command does not show it.
   app.footer(
@@ -334,12 +359,14 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
     throw Terror(std::string(error.what()) + " (zu_pj4 --help tells more)");
   }
   use_options(chosen);
-  Tlosses const losses(env, chosen.strict  ? loss_mode::refuse
-                            : chosen.quiet ? loss_mode::quiet
-                                           : loss_mode::warn);
+  auto const warn = [&env](std::string const& sentence) { env.warning(sentence); };
+  Tlosses const losses(warn, chosen.strict  ? loss_mode::refuse
+                             : chosen.quiet ? loss_mode::quiet
+                                            : loss_mode::warn);
+  text_lines::Tsetting const setting{&env, &losses, chosen.jobs};
   if (*edit_command) return edit(chosen.definition, losses);
-  if (*apply_command) return apply(chosen.definitions, env, losses);
-  if (*normalize_command) return print_each(chosen.definitions, env, losses, normalize);
+  if (*apply_command) return apply_each(chosen.definitions, setting);
+  if (*normalize_command) return print_each(chosen.definitions, setting, [] { return &normalize; });
   if (*catalogue_command) {
     need_catalogue();
     print_catalogue(std::cout, chosen.list, chosen.json);
@@ -350,17 +377,17 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
     losses.tell(terminal::to_library(definition));
     conversions::save(definition, chosen.file);
   }
-  if (*to_esri_command) return conversions::to_esri(chosen.definitions, env, losses);
+  if (*to_esri_command) return conversions::to_esri(chosen.definitions, setting);
   if (*from_esri_command) std::cout << conversions::from_esri(chosen.file) << '\n';
-  if (*import_command) return conversions::import(chosen.definitions, env, losses);
+  if (*import_command) return conversions::import(chosen.definitions, setting);
   if (*convert_command)
-    return conversions::convert(chosen.files, chosen.kind, chosen.folder, env, losses);
+    return conversions::convert(chosen.files, chosen.kind, chosen.folder, setting);
   if (*known_command) return known(chosen);
   if (*describe_command) return describe(chosen.definition, chosen.is_short, env, losses);
   if (*find_command) return systems::find(std::cout, chosen.search);
   if (*check_command) {
     need_catalogue();
-    return comparisons::check(std::cout, chosen.definitions, chosen.json, env);
+    return comparisons::check(chosen.definitions, chosen.json, setting);
   }
   if (*diff_command) {
     return comparisons::diff(std::cout, text_lines::text_of(chosen.definition),
