@@ -156,4 +156,40 @@ TEST_F(Cli, KeepsTheOrderOfLongInput) {
             "Error: this is no text of points: it has a line of more than 32 MB\n");
 }
 
+// Some lines are bad, and the cheap streams are longer than the queue.
+TEST_F(Cli, AnswersTheSameWithAnyNumberOfJobs) {
+  auto const lines = [](int count) {
+    std::string text = "\xEF\xBB\xBFRussia_Cadastre_50_1\nno name\n\nEPSG:1\nEPSG:28407\r\n";
+    for (int i = 0; i < count; ++i)
+      text.append(i % 9 == 0 ? "+proj=none" : "+proj=tmerc +k_0=2x +ellps=krass")
+          .append(" +lon_0=" + std::to_string(i) + "\n");
+    return text + "no name";
+  };
+  std::vector<std::string> convert{"convert", "--to", "prj", "--out-dir", path("out")};
+  for (int i = 0; i < 20; ++i) {
+    convert.push_back(path(std::to_string(i % 15) + ".pj4"));
+    if (i % 7 != 0) put_file(convert.back(), "+proj=longlat +ellps=krass +k=" + std::to_string(i));
+  }
+  for (auto const& [command, count] :
+       std::vector<std::pair<std::vector<std::string>, int>>{{{"normalize", "-"}, 2000},
+                                                             {{"apply", "-", "--strict"}, 2000},
+                                                             {{"import", "-"}, 50},
+                                                             {{"to-esri", "-"}, 50},
+                                                             {{"check", "-"}, 5},
+                                                             {convert, 0}}) {
+    core_test::outcome one;
+    for (std::string const jobs : {"1", "2", "7"}) {
+      SCOPED_TRACE(command.front() + " with jobs: " + jobs);
+      auto arguments = command;
+      arguments.insert(arguments.end(), {"--jobs", jobs});
+      auto result = run(arguments, lines(count));
+      EXPECT_NE(result.err, "");
+      for (int i = 0; command == convert && i < 15; ++i)
+        result.out += get_file(path("out/" + std::to_string(i) + ".prj"));
+      if (jobs == "1") one = result;
+      cli_test::expect_outcome(result, one.status, one.out, one.err);
+    }
+  }
+}
+
 }  // namespace

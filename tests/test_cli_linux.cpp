@@ -72,6 +72,21 @@ TEST_F(Cli_linux, ProgressIsForWhoSitsBeforeATerminal) {
       << shown;
 }
 
+// A program that asks line by line reads each answer before its next question.
+TEST_F(Cli_linux, AnswersALineBeforeTheNextOneComes) {
+  for (std::string const jobs : {"1", "3"}) {
+    std::string const script = "coproc timeout 200 " ZU_PJ4 " import - --jobs " + jobs +
+                               "\nfor text in none OGC:CRS84 +proj=longlat; do\n"
+                               "  echo $text >&${COPROC[1]}; read -r answer <&${COPROC[0]}\n"
+                               "  echo \"$text: $answer\"\ndone";
+    expect_outcome(core_test::run({"/bin/bash", {"-c", script}, ""}), 0,
+                   "none: \nOGC:CRS84: +proj=longlat +datum=WGS84 +no_defs\n"
+                   "+proj=longlat: +proj=longlat +datum=WGS84 +no_defs\n",
+                   "Error: line 1: cannot import \"none\": proj_create: unrecognized format / "
+                   "unknown name\n");
+  }
+}
+
 TEST_F(Cli_linux, NoticesAFullDiskAndTheLackOfADisplay) {
   expect_outcome(run({"save", local_system, "/dev/full"}), 2, "",
                  "Error: cannot write /dev/full\n");

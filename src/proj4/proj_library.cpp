@@ -60,7 +60,10 @@ context make_context() {
   return made;
 }
 
-Tthread_context::Tthread_context() : own_(make_context()) {
+Tthread_context::Tthread_context() {
+  // PROJ copies the default context, so no thread may change that from now on.
+  prepare_default_context();
+  own_ = make_context();
   if (!own_) throw std::bad_alloc();
   context_of_thread = own_.get();
 }
