@@ -331,7 +331,7 @@ std::string note(scope& in, words const& a) {
 std::string file_note(scope& in, words const& a) {
   speak(a.at(0));
   std::wstring const name = in.folder.wide(from_utf8(a.at(1)));
-  auto const kind = a[1].ends_with(".prj") ? zu::file_kind::esri : zu::file_kind::parameters;
+  auto const kind = zu::kind_of_file(name);
   return to_utf8(zu::compose_note(a.size() > 2 ? zu::save_definition(name, kind, a[2])
                                                : zu::load_definition(name, kind).failure,
                                   L"", catalogue_of(in).editor));

@@ -301,7 +301,7 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
   convert_command->add_option("IN", chosen.files, "the .pj4 and .prj files")->required();
   convert_command->add_option("--to", chosen.kind, "kind of the files to write: pj4 or prj")
       ->required()
-      ->check(CLI::IsMember({"pj4", "prj"}));
+      ->check(CLI::IsMember(conversions::file_kinds()));
   convert_command
       ->add_option("--out-dir", chosen.folder,
                    "folder to write to, made when missing (default: beside each file); existing "
