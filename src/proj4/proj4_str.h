@@ -1,4 +1,4 @@
-// A coordinate-system definition: 21 typed parameters and their PROJ.4 text.
+// A coordinate-system definition: typed parameters and their PROJ.4 text.
 #pragma once
 
 #include <array>

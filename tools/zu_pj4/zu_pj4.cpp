@@ -210,7 +210,7 @@ transformation_commands add_transformation_commands(CLI::App& app, options& chos
         ->type_name("DEF")
         ->required();
     command->add_flag("--library", wanted.by_library,
-                      "as the library does it for hosts, not PROJ: what is not among the 21 "
+                      "as the library does it for hosts, not PROJ: what is not among its "
                       "parameters is dropped, longitudes run from -135 to 225");
     command->add_flag("--inverse", wanted.inverse, "the other way, from --to to --from");
     command
