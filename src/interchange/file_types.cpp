@@ -2,6 +2,8 @@
 
 #include <zu_pj_edit/zu_pj4_layer.h>
 
+#include <array>
+
 #include "basic/float_environment.h"
 #include "basic/path.h"
 #include "basic/str.h"
@@ -27,19 +29,21 @@ bool save_esri(std::wstring const& name, std::wstring const& definition) {
   return zu_pj4_export_esri_prj(definition.c_str(), name.c_str()) != 0;
 }
 
-}  // namespace
-
-std::array<file_type, 2> const file_types{{
+constexpr auto rows = std::to_array<file_type>({
     {L".pj4", false, &load_parameters, &save_parameters},
     {L".prj", true, &load_esri, &save_esri},
-}};
+});
 
-file_type const& type_of(file_kind kind) { return file_types.at(static_cast<std::size_t>(kind)); }
+}  // namespace
+
+std::span<file_type const> file_types() noexcept { return rows; }
+
+file_type const& type_of(file_kind kind) { return rows.at(static_cast<std::size_t>(kind)); }
 
 file_kind kind_of_file(std::wstring_view name) {
   std::string const extension = strconv::to_utf8(path::extension_of(name));
-  for (std::size_t row = 0; row < file_types.size(); ++row)
-    if (str::equal_no_case(extension, strconv::to_utf8(file_types.at(row).extension)))
+  for (std::size_t row = 0; row < rows.size(); ++row)
+    if (str::equal_no_case(extension, strconv::to_utf8(rows.at(row).extension)))
       return static_cast<file_kind>(row);
   return file_kind::parameters;
 }

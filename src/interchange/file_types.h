@@ -1,8 +1,8 @@
 // The types of definition files. Load, Save and the command line know a type by its row alone.
 #pragma once
 
-#include <array>
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -22,7 +22,7 @@ struct file_type {
 };
 
 // In the order of editor_text::file_filter, which has the captions.
-extern std::array<file_type, 2> const file_types;
+std::span<file_type const> file_types() noexcept;
 
 file_type const& type_of(file_kind kind);
 // By the extension, in either case; a name with another extension is of the first kind.

@@ -29,7 +29,7 @@ namespace {
 // The kind of a position in the filter of both file dialogs.
 std::optional<zu::file_kind> kind_at(int filter_index) {
   auto const row = static_cast<std::size_t>(filter_index);
-  if (row >= zu::file_types.size()) return {};
+  if (row >= zu::file_types().size()) return {};
   return static_cast<zu::file_kind>(row);
 }
 

@@ -213,7 +213,7 @@ void save(std::string const& definition, std::string const& name) {
 
 std::vector<std::string> file_kinds() {
   std::vector<std::string> kinds;
-  for (zu::file_type const& type : zu::file_types)
+  for (zu::file_type const& type : zu::file_types())
     kinds.push_back(terminal::from_wide(std::wstring(type.extension.substr(1))));
   return kinds;
 }
