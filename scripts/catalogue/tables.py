@@ -13,17 +13,19 @@ import sys
 FOLDER = os.path.join(os.path.dirname(os.path.abspath(__file__)),
                       "..", "..", "data", "prj_def")
 
-NUMERIC_KEYS = ("lat_1", "lat_2", "lat_ts", "lat_0", "lon_0", "lonc", "alpha",
-                "k_0", "x_0", "y_0")
-
-KNOWN_KEYS = NUMERIC_KEYS + ("proj", "zone", "south", "datum", "towgs84", "a",
-                             "b", "rf", "ellps", "units", "nadgrids")
-
 
 def read(name):
     """The rows of a table as dictionaries by column."""
     with open(os.path.join(FOLDER, name), newline="", encoding="ascii") as stream:
         return list(csv.DictReader(stream, strict=True))
+
+
+# The numbers of a projection, which have a column each.
+NUMERIC_KEYS = tuple(column.lower() for column in read("pj_proj1.csv")[0] if column not in (
+    "PRJ_NAME", "PRJ_ALIAS", "PROJ", "SOUTH", "UNITS", "#NOTE"))
+
+KNOWN_KEYS = NUMERIC_KEYS + ("proj", "zone", "south", "datum", "towgs84", "a",
+                             "b", "rf", "ellps", "units", "nadgrids")
 
 
 def write(name, columns, rows):
