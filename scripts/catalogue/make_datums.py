@@ -57,8 +57,8 @@ class Database:
     def _convert(self, value, unit, factor=1.0):
         """A value in basic units, times a factor.
 
-        Seconds and parts per million pass unchanged, without a way through
-        radians that would cost their last digit.
+        Seconds and parts per million do not change. A conversion to radians and back would lose
+        the last digit.
         """
         if not value:
             return 0.0

@@ -84,8 +84,8 @@ def _admits(row, definition):
 def find_usual(rows, definition):
     """The usual projection row that a definition selects, or None.
 
-    The strict look-up first, which asks for the parallels and the scale that
-    the definition gives, then the plain walk by name.
+    First it looks for a row with all parallels and the scale that the definition gives, then for
+    the first row with its name.
     """
     candidates = [row for row in rows
                   if row["PROJ"].lower() == definition.get("proj", "").lower()
