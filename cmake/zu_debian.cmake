@@ -37,6 +37,11 @@ set(zu_this_version "(= ${PROJECT_VERSION}-${zu_debian_revision})")
 
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${zu_debian_runtime})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+# The library loads GDAL itself, so the list of its libraries does not have it.
+execute_process(COMMAND dpkg-query --show "--showformat=\${Depends}" libgdal-dev
+  OUTPUT_VARIABLE zu_gdal_package COMMAND_ERROR_IS_FATAL ANY)
+string(REGEX MATCH "libgdal[0-9]+" zu_gdal_package "${zu_gdal_package}")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS ${zu_gdal_package})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA "${CMAKE_CURRENT_LIST_DIR}/debian/triggers")
 # All versions of the library have the catalogue in the same place. So only one version can be
 # installed at a time. A package never conflicts with what it provides itself.
