@@ -94,6 +94,7 @@ void Tzu_vcl_pj_find::search() {
     wxWindowUpdateLocker const lock(list_);
     list_->Set(texts);
   }
+  zu::vcl::platform::fit_rows(*list_);
   choose(0);
 }
 
