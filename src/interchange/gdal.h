@@ -10,6 +10,8 @@
 #include <cpl_string.h>
 #include <ogr_srs_api.h>
 
+// Only macros give the name of a function and its text from one list.
+// NOLINTBEGIN(cppcoreguidelines-macro-usage, bugprone-macro-parentheses)
 #define ZU_GDAL_FUNCTIONS(function)                                                                \
   function(CPLDefaultErrorHandler) function(CPLPopErrorHandler) function(CPLPushErrorHandler)      \
       function(CSLAddString) function(CSLDestroy) function(OSRAddGuessedTOWGS84)                   \
@@ -29,6 +31,7 @@ struct gdal_functions {
   ZU_GDAL_FUNCTIONS(ZU_GDAL_MEMBER)
 #undef ZU_GDAL_MEMBER
 };
+// NOLINTEND(cppcoreguidelines-macro-usage, bugprone-macro-parentheses)
 
 // Loads GDAL at the first call; it stays loaded. Any thread may call this. Throws
 // std::runtime_error when GDAL cannot be loaded; the next call tries again.

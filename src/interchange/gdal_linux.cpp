@@ -23,6 +23,7 @@ gdal_functions load() {
   void* const library = dlopen(ZU_GDAL_LIBRARY, RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
   if (library == nullptr) throw failure();
   gdal_functions found{};
+// NOLINTNEXTLINE(cppcoreguidelines-macro-usage, bugprone-macro-parentheses)
 #define ZU_GDAL_FIND(name) find(library, #name, found.name);
   ZU_GDAL_FUNCTIONS(ZU_GDAL_FIND)
 #undef ZU_GDAL_FIND
