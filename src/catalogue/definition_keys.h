@@ -107,7 +107,7 @@ inline constexpr auto described_keys = [] {
     if (has_caption(entry)) keys.at(count++) = entry.key;
   auto* const axes = std::ranges::find(keys, definition_key::a);
   auto* const name = std::ranges::find(keys, definition_key::ellps);
-  std::ranges::rotate(axes, name, name + 1);
+  std::rotate(axes, name, name + 1);
   return keys;
 }();
 
