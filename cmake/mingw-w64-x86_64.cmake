@@ -8,13 +8,13 @@ set(CMAKE_C_COMPILER ${zu_target}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${zu_target}-g++-posix)
 set(CMAKE_RC_COMPILER ${zu_target}-windres)
 
-# Only programs come from the build machine.
+# CMake takes only programs from the build machine.
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# The results need no run-time library of the compiler.
+# The programs need no run-time library of the compiler.
 set(zu_link_flags "-static -static-libgcc -static-libstdc++")
 set(CMAKE_EXE_LINKER_FLAGS_INIT "${zu_link_flags}")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "${zu_link_flags}")

@@ -9,25 +9,25 @@ else()
   target_compile_options(zu_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
     $<$<COMPILE_LANGUAGE:CXX>:-Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual>
-    # GCC 12 sees overlaps in joined strings that cannot happen (its bug 105329).
+    # GCC 12 warns about overlaps in joined strings that cannot happen (its bug 105329).
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
     $<$<BOOL:${ZU_WARNINGS_AS_ERRORS}>:-Werror>)
   if(WIN32)
-    # The linker leaves out code that nobody calls.
+    # The linker leaves out unused code.
     target_compile_options(zu_options INTERFACE -ffunction-sections -fdata-sections)
     target_link_options(zu_options INTERFACE LINKER:--gc-sections)
     # The same sources give the same bytes at any time.
     target_link_options(zu_options INTERFACE LINKER:--no-insert-timestamp)
   endif()
-  # The same sources give the same bytes in any folder, so clones can share them through
-  # ccache. Release builds on Linux hold no path, and gcov needs the real ones.
+  # The same sources give the same bytes in any folder, so clones can share them through ccache.
+  # Release builds on Linux contain no path, and gcov needs real paths.
   if(NOT ZU_COVERAGE AND (WIN32 OR NOT CMAKE_BUILD_TYPE STREQUAL "Release"))
     target_compile_options(zu_options INTERFACE "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
   endif()
   if(ZU_SANITIZE)
     target_compile_options(zu_options INTERFACE -fsanitize=address,undefined
                            -fno-sanitize-recover=undefined -fno-omit-frame-pointer
-                           # GCC 12 then takes parts of std::regex for unset.
+                           # With sanitizers GCC 12 warns that parts of std::regex are not set.
                            $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(zu_options INTERFACE -fsanitize=address,undefined)
   endif()

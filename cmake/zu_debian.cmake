@@ -1,11 +1,11 @@
-# The Debian packages: what "cpack -G DEB" makes of the installed components.
-# ./package-debian sets this up with Debian's own compiler flags.
+# The Debian packages. "cpack -G DEB" makes them of the installed components. ./package-debian
+# configures this with Debian's compiler flags.
 option(ZU_DEBIAN "Make the rules of the Debian packages" OFF)
 if(NOT ZU_DEBIAN)
   return()
 endif()
 
-# A package bears the name and number of the library that programs are linked with.
+# The name of the package has the name and number of the library that programs are linked with.
 get_target_property(zu_soversion zu_pj_edit SOVERSION)
 set(zu_debian_runtime "libzu-pj-edit${zu_soversion}")
 set(zu_debian_development libzu-pj-edit-dev)
@@ -37,9 +37,14 @@ set(zu_this_version "(= ${PROJECT_VERSION}-${zu_debian_revision})")
 
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${zu_debian_runtime})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+# The library loads GDAL itself, so the list of its libraries does not have it.
+execute_process(COMMAND dpkg-query --show "--showformat=\${Depends}" libgdal-dev
+  OUTPUT_VARIABLE zu_gdal_package COMMAND_ERROR_IS_FATAL ANY)
+string(REGEX MATCH "libgdal[0-9]+" zu_gdal_package "${zu_gdal_package}")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS ${zu_gdal_package})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA "${CMAKE_CURRENT_LIST_DIR}/debian/triggers")
-# The catalogue has one place for every version of the library. So one version at a
-# time is installed: a package never conflicts with what it provides itself.
+# All versions of the library have the catalogue in the same place. So only one version can be
+# installed at a time. A package never conflicts with what it provides itself.
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_PROVIDES libzu-pj-edit-catalogue)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONFLICTS libzu-pj-edit-catalogue)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_REPLACES libzu-pj-edit-catalogue)
@@ -77,9 +82,9 @@ loses on its way. It also opens the dialog of libzu-pj-edit.
 .
 make_prj_def makes the tables of the catalogue from CSV files.")
 
-# Each package says where it comes from and what changed.
+# Each package has its copyright and its changes.
 set(zu_debian_dir "${PROJECT_BINARY_DIR}/debian")
-# The texts have the time of the source, so that the same source gives the same bytes.
+# The files get the time of the source, so the same source gives the same bytes.
 string(TIMESTAMP zu_debian_date "%a, %d %b %Y %H:%M:%S +0000" UTC)
 configure_file("${CMAKE_CURRENT_LIST_DIR}/debian/changelog.in" "${zu_debian_dir}/changelog.Debian" @ONLY)
 configure_file(CHANGELOG.md "${zu_debian_dir}/changelog" COPYONLY)
@@ -92,7 +97,7 @@ foreach(component runtime development tools)
     DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${zu_debian_${component}}" COMPONENT ${component})
 endforeach()
 
-# Manual pages are packed there. The rules run in their order, and this is the last.
+# Debian compresses manual pages. Install rules run in order, so this must be the last one.
 install(CODE "
   file(GLOB_RECURSE pages \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_MANDIR}/*.1\")
   execute_process(COMMAND \"${ZU_GZIP}\" -9nf \${pages} COMMAND_ERROR_IS_FATAL ANY)"

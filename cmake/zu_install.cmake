@@ -1,6 +1,6 @@
-# "cmake --install" installs four components, and each can be had alone:
+# "cmake --install" installs four components. Each can be installed alone:
 #   runtime      the shared library, the catalogue and, on Windows, PROJ's database
-#   development  what a host is built with: header, CMake package, pkg-config file
+#   development  files to build a host: header, CMake package, pkg-config file
 #   tools        zu_pj4 with its manual page, and make_prj_def
 #   core         the static core with its headers, without a dialog
 # No file holds the prefix, so the installed tree can be moved.
@@ -20,7 +20,7 @@ set(zu_include_dir "${CMAKE_INSTALL_INCLUDEDIR}/zu_pj_edit")
 install(FILES include/zu_pj_edit/zu_pj_edit.h include/zu_pj_edit/version.h
   DESTINATION "${zu_include_dir}" COMPONENT development)
 
-# Only what the static core defines.
+# Headers of functions that only the static core has.
 install(TARGETS zu_pj_core EXPORT zu_pj_coreTargets
   ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT core
   INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
@@ -30,7 +30,7 @@ install(FILES include/zu_pj_edit/zu_pj4_layer.h include/zu_pj_edit/geometry.h
 
 if(ZU_BUILD_PROGRAMS)
   install(TARGETS zu_pj4 RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
-  # For a catalogue of the user's own.
+  # Users make their own catalogue with it.
   if(TARGET make_prj_def)
     install(TARGETS make_prj_def RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
   endif()
@@ -47,7 +47,7 @@ if(ZU_BUILD_PROGRAMS)
   endif()
 endif()
 
-# Windows libraries look for the catalogue and for PROJ's database beside themselves.
+# On Windows the library looks for the catalogue and for PROJ's database in its own folder.
 if(WIN32)
   set(zu_catalogue_destination "${CMAKE_INSTALL_BINDIR}")
   install(FILES "${ZU_PROJ_DB}" DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT runtime)
@@ -64,7 +64,7 @@ configure_package_config_file(
   INSTALL_DESTINATION "${zu_package_dir}")
 write_basic_package_version_file(
   "${PROJECT_BINARY_DIR}/cmake/zu_pj_editConfigVersion.cmake" COMPATIBILITY ${zu_compatibility})
-# Both components have the package file; it finds the targets of what is installed.
+# Both components have the package file. It finds the targets of the installed components.
 foreach(component development core)
   install(FILES
     "${PROJECT_BINARY_DIR}/cmake/zu_pj_editConfig.cmake"

@@ -1,4 +1,4 @@
-// The smallest host in C++: linked with the library, no window of its own.
+// The smallest host in C++. It is linked with the library and has no window.
 //
 //   host DEFINITION    opens the dialog on a definition and prints the result
 //   host               opens no dialog: prints the library's version
@@ -8,7 +8,7 @@
 
 int main(int argc, char** argv) {
   if (argc < 2) {
-    // Without the suite's editor module this hands back a null pointer.
+    // Without the suite's editor module this returns null.
     void* const result = zu_proj4_form_execute_w(nullptr, nullptr, nullptr);
     std::cout << "zu_pj_edit " ZU_PJ_EDIT_VERSION ", editor module: "
               << (result == nullptr ? "none" : "loaded") << '\n';

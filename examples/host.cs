@@ -2,9 +2,9 @@
 //
 //   mcs -out:host.exe host.cs && mono host.exe
 //
-// The library lies in the program's folder, or in one of LD_LIBRARY_PATH. On Windows a
-// host gives the Handle of its Form for the owner, and needs no GLib. Options and output
-// are those of the other sample hosts (see host_common.h), without --library.
+// The library must be in the program's folder or in a folder of LD_LIBRARY_PATH. On Windows a
+// host passes the Handle of its Form as the owner and needs no GLib. Options and output are
+// those of the other sample hosts (see host_common.h), without --library.
 using System;
 using System.Runtime.InteropServices;
 
@@ -12,8 +12,8 @@ static class Host {
   const int TickMs = 50;
   const int PauseMs = 500;
 
-  // The text that comes back belongs to the library: copy it, never free it. With the
-  // type "string" here .NET would free it.
+  // The returned text belongs to the library: copy it and never free it. If the type here were
+  // "string", .NET would free it.
   [DllImport("zu_pj_edit", CallingConvention = CallingConvention.Cdecl)]
   static extern IntPtr zu_proj4_form_execute(IntPtr owner, string definition, out byte changed);
 
@@ -32,7 +32,7 @@ static class Host {
   [DllImport("libglib-2.0.so.0")]
   static extern uint g_timeout_add(uint interval, Source source, IntPtr context);
 
-  // GLib keeps the addresses of these, so the collector must not take them.
+  // GLib keeps the addresses of these, so the garbage collector must not delete them.
   static readonly Source OnTick = Tick;
   static readonly Source OnWork = Work;
 
@@ -61,7 +61,7 @@ static class Host {
     definition = after;
     --times;
     if (times == 0) g_main_loop_quit(loop);
-    // The timer goes on until the last dialog.
+    // The timer runs until the last dialog.
     return times > 0 ? 1 : 0;
   }
 
@@ -73,7 +73,7 @@ static class Host {
         definition = arguments[i];
     }
     try {
-      // Without the suite's editor module this gives null.
+      // Without the suite's editor module this returns null.
       zu_proj4_form_execute_w(IntPtr.Zero, IntPtr.Zero, IntPtr.Zero);
     } catch (Exception error) {
       if (!(error is DllNotFoundException || error is EntryPointNotFoundException)) throw;

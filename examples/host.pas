@@ -10,7 +10,7 @@ uses
   SysUtils, dynlibs;
 
 type
-  { The C bool-like flag is one byte. }
+  { The flag is one byte. }
   TExecute = function(owner: Pointer; definition: PAnsiChar; changed: PByte): PAnsiChar; cdecl;
   TExecuteW = function(owner, first, second: Pointer): Pointer; cdecl;
 
@@ -52,7 +52,7 @@ begin
   end;
 
   changed := 0;
-  { The text belongs to the library; the assignment makes our copy. }
+  { The text belongs to the library. The assignment copies it. }
   definition := execute(nil, PAnsiChar(AnsiString(ParamStr(1))), @changed);
   WriteLn(definition);
   if changed <> 0 then

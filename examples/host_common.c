@@ -10,7 +10,7 @@
 typedef char const* (*execute_function)(zu_pj_edit_window owner, char const* definition,
                                         unsigned char* changed);
 
-/* NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): of the process */
+/* NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables): one in a process */
 static execute_function execute;
 
 char const host_usual_definition[] =

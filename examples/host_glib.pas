@@ -1,6 +1,6 @@
-{ A host of the dialog in Pascal on GLib's main loop, which it loads at run time as
-  it does the library. Its window system is its own matter; it gives no owner.
-  Options and output are those of the other sample hosts; see host_common.h. }
+{ A host of the dialog in Pascal with GLib's main loop. It loads GLib and the library at run
+  time. It has no window, so the dialog has no owner. Options and output are those of the
+  other sample hosts; see host_common.h. }
 program host_glib;
 
 {$mode objfpc}{$H+}
@@ -13,7 +13,7 @@ const
   pause_ms = 500;
 
 type
-  { The C bool-like flag is one byte. }
+  { The flag is one byte. }
   TExecute = function(owner: Pointer; definition: PAnsiChar; changed: PByte): PAnsiChar; cdecl;
   TSource = function(context: Pointer): LongInt; cdecl;
 
@@ -65,7 +65,7 @@ var
 begin
   is_open := True;
   ticks := 0;
-  { The text belongs to the library; the assignment makes our copy. }
+  { The text belongs to the library. The assignment copies it. }
   after := execute(nil, PAnsiChar(definition), @changed);
   is_open := False;
   WriteLn('before: ', definition);
@@ -75,7 +75,7 @@ begin
   Flush(Output);
   definition := after;
   Dec(times);
-  { The timer goes on until the last dialog. }
+  { The timer runs until the last dialog. }
   Result := Ord(times > 0);
   if times = 0 then
     main_loop_quit(main_loop);

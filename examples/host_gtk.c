@@ -3,7 +3,7 @@
 
    usage: zu_demo_host [--times N] [--library FILE] [DEFINITION]
 
-   --times N       press "Edit..." N times by itself and end
+   --times N       press "Edit..." N times without a user, and end
    --library FILE  the library; by default the one in the program's folder */
 #include <gdk/gdk.h>
 #include <gtk/gtk.h>

@@ -1,5 +1,5 @@
-// A host of the dialog in Qt 5. Debian's Qt runs on GLib's main loop, which the
-// dialog runs on, too: the host's windows and timers go on by themselves.
+// A host of the dialog in Qt 5. Debian's Qt and the dialog both use GLib's main loop, so the
+// host's windows and timers go on.
 #include <QApplication>
 #include <QPushButton>
 #include <QTimer>
@@ -8,14 +8,14 @@
 
 namespace {
 
-// Qt knows a window's X11 id where it draws on X11 alone.
+// A window has an X11 id only if Qt uses X11.
 zu_pj_edit_window window_id(QWidget const& window) {
   if (QGuiApplication::platformName() != QLatin1String("xcb")) return nullptr;
   return reinterpret_cast<zu_pj_edit_window>(window.winId());
 }
 
 void edit(host_state& host, QWidget& window) {
-  // Qt knows nothing of the dialog and lets the user press the button again.
+  // Qt does not know about the dialog, so the user could press the button again.
   window.setEnabled(false);
   host_edit(&host, window_id(window));
   window.setEnabled(true);
@@ -50,6 +50,6 @@ int main(int argc, char** argv) {
   if (host.times > 0) user.start(host_pause_ms);
 
   window.show();
-  // Ends with the last window.
+  // The loop ends with the last window.
   return QApplication::exec();
 }

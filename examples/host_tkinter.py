@@ -1,9 +1,9 @@
 #!/usr/bin/python3
 """A host of the dialog in Python, by ctypes, with the main loop of tkinter.
 
-While the dialog is open GLib's main loop runs, which knows nothing of Tk's: the
-host lets GLib call Tk's update every now and then. Options and output are those
-of the other sample hosts; see host_common.h.
+While the dialog is open, GLib's main loop runs and not Tk's. So the host lets GLib call Tk's
+update again and again. Options and output are those of the other sample hosts; see
+host_common.h.
 """
 import argparse
 import ctypes
@@ -52,7 +52,7 @@ class Host:
         if self.is_open:
             return
         self.is_open, self.ticks = True, 0
-        # The call keeps the function alive as long as GLib has it.
+        # This variable keeps the function alive while GLib uses it.
         update = Gsource(self.update)
         source = self.glib.g_timeout_add(20, update, None)
         changed = ctypes.c_ubyte(0)

@@ -1,7 +1,7 @@
-{ A host in Pascal with a window and a message loop of its own, for Windows. A
-  division by zero is an exception to it, as Pascal's run time has set it up.
-  Options and output are those of the other sample hosts; see host_common.h.
-  Without --times it opens the dialog once and shows the result. }
+{ A host in Pascal for Windows, with its own window and message loop. A division by zero is an
+  exception, because Pascal's run time traps it. Options and output are those of the other
+  sample hosts; see host_common.h. Without --times it opens the dialog once and shows the
+  result. }
 program host_win32;
 
 {$mode objfpc}{$H+}
@@ -10,7 +10,7 @@ uses
   Windows, SysUtils, Math;
 
 type
-  { The C bool-like flag is one byte. }
+  { The flag is one byte. }
   TExecute = function(owner: HWND; definition: PAnsiChar; changed: PByte): PAnsiChar; cdecl;
 
 const
@@ -38,7 +38,7 @@ begin
   mxcsr := GetMXCSR;
   is_open := True;
   ticks := 0;
-  { The text belongs to the library; the assignment makes our copy. }
+  { The text belongs to the library. The assignment copies it. }
   after := execute(window, PAnsiChar(definition), @changed);
   is_open := False;
   if times = 0 then
@@ -76,7 +76,7 @@ begin
   end;
 end;
 
-{ Our own divisions still end in Pascal's exceptions. }
+{ Our own divisions by zero must still raise Pascal's exceptions. }
 procedure divide(zero: Integer);
 begin
   try

@@ -1,5 +1,5 @@
-// A host of the dialog in wxWidgets, the dialog's own toolkit: both share one copy
-// of it, which the host has started.
+// A host of the dialog in wxWidgets, which is also the dialog's toolkit. Both share one copy of
+// it. The host has started it.
 #include <gtk/gtk.h>
 #include <wx/app.h>
 #include <wx/button.h>
@@ -63,7 +63,7 @@ class Tapplication : public wxApp {
     arguments.reserve(words.size());
     for (std::string& word : words) arguments.push_back(word.data());
     if (host_start(&host_, argc, arguments.data()) == 0) return false;
-    // The application's main loop ends with it.
+    // The main loop of the application ends with this window.
     return std::make_unique<Tframe>(host_).release()->Show();
   }
 

@@ -1,6 +1,6 @@
-/* A host of the dialog on Xlib alone. Its own loop waits in poll(). While the dialog
-   is open, GLib's main loop runs instead, so that the host hands its timer and
-   its connection to that: its window is drawn and its timer runs on. */
+/* A host of the dialog with Xlib only. Its own loop waits in poll(). While the dialog is open,
+   GLib's main loop runs instead. So the host adds its timer and its connection to that loop,
+   and its window and timer go on. */
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <glib-unix.h>
@@ -46,7 +46,7 @@ static gboolean on_input(gint file, GIOCondition condition, gpointer context) {
 static gboolean on_timer(gpointer context) {
   program* const self = context;
   host_tick(&self->host);
-  /* Requests of its own may have brought events in past on_input. */
+  /* Its own requests may have read events without on_input. */
   handle_events(self);
   return G_SOURCE_CONTINUE;
 }

@@ -1,9 +1,9 @@
 #!/usr/bin/python3
-"""The C-style layer from Python, by ctypes, through a module of the host's own.
+"""Uses the C-style layer from Python, by ctypes, through the host's own module.
 
-Prints what a definition loses on being read and its ESRI WKT, and transforms points
-from it to another definition: those of standard input, two columns each.
-The module is built from examples/layer_module.
+Prints what a definition loses when it is read, and its ESRI WKT. Transforms points from it to
+another definition. The points are two columns of standard input. examples/layer_module has
+the source of the module.
 """
 import argparse
 import ctypes
@@ -14,7 +14,7 @@ WKT_SIZE = 1 << 16
 
 
 class Loss(ctypes.Structure):
-    """As zu_pj4_layer.h has it."""
+    """The structure in zu_pj4_layer.h."""
 
     _fields_ = [("piece", ctypes.c_char_p), ("reason", ctypes.c_int), ("kept", ctypes.c_char_p),
                 ("moves_points", ctypes.c_int), ("sentence", ctypes.c_wchar_p)]
@@ -35,7 +35,7 @@ class Layer:
 
     def losses(self, definition):
         sentences = []
-        # The texts are valid during the callback: these are copies.
+        # The texts are valid only during the callback, so these are copies.
         found = Found(lambda _context, loss: sentences.append(loss.contents.sentence))
         self.module.layer_find_losses(os.fsencode(definition), found, None)
         return sentences
@@ -46,7 +46,7 @@ class Layer:
         return text.value.decode("ascii") if done else None
 
     def transform(self, source, target, points):
-        """The points in the target; one that cannot be transformed is not finite."""
+        """The transformed points. A point that cannot be transformed is not finite."""
         column = ctypes.c_double * len(points)
         x, y = (column(*values) for values in zip(*points)) if points else (column(), column())
         self.module.layer_transform(os.fsencode(source), os.fsencode(target), len(points), x, y)

@@ -1,4 +1,4 @@
-# What the scripts share; each sources it. They all run from the tree's root.
+# All scripts source this file. They run in the root of the tree.
 
 say() { printf '== %s\n' "$*"; }
 
@@ -7,18 +7,16 @@ die() {
   exit 1
 }
 
-# Clones at different paths share what the compiler made: ccache then sees paths
-# relative to the tree.
+# ccache sees paths relative to the tree, so clones at different paths share its results.
 export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
-# For programs with sanitizers.
+# Programs with sanitizers read this.
 export LSAN_OPTIONS="suppressions=$PWD/scripts/lsan.supp:print_suppressions=0"
 
-# run_ctest BUILD [OPTION...]: the tests of a build. A busy machine makes a test fail
-# now and then, for Wine drops a program or a display a key. So a test that failed runs
-# once more, alone, and is named.
+# run_ctest BUILD [OPTION...]: the tests of a build. On a busy machine Wine may end a program, or
+# a display may lose a key. So a test that failed runs once more, alone. The output names it.
 run_ctest() {
   ctest --test-dir "$1" "${@:2}" && return
-  say "These failed and run again, alone:"
+  say "These tests failed and run again, alone:"
   ctest --test-dir "$1" --rerun-failed -N | sed -n 's/^ *Test *#[0-9]*: /  /p'
   ctest --test-dir "$1" "${@:2}" -j 1 --rerun-failed
 }

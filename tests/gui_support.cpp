@@ -15,9 +15,9 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <iostream>
 #include <memory>
 #include <mutex>
 #include <stdexcept>
@@ -32,7 +32,7 @@ namespace {
 constexpr std::chrono::seconds patience_of_watch_dog(20);
 constexpr int heartbeat_ms = 100;
 
-std::string in_vain(std::string const& what) { return "waited in vain for " + what; }
+std::string in_vain(std::string const& what) { return "waited too long for " + what; }
 
 // Ends the program when nothing has happened for too long. It needs its own thread because
 // the thread of the dialog may be blocked.
@@ -65,8 +65,7 @@ class Twatch_dog {
     for (;; std::this_thread::sleep_for(std::chrono::seconds(1))) {
       std::lock_guard const lock(state.mutex);
       if (state.what.empty() || clock::now() - state.since < patience_of_watch_dog) continue;
-      std::fprintf(stderr, "error: the program %s, and its thread is blocked\n",
-                   in_vain(state.what).c_str());
+      std::cerr << "error: the program " << in_vain(state.what) << ", and its thread is blocked\n";
       std::_Exit(EXIT_FAILURE);
     }
   }

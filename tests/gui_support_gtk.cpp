@@ -70,9 +70,9 @@ bool has_keyboard(wxTopLevelWindow& form) {
 
 // The toolkit names a control before it has the focus. An inner part of a list may have it.
 bool has_focus(wxWindow const& control) {
-  GtkWidget* const widget = control.GetHandle();
-  GtkWidget* const focused = gtk_window_get_focus(GTK_WINDOW(gtk_widget_get_toplevel(widget)));
-  return focused != nullptr && (focused == widget || gtk_widget_is_ancestor(focused, widget) != 0);
+  GtkWidget* const outer = control.GetHandle();
+  GtkWidget* const focused = gtk_window_get_focus(GTK_WINDOW(gtk_widget_get_toplevel(outer)));
+  return focused != nullptr && (focused == outer || gtk_widget_is_ancestor(focused, outer) != 0);
 }
 
 // When a form grows, the toolkit moves its controls first, then GTK, then the server. A

@@ -239,7 +239,7 @@ std::string opened(scope& in, words const& a) {
   return shown(in);
 }
 
-// A user's choices: "usual 4", "zonal Banded", "zone 8", "number 7 3", "shift 0 1.5".
+// A user's choices: "usual 4", "zonal Banded", "zone 8", "number k_0 3", "shift 0 1.5".
 std::string choose(scope& in, words const& a) {
   auto& editor = catalogue_of(in).editor;
   auto const number = [&](std::size_t i) { return std::stod(a.at(i)); };
@@ -251,7 +251,12 @@ std::string choose(scope& in, words const& a) {
   if (a[0] == "datum") editor.choose_datum(id());
   if (a[0] == "custom") editor.choose_datum(zu::edit_state::custom_datum);
   if (a[0] == "ellipsoid") editor.choose_ellipse(id());
-  if (a[0] == "number") editor.set_number(static_cast<proj_number>(id()), number(2));
+  if (a[0] == "number") {
+    auto const found = std::ranges::find(zu::all_proj_numbers, a.at(1), &proj_number_key);
+    editor.set_number(
+        zu::all_proj_numbers.at(static_cast<std::size_t>(found - zu::all_proj_numbers.begin())),
+        number(2));
+  }
   if (a[0] == "shift") editor.set_shift(id(), number(2));
   return shown(in);
 }
@@ -331,7 +336,7 @@ std::string note(scope& in, words const& a) {
 std::string file_note(scope& in, words const& a) {
   speak(a.at(0));
   std::wstring const name = in.folder.wide(from_utf8(a.at(1)));
-  auto const kind = a[1].ends_with(".prj") ? zu::file_kind::esri : zu::file_kind::parameters;
+  auto const kind = zu::kind_of_file(name);
   return to_utf8(zu::compose_note(a.size() > 2 ? zu::save_definition(name, kind, a[2])
                                                : zu::load_definition(name, kind).failure,
                                   L"", catalogue_of(in).editor));

@@ -1,6 +1,6 @@
-# CPack gives a package with a library scripts that call ldconfig. The trigger in the
-# package does that already, once for all packages of a run. This takes the scripts
-# out and packs again, smaller, as root's files and with the time of the source.
+# CPack adds scripts that call ldconfig to a package with a library. The trigger in the package
+# already does that, once for all packages of a run. This file removes the scripts and packs
+# again: smaller, with files of root and with the time of the source.
 find_program(dpkg_deb dpkg-deb REQUIRED)
 foreach(package IN LISTS CPACK_PACKAGE_FILES)
   set(folder "${package}.folder")

@@ -1,6 +1,6 @@
-/* A host's own module over the C-style layer, for programs in other languages. The
-   layer is in the static library, whose functions no module exports: a module exports
-   functions of its own, those that its program needs. examples/layer.py calls these. */
+/* A host's own module that uses the C-style layer, for programs in other languages. The layer is
+   in the static library, and no module exports the functions of that. So a module exports its
+   own functions, those that its program needs. examples/layer.py calls the ones here. */
 #include <string.h>
 
 #include "zu_pj_edit/zu_pj4_layer.h"
@@ -11,7 +11,7 @@
 #define EXPORTED __attribute__((visibility("default")))
 #endif
 
-/* A prototype for each, since no header declares them. */
+/* No header declares these. */
 EXPORTED int layer_transform(char const* source, char const* target, size_t count, double* x,
                              double* y);
 EXPORTED int layer_export_esri(wchar_t const* definition, char* text, size_t size);
@@ -19,7 +19,7 @@ EXPORTED unsigned layer_find_losses(char const* definition,
                                     void (*found)(void* context, zu_pj4_loss const* loss),
                                     void* context);
 
-/* Points in place, 0 when any failed. */
+/* Transforms points in place. Returns 0 if any of them failed. */
 int layer_transform(char const* source, char const* target, size_t count, double* x, double* y) {
   zu_rpj_fb_d2* const reproj = zu_rpj_fb_d2_create();
   int const done =
@@ -47,7 +47,7 @@ static void keep_wide(wchar_t const* text, void* context) {
   for (size_t i = 0; i < size; ++i) buffer->text[i] = (char)text[i];
 }
 
-/* A definition as ESRI WKT; 0 when there is none, or no room for it. */
+/* Makes ESRI WKT of a definition. Returns 0 if there is none, or no room for it. */
 int layer_export_esri(wchar_t const* definition, char* text, size_t size) {
   if (size == 0) return 0;
   text[0] = '\0';

@@ -2,6 +2,6 @@
 
 
 def classFactory(iface):  # pylint: disable=invalid-name
-    """What QGIS calls."""
+    """QGIS calls this."""
     from .plugin import Plugin  # pylint: disable=import-outside-toplevel
     return Plugin(iface)

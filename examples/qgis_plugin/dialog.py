@@ -1,4 +1,4 @@
-"""The dialog, by ctypes. What lies in the plug-in's folder is loaded at its first use."""
+"""The dialog, by ctypes. The libraries in the plug-in's folder are loaded at the first use."""
 import contextlib
 import ctypes
 import os
@@ -13,32 +13,32 @@ from .texts import Error, is_russian
 
 FOLDER = os.path.dirname(os.path.abspath(__file__))
 IS_WINDOWS = sys.platform == "win32"
-# The library's texts are in the system's own 8-bit encoding.
+# The library's texts are in the system's 8-bit encoding.
 ENCODING = "mbcs" if IS_WINDOWS else sys.getfilesystemencoding()
-# Its line on standard error when no dialog can come up.
+# The library's line on standard error begins with this if no dialog can open.
 NO_DIALOG = b"zu_pj_edit: no dialog: "
 LOADED = "zu_pj_edit_loaded"
 
 
 def open_libraries(folder):
-    """The library, and the module that it asks what a host is asked."""
+    """The library, and the module that answers its questions to the host."""
     library, host = (("zu_pj_edit.dll", "zuk_basic.dll") if IS_WINDOWS else
                      ("libzu_pj_edit.so", "zuk_basic.so"))
     return (ctypes.CDLL(os.path.join(folder, library)), ctypes.CDLL(os.path.join(folder, host)))
 
 
 def open_copies():
-    """The same from copies that are gone at once.
+    """The same from copies, which are deleted at once.
 
-    QGIS installs a new version over the old files, and a library whose file changes
-    ends the process. On Windows the system keeps the files as they are.
+    QGIS installs a new version over the old files. If the file of a loaded library changes,
+    the process ends. On Windows the system protects the files.
     """
     if IS_WINDOWS:
         return open_libraries(FOLDER)
     try:
         copies = tempfile.TemporaryDirectory(dir=FOLDER)
     except OSError:
-        # Who may not write here does not install here, either.
+        # A user who may not write here cannot install a new version here, either.
         return open_libraries(FOLDER)
     with copies as folder:
         for name in os.listdir(FOLDER):
@@ -64,8 +64,8 @@ def load():
 
 
 def loaded():
-    """The same function until QGIS ends, also when the plug-in is replaced meanwhile: a
-    process cannot hold two copies of the library."""
+    """The same function until QGIS ends, also if the plug-in is replaced meanwhile, because a
+    process cannot have two copies of the library."""
     application = QApplication.instance()
     execute = application.property(LOADED)
     if execute is None:
@@ -76,9 +76,10 @@ def loaded():
 
 @contextlib.contextmanager
 def no_input(window):
-    """Keeps keys, clicks and closing from QGIS's windows, for Qt knows nothing of the dialog.
+    """Keeps keys, clicks and closing away from QGIS's windows, because Qt does not know about
+    the dialog.
 
-    A modal window that is never drawn does it, as with the system's own dialogs.
+    An invisible modal window does this, as for the system's own dialogs.
     """
     modal = QDialog(window)
     modal.setAttribute(Qt.WA_DontShowOnScreen)
@@ -93,9 +94,9 @@ def no_input(window):
 
 @contextlib.contextmanager
 def standard_error():
-    """Collects what is written to standard error, which gets it at the end."""
+    """Collects the output to standard error, and writes it there at the end."""
     if IS_WINDOWS:
-        # Nothing keeps the dialog from coming up there, and QGIS has no such stream.
+        # The dialog always opens on Windows, and QGIS has no standard error there.
         yield lambda: b""
         return
     with tempfile.TemporaryFile() as file:
@@ -112,13 +113,13 @@ def standard_error():
 
 
 def window_id(window):
-    """What the library takes for an owner; a Wayland window has none."""
+    """The window id for the library. A Wayland window has none."""
     has_one = QApplication.platformName() in ("xcb", "windows")
     return int(window.winId()) if has_one else None
 
 
 def edited(window, definition):
-    """What the user makes of a definition; None when he cancels."""
+    """The definition that the user has edited. None if the user cancels."""
     execute = loaded()
     changed = ctypes.c_ubyte(0)
     with no_input(window), standard_error() as lines:

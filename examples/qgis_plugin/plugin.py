@@ -1,4 +1,4 @@
-"""The plug-in's menu and what it does with the dialog's result."""
+"""The menu of the plug-in, and the use of the dialog's result."""
 import functools
 import os
 
@@ -14,7 +14,7 @@ MESSAGE_SECONDS = 15
 
 
 def told(action):
-    """An action of the user's, whose errors he is told in QGIS's message bar."""
+    """An action of the user. QGIS's message bar shows its errors."""
     @functools.wraps(action)
     def run(self, *arguments):
         if self.is_open:
@@ -33,7 +33,7 @@ def told(action):
 
 
 class Plugin:
-    """What QGIS makes once and asks for its menu."""
+    """QGIS makes one of these and asks it for its menu."""
 
     def __init__(self, iface):
         self.iface = iface
@@ -43,13 +43,13 @@ class Plugin:
         self.layer_action = None
 
     def initGui(self):  # pylint: disable=invalid-name
-        """What QGIS calls at the start."""
+        """QGIS calls this at the start."""
         icon = QIcon(os.path.join(dialog.FOLDER, "icon.svg"))
         for key, method in (("layer", self.edit_layer), ("project", self.edit_project),
                             ("new", self.make_new)):
             action = QAction(icon, text(key), self.iface.mainWindow())
             action.setObjectName(f"zu_pj_edit_{key}")
-            # Qt hands over whether the action is checked.
+            # Qt passes whether the action is checked.
             action.triggered.connect(lambda _checked, method=method: method())
             self.iface.addPluginToMenu(self.menu, action)
             self.actions.append(action)
@@ -58,7 +58,7 @@ class Plugin:
             self.iface.addCustomActionForLayerType(self.layer_action, "", kind, True)
 
     def unload(self):
-        """What QGIS calls at the end."""
+        """QGIS calls this at the end."""
         if self.layer_action is not None:
             self.iface.removeCustomActionForLayerType(self.layer_action)
         for action in self.actions:
@@ -70,7 +70,7 @@ class Plugin:
         """Shows a message, with a button that saves a coordinate system."""
         bar = self.iface.messageBar()
         item = bar.createMessage(self.menu, message)
-        # One with a code is among QGIS's own already.
+        # QGIS already has a system with a code.
         if crs is not None and not crs.authid():
             button = QPushButton(text("save"), item)
             button.setObjectName("zu_pj_edit_save")
@@ -79,7 +79,7 @@ class Plugin:
         bar.pushWidget(item, level, MESSAGE_SECONDS)
 
     def edited(self, crs):
-        """The coordinate system that the user makes of one; None when he cancels."""
+        """The coordinate system that the user has edited. None if the user cancels."""
         definition = dialog.edited(self.iface.mainWindow(), systems.definition_of(crs))
         return None if definition is None else systems.crs_of(definition)
 
@@ -92,7 +92,7 @@ class Plugin:
         crs = self.edited(layer.crs())
         if crs is None:
             return
-        # QGIS has gone on meanwhile.
+        # The layer may have been removed while the dialog was open.
         layer = QgsProject.instance().mapLayer(identity)
         if layer is None:
             raise Error("layer gone")
@@ -118,7 +118,7 @@ class Plugin:
         own = self.ask_name_and_save(crs)
         if own is None:
             return
-        # Who has got the system without a name gets it with the name.
+        # The layers and the project that have the system without a name get the named one.
         project = QgsProject.instance()
         if project.crs() == crs:
             project.setCrs(own, True)

@@ -1,8 +1,8 @@
 """QGIS's coordinate systems as PROJ.4 definitions, and back, with their datum shifts.
 
-QGIS drops the seven numbers when it makes a system of PROJ.4 text, and when it writes
-one as PROJ.4 text. GDAL keeps them, so a definition goes to QGIS and comes from it as
-WKT, through GDAL.
+QGIS drops the seven numbers when it makes a system from PROJ.4 text, and when it writes a
+system as PROJ.4 text. GDAL keeps them. So a definition goes to QGIS and comes back as WKT,
+through GDAL.
 """
 import re
 
@@ -11,14 +11,13 @@ from qgis.core import QgsApplication, QgsCoordinateReferenceSystem
 
 from .texts import Error
 
-# WKT holds the scale as a factor near 1: the ninth decimal of the parts per million
-# is the last one that returns.
+# WKT has the scale as a factor near 1. So only nine decimals of the parts per million come back.
 DECIMALS = 9
 SHIFT = re.compile(r"\+towgs84=(\S+)")
 
 
 def shift_of(definition):
-    """The seven numbers of a definition; zeros where it has none."""
+    """The seven numbers of a definition, or zeros if it has none."""
     found = SHIFT.search(definition)
     numbers = [round(float(number), DECIMALS) for number in found[1].split(",")] if found else []
     return numbers + [0.0] * (7 - len(numbers))
@@ -32,12 +31,12 @@ def with_shift_rounded(definition):
 
 
 def definition_of(crs):
-    """The PROJ.4 definition of a coordinate system, "" of one that is not set."""
+    """The PROJ.4 definition of a coordinate system, or "" if the system is not set."""
     if not crs.isValid():
         return ""
     reference = osr.SpatialReference()
     try:
-        # Fails by its result or by an exception: that is the same for all plug-ins.
+        # A failure is a result or an exception. One setting for all plug-ins decides which.
         failed = reference.ImportFromWkt(crs.toWkt(QgsCoordinateReferenceSystem.WKT2_2019))
         definition = "" if failed else reference.ExportToProj4()
     except RuntimeError:
@@ -49,8 +48,8 @@ def definition_of(crs):
 
 
 def to_be_handed_over(definition):
-    """A definition without what would keep QGIS from knowing it again."""
-    # QGIS wraps no longitudes.
+    """A definition without the parts that stop QGIS from recognising the system."""
+    # QGIS does not wrap longitudes.
     pieces = [piece for piece in definition.split() if not piece.startswith("+lon_wrap=")]
     if "+datum=WGS84" in pieces and not any(shift_of(definition)):
         pieces = [piece for piece in pieces if not piece.startswith("+towgs84=")]
@@ -74,7 +73,7 @@ def crs_of(definition):
 
 
 def saved(crs, name):
-    """The coordinate system as one of QGIS's user-defined ones."""
+    """Saves the coordinate system as a user-defined one of QGIS."""
     number = QgsApplication.coordinateReferenceSystemRegistry().addUserCrs(crs, name)
     own = QgsCoordinateReferenceSystem.fromSrsId(number)
     if number < 0 or not own.isValid():

@@ -1,4 +1,4 @@
-"""The plug-in's own texts, in the language that QGIS shows itself in."""
+"""The texts of the plug-in, in the language of QGIS."""
 from qgis.PyQt.QtCore import QSettings
 
 # English and Russian.
@@ -31,7 +31,7 @@ TEXTS = {
 
 
 def is_russian():
-    # QGIS writes the language that it has started with here.
+    # At its start QGIS writes its language here.
     return str(QSettings().value("locale/userLocale", "")).startswith("ru")
 
 
@@ -40,7 +40,7 @@ def text(key, *values):
 
 
 class Error(Exception):
-    """What the user is told instead of a result."""
+    """A message for the user instead of a result."""
 
     def __init__(self, key, *values):
         super().__init__(text(key, *values))

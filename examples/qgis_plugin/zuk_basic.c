@@ -1,7 +1,6 @@
-/* What the library asks of its host: the language of the dialog's texts and the
-   place of the catalogue. The library finds this module by its name. So the dialog
-   has QGIS's language, not the system's, and the plug-in's catalogue, not one
-   beside QGIS's program. */
+/* Answers the library's questions to its host: the language of the dialog's texts and the place
+   of the catalogue. The library finds this module by its name. So the dialog has QGIS's language
+   and not the system's, and the catalogue of the plug-in and not one next to QGIS's program. */
 #include <string.h>
 #include <wchar.h>
 
@@ -20,12 +19,12 @@ struct answers {
 /* A process has one host. NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables) */
 static struct answers answers = {L"", english};
 
-/* A prototype for each, since no header declares them. */
+/* No header declares these. */
 EXPORTED int zu_qgis_answer(wchar_t const* folder, int is_russian);
 EXPORTED wchar_t const* zu_options_get_main_module_path(void);
 EXPORTED int zu_res_get_lng(void);
 
-/* Sets both answers. The folder ends with its separator. 0 for one that is too long. */
+/* Sets both answers. The folder ends with its separator. Returns 0 if it is too long. */
 int zu_qgis_answer(wchar_t const* folder, int is_russian) {
   size_t const size = wcslen(folder) + 1;
   if (size > path_size) return 0;

@@ -70,7 +70,7 @@ int zu_pj4_import_crs(wchar_t const* text, Izu_string_adp* adapter);
 /* Feeds a line "caption = value\r\n" for each parameter that the definition gives,
    in the host's interface language. Feeds wide text, because the system's code
    page may have no Russian letters. Leaves out south, units, nadgrids, lon_wrap,
-   and everything that is not among the 21 parameters (see zu_pj4_find_losses). */
+   and everything that is not among the parameters (see zu_pj4_find_losses). */
 int zu_pj4_get_text(char const* definition, Izu_string_adp* adapter);
 /* Feeds a summary in one line: the catalogue's caption of the projection and the
    values of the same parameters, each followed by "; ". Feeds narrow text. Fails
@@ -81,7 +81,7 @@ int zu_pj4_get_short_text(char const* definition, Izu_string_adp* adapter);
 
 typedef enum zu_pj4_loss_reason {
   ZU_PJ4_LOSS_TEXT_BEFORE,    /* text before the first "+" is never read */
-  ZU_PJ4_LOSS_UNKNOWN_KEY,    /* the key is none of the 21, nor another name of one */
+  ZU_PJ4_LOSS_UNKNOWN_KEY,    /* no parameter has the key as its name or other name */
   ZU_PJ4_LOSS_REPEATED_KEY,   /* the parameter is given by another piece */
   ZU_PJ4_LOSS_UNREAD_VALUE,   /* no number, no text, or a flag with a value that means no */
   ZU_PJ4_LOSS_UNREAD_TAIL,    /* only the beginning of the value is read, "37" of "37d30" */
@@ -109,8 +109,8 @@ unsigned zu_pj4_find_losses(char const* definition,
 
 /* --- Parameters of a definition ------------------------------------------
 
-   A definition as 21 typed parameters and its PROJ.4 text. Reading is lenient:
-   other keys than the 21 are dropped, and a number that cannot be read leaves its
+   A definition as typed parameters and its PROJ.4 text. Reading is lenient:
+   other keys are dropped, and a number that cannot be read leaves its
    parameter undefined.
 
    The parameters, by the kind of function for their value:

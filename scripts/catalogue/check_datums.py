@@ -1,20 +1,18 @@
 #!/usr/bin/env python3
 """Check the tables of datums and ellipsoids.
 
-Why: a wrong sign or unit in a shift moves a map by metres and looks like any
-other number; a row in the wrong place renames a definition.
+Why: A wrong sign or unit in a shift moves a map by metres, and nobody sees it in the number.
+A row in the wrong place gives a definition another name.
 
 What:
- 1. captions are unique, numbers are numbers, every ellipsoid exists;
- 2. the numbers of every row made from an EPSG operation equal those that
-    libproj itself uses for it;
- 3. of rows with the same ellipsoid and numbers the first has no key, save
-    WGS 84, and the datums that the dialog asks for by caption are there;
- 4. every datum key that libproj knows has a row, and its numbers, where it has
-    some and not a grid, are libproj's.
+ 1. Captions are unique, numbers are numbers, every ellipsoid exists.
+ 2. The numbers of every row from an EPSG operation equal those of libproj.
+ 3. If rows have the same ellipsoid and numbers, the first one has no key, except WGS 84. The
+    datums that the dialog asks for by caption are there.
+ 4. Every datum key of libproj has a row. Its numbers are libproj's, unless it is a grid.
 
 Run: python3 scripts/catalogue/check_datums.py
-Exit code 1 and one line per difference when something is wrong.
+If something is wrong, prints one line for each difference and ends with exit code 1.
 """
 import re
 import sys
@@ -27,7 +25,7 @@ NUMBERS = ("SHIFT_X0", "SHIFT_Y0", "SHIFT_Z0", "ROTAT_X0", "ROTAT_Y0", "ROTAT_Z0
 
 REQUIRED = ("WGS84", "PULKOVO_1942", "PULKOVO_1995", "GSK_2011", "MOSCOW_BESSEL")
 
-# Keys of libproj with a grid in place of a shift, then those with a shift.
+# Keys of libproj with a grid instead of a shift, then those with a shift.
 KEYS_WITH_GRID = ("NAD27", "potsdam")
 KEYS_WITH_SHIFT = ("WGS84", "GGRS87", "NAD83", "carthage", "hermannskogel", "ire65",
                    "nzgd49", "OSGB36")
@@ -38,13 +36,13 @@ def numbers(row):
 
 
 def numbers_of_operation(code):
-    """The seven numbers of libproj's own pipeline for an EPSG operation."""
+    """The seven numbers of libproj's pipeline for an EPSG operation."""
     text = libproj.epsg_operation(code)
     if text is None:
         return None
     step = re.search(r"\+proj=helmert[^@]*?(?=\+step|$)", text)
     if step is None:
-        # Without any shift libproj leaves the step out.
+        # libproj leaves out the step if there is no shift.
         return [0.0] * 7
     keys = libproj.parameters(step.group())
     sign = -1 if keys.get("convention") == "coordinate_frame" else 1
@@ -73,7 +71,7 @@ def check_keys(rows, ellipsoids, problems):
         if key not in by_key:
             problems.append("no row for libproj's key %s" % key)
         elif key in KEYS_WITH_SHIFT:
-            # libproj tells the shift behind a key only by what it does with it.
+            # libproj does not tell the shift of a key, so this compares coordinates.
             row = by_key[key]
             explicit = "+ellps=%s +towgs84=%s" % (
                 ellipsoids[row["ELLPS_ID"]]["ELLPS"],

@@ -1,21 +1,21 @@
 #!/usr/bin/env python3
 """Check the table of usual projections against libproj.
 
-Why: on Apply the dialog writes exactly the parameters that the chosen row
-shows, so a key that libproj heeds and no row shows would be lost without a
-word, and a key that libproj ignores would be an edit that does nothing.
+Why: On Apply the dialog writes exactly the parameters that the chosen row shows. If libproj uses
+a key and no row shows it, the key is lost without a message. If libproj ignores a shown key, its
+edit does nothing.
 
-What: for every operation of libproj that is a map projection,
- 1. which keys move coordinates is found by trial (seeded, hence repeatable);
- 2. every shown key must be one of them;
- 3. for every combination of these keys that libproj accepts, the definition is
-    matched and written back as the dialog does, and must give the same plane
-    coordinates, on an ellipsoid and on a sphere;
- 4. the captions must be unique, the limits sane, and no projection forgotten.
-What is known not to fit is listed below with the reason.
+What: For every operation of libproj that is a map projection,
+ 1. finds by trial which keys change coordinates, with the same random numbers each time;
+ 2. checks that every shown key is one of them;
+ 3. for every combination of these keys that libproj accepts, matches the definition and writes
+    it back as the dialog does. It must give the same plane coordinates, on an ellipsoid and on a
+    sphere;
+ 4. checks that captions are unique, limits make sense, and no projection is missing.
+The exceptions are listed below with the reason.
 
 Run: python3 scripts/catalogue/check_projections.py
-Exit code 1 and one line per difference when something is wrong.
+If something is wrong, prints one line for each difference and ends with exit code 1.
 """
 import itertools
 import random
@@ -42,15 +42,14 @@ POINTS = [(longitude, latitude) for longitude in range(-170, 180, 34)
 
 TRIALS = 300
 
-# Operations that are no map projections of their own.
+# Operations that are not map projections.
 CONVERSIONS = set(
     "affine axisswap cart defmodel deformation geoc geocent geogoffset helmert "
     "hgridshift horner molobadekas molodensky noop pipeline pop push set "
     "tinshift topocentric unitconvert vertoffset vgridshift xyzgridshift "
     "latlon latlong lonlat longlat".split())
 
-# Projections that need keys outside the dialog's parameters, or have a place
-# of their own.
+# Projections that need keys outside the dialog's parameters, or are in another table.
 LEFT_OUT = {
     "chamb": "three control points", "col_urban": "h_0", "fouc_s": "n", "geos": "h",
     "gn_sinu": "m and n", "imw_p": "lon_1", "isea": "orient, resolution, mode",
@@ -66,7 +65,8 @@ ACCEPTED = (
     ("ocea", (), ("alpha",), "the form by two points needs lon_1 and lon_2"),
     ("omerc", (), ("alpha",), "the form by two points needs lon_1 and lon_2"),
 )
-# Shown though libproj has them built in: a projection file would say zero.
+# The dialog shows these although libproj has them built in. Otherwise a projection file would say
+# zero.
 KEPT = {"nzmg": ("lat_0", "lon_0", "x_0", "y_0")}
 
 
@@ -96,7 +96,7 @@ def same(first, second):
 
 
 def effective_keys(proj):
-    """Keys that change the coordinates for some values of all the others."""
+    """Keys that change the coordinates for some values of the other keys."""
     chance = random.Random(proj)
     found = set()
     for _ in range(TRIALS):

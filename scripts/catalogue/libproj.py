@@ -1,8 +1,8 @@
-"""The few calls of libproj that the catalogue scripts need, through ctypes.
+"""The calls of libproj that the catalogue scripts need, through ctypes.
 
-Why: the catalogue has to agree with the library that will read the
-definitions, so the scripts ask that library instead of keeping a second list.
-A module for the other scripts; it does nothing when run.
+Why: The catalogue must agree with the library that will read the definitions. So the scripts ask
+that library and have no second list.
+This is a module for the other scripts.
 """
 import ctypes
 import ctypes.util
@@ -63,7 +63,7 @@ Ellipsoid = namedtuple("Ellipsoid", "key a b rf name")
 
 
 def operations():
-    """(key, caption) of every operation of the library, its own order."""
+    """(key, caption) of every operation of the library, in its order."""
     table = _list_operations()
     result = []
     index = 0
@@ -75,7 +75,7 @@ def operations():
 
 
 def ellipsoids():
-    """Every ellipsoid the library knows by key; numbers as its own texts."""
+    """Every ellipsoid that the library knows by key, with the numbers as texts."""
     table = _list_ellps()
     result = []
     index = 0

@@ -1,18 +1,18 @@
 #!/usr/bin/env python3
 """Make the table of datums.
 
-Why: the shifts of most datums are published in the coordinate-system database;
-copying some two hundred of them by hand would leave mistakes nobody can see.
+Why: The database of coordinate systems has the shifts of most datums. About two hundred of them
+copied by hand would have mistakes that nobody sees.
 
-What: data/prj_def/datum_choice.csv lists the datums in the order in which the user
-sees them. A row names an operation of the database, from the datum to WGS 84, or
-gives seven numbers. The numbers of an operation are turned into what +towgs84=
-takes: metres, seconds of arc, parts per million, rotations of the position vector. Operations that turn the frame instead of the vector have
-the opposite signs of rotation.
+What: data/prj_def/datum_choice.csv lists the datums in the order of the dialog. A row names an
+operation of the database, from the datum to WGS 84, or gives seven numbers. The script converts
+the numbers of an operation to those of +towgs84=: metres, arc-seconds, parts per million,
+rotations of the position vector. Operations that rotate the frame and not the vector have the
+opposite signs of rotation.
 
-The order of rows matters: a definition without a datum key takes the first row
-with its ellipsoid and numbers. Hence a row without a key stands before any with
-a key and the same numbers (else an ETRS89 definition would come back as NAD83).
+The order of rows matters, because a definition without a datum key takes the first row with its
+ellipsoid and numbers. So a row without a key comes before rows with a key and the same numbers.
+Otherwise an ETRS89 definition would come back as NAD83.
 
 Run: python3 scripts/catalogue/make_datums.py [--check]
 Writes data/prj_def/pj_datum.csv, or compares it with --check; needs data/prj_def/pj_ellps.csv.
@@ -44,7 +44,7 @@ SECONDS_IN_RADIAN = 206264.80624709636
 
 
 def plain(number):
-    """A number with the digits that the dialog writes; never a negative zero."""
+    """A number with the digits that the dialog writes, but never a negative zero."""
     return tables.twelve_digits(number + 0.0)
 
 
@@ -57,8 +57,8 @@ class Database:
     def _convert(self, value, unit, factor=1.0):
         """A value in basic units, times a factor.
 
-        Seconds and parts per million pass unchanged, without a way through
-        radians that would cost their last digit.
+        Seconds and parts per million do not change. A conversion to radians and back would lose
+        the last digit.
         """
         if not value:
             return 0.0

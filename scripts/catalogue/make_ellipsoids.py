@@ -1,16 +1,15 @@
 #!/usr/bin/env python3
 """Make the table of ellipsoids.
 
-Why: a definition whose ellipsoid is not in the table is shown with WGS 84, and
-Apply would move its coordinates. So the table holds all that libproj knows by
-key, and all that it writes by its axes in the definitions of EPSG systems.
+Why: If the ellipsoid of a definition is not in the table, the dialog shows WGS 84, and Apply
+would move the coordinates. So the table has all ellipsoids that libproj knows by key, and all
+that it writes by their axes in the definitions of EPSG systems.
 
-What: first the ellipsoids that users here meet most, then the rest of libproj's
-own, then those of EPSG, then spheres. A definition finds its ellipsoid by the
-very number after +a=, hence
+What: First the ellipsoids that our users meet most, then the others of libproj, then those of
+EPSG, then spheres. A definition finds its ellipsoid by exactly the number after +a=. So
  - the numbers are those of libproj's texts,
- - an ellipsoid whose numbers have more than the twelve digits that the dialog
-   writes has a second row with twelve, or its own output would not find it.
+ - an ellipsoid with more than twelve digits has a second row with twelve digits. The dialog
+   writes twelve, and must find its own output again.
 
 Run: python3 scripts/catalogue/make_ellipsoids.py [--check]
 Writes data/prj_def/pj_ellps.csv, or compares it with --check. Other tables refer to ELLPS_ID: run
@@ -24,7 +23,7 @@ COLUMNS = ("ELLPS_ID", "ELLPS_NAME", "ELLPS", "A", "B", "RF", "#SOURCE")
 FIRST = ("krass", "GSK2011", "PZ90", "WGS84", "GRS80", "bessel", "walbeck",
          "SGS85", "WGS72", "intl")
 
-# Captions for libproj's keys that read better than its own descriptions.
+# Captions for libproj's keys. libproj's descriptions are less readable.
 CAPTIONS = {
     "krass": "Krasovsky 1940", "GSK2011": "GSK-2011", "PZ90": "PZ-90",
     "WGS84": "WGS 84", "GRS80": "GRS 1980", "bessel": "Bessel 1841",
@@ -51,7 +50,7 @@ CAPTIONS = {
     "sphere": "Sphere, R = 6370997 m",
 }
 
-# Beside the database: numbers that other software writes and no key covers.
+# Not in the database: numbers that other software writes and that have no key.
 EXTRA = (
     ("PZ-90 (inverse flattening 298.257839)", "6378136", "", "298.257839",
      "projection files"),
@@ -75,7 +74,7 @@ PROJECTED = ELLIPSOID_OF_SYSTEM.format(
 
 
 def plain(number):
-    """A number of a text without idle zeros; the same double."""
+    """The shortest text of the number in a text, for the same double."""
     text = repr(float(number)) if number else ""
     return text[:-2] if text.endswith(".0") else text
 
@@ -109,7 +108,7 @@ def by_axes():
     spheres = []
     for (a, b, rf), (code, name) in found.items():
         if a == b:
-            # Web maps stand on WGS 84 but count on a sphere.
+            # Web maps are on WGS 84 but calculate on a sphere.
             web = a == "6378137"
             spheres.append((float(a), ("Sphere, R = %s m%s" % (a, " (web maps)" * web),
                                        "", a, b, rf,

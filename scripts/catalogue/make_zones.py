@@ -1,17 +1,16 @@
 #!/usr/bin/env python3
 """Make the table of zonal projections.
 
-Why: its 368 rows follow one rule, and a rule is easier to read than the rows.
+Why: The 368 rows follow one rule, and a rule is easier to read than the rows.
 
-What: Gauss-Kruger zones of 6 degrees, 1 to 60, with the plain false easting and
-with the zone number in front of it, the same for zones of 3 degrees, 1 to 64, then
-UTM zones 1 to 60, north and south. The central meridian of zone n is 6n - 3 degrees,
-of a 3-degree zone 3n degrees, wrapped into -180..180. A UTM zone has no other
-parameter: the projection knows them from the zone.
+What: Gauss-Kruger zones of 6 degrees, 1 to 60, without and with the zone number in the false
+easting. The same for zones of 3 degrees, 1 to 64. Then UTM zones 1 to 60, north and south. The
+central meridian of zone n is 6n - 3 degrees, of a 3-degree zone 3n degrees, wrapped into
+-180..180. A UTM zone has no other parameter, because the projection knows them from the zone.
 
-The 3-degree zones end where Russia does, at 168 degrees west. They stand below the
-6-degree zones: without the zone number every 6-degree zone is a 3-degree zone, too,
-and the first row that fits is taken.
+The 3-degree zones end at 168 degrees west, where Russia ends. They are below the 6-degree zones,
+because the first row that fits is taken. Without the zone number every 6-degree zone is also a
+3-degree zone.
 
 Run: python3 scripts/catalogue/make_zones.py [--check]
 Writes data/prj_def/pj_proj2.csv, or compares it with --check.

@@ -1,21 +1,21 @@
 #!/usr/bin/env python3
 """Survey the definitions of all EPSG systems against the catalogue.
 
-Why: users open systems by EPSG code. What the catalogue cannot express would be
-changed by opening the dialog and pressing Apply, so it has to be known.
+Why: Users open systems by EPSG code. If the catalogue cannot express a system, the dialog changes
+it on Apply. This script finds such systems.
 
-What: every projected and two-dimensional geographic system that libproj can
-write as a PROJ.4 text is matched as the dialog does. Listed are
- - the distinct combinations of projection and keys, with the row they select
-   and the keys that do not come back,
- - the distinct ellipsoids with the row they select,
- - what is lost because the dialog's definitions have no such key.
-A lost key counts as a fault unless libproj gives the same coordinates without
-it or the dialog has no place for it by design.
+What: The script takes every projected and two-dimensional geographic system that libproj can
+write as a PROJ.4 text, and matches it as the dialog does. It lists
+ - the different combinations of projection and keys, with the row that they select and the keys
+   that do not come back,
+ - the different ellipsoids with the row that they select,
+ - keys that are lost because the dialog's definitions do not have them.
+A lost key is a fault. It is none if libproj gives the same coordinates without it, or if the
+dialog leaves it out by design.
 
 Run: python3 scripts/catalogue/survey_epsg.py
-Exit code 1 when a system loses a parameter or its ellipsoid, or finds no row
-and no reason is known.
+Ends with exit code 1 if a system loses a parameter or its ellipsoid, or finds no row without a
+known reason.
 """
 import collections
 import sys
@@ -23,13 +23,13 @@ import sys
 import libproj
 import tables
 
-# Written by libproj, without a meaning that could be lost.
+# libproj writes these, but nothing is lost without them.
 SILENT = ("no_defs", "type", "wktext")
 
-# Keys of the dialog that its ellipsoid, datum and units parts take care of.
+# Keys that the dialog handles outside the projection: ellipsoid, datum and units.
 ELSEWHERE = ("proj", "datum", "ellps", "a", "b", "rf", "units", "nadgrids", "towgs84")
 
-# No row can stand for these.
+# No row can express these.
 WITHOUT_ROW = {"labrd": "needs azi, which the dialog does not have",
                "col_urban": "needs h_0, which the dialog does not have"}
 
@@ -40,7 +40,7 @@ POINTS = [(longitude, latitude) for longitude in range(-170, 180, 20)
 
 
 class Group:
-    """Systems that are alike in the survey."""
+    """Systems that are the same for the survey."""
 
     def __init__(self, example):
         self.example = example
@@ -121,7 +121,7 @@ def main():
             if row is None:
                 faults.append("EPSG:%s: no ellipsoid for %s" % (code, shape))
             elif not row["ELLPS"]:
-                # As the dialog reads its own output again.
+                # The dialog reads its own output like this.
                 again = {key.lower(): tables.twelve_digits(row[key])
                          for key in ("A", "B", "RF") if row[key]}
                 if tables.find_ellipsoid(ellipsoids, again) is None:

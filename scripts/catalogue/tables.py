@@ -1,9 +1,8 @@
-"""Reading and writing of the catalogue's CSV tables, and the rules by which
-the dialog matches a definition against them.
+"""Reads and writes the CSV tables of the catalogue, and has the rules by which the dialog finds the
+row of a definition.
 
-Why: the making and the checking scripts share the file format, and the checks
-must find the same row that the dialog would find.
-A module for the other scripts; it does nothing when run.
+Why: All scripts use the same file format, and the checks must find the same row as the dialog.
+This is a module for the other scripts.
 """
 import csv
 import io
@@ -13,12 +12,6 @@ import sys
 FOLDER = os.path.join(os.path.dirname(os.path.abspath(__file__)),
                       "..", "..", "data", "prj_def")
 
-NUMERIC_KEYS = ("lat_1", "lat_2", "lat_ts", "lat_0", "lon_0", "lonc", "alpha",
-                "k_0", "x_0", "y_0")
-
-KNOWN_KEYS = NUMERIC_KEYS + ("proj", "zone", "south", "datum", "towgs84", "a",
-                             "b", "rf", "ellps", "units", "nadgrids")
-
 
 def read(name):
     """The rows of a table as dictionaries by column."""
@@ -26,9 +19,17 @@ def read(name):
         return list(csv.DictReader(stream, strict=True))
 
 
+# The numbers of a projection, which have a column each.
+NUMERIC_KEYS = tuple(column.lower() for column in read("pj_proj1.csv")[0] if column not in (
+    "PRJ_NAME", "PRJ_ALIAS", "PROJ", "SOUTH", "UNITS", "#NOTE"))
+
+KNOWN_KEYS = NUMERIC_KEYS + ("proj", "zone", "south", "datum", "towgs84", "a",
+                             "b", "rf", "ellps", "units", "nadgrids")
+
+
 def write(name, columns, rows):
-    """Write a table; each row is a dictionary or a sequence in column order. With
-    --check on the command line compare it with the present one instead."""
+    """Write a table. Each row is a dictionary or a sequence in column order. With --check on the
+    command line, compare with the existing table and write nothing."""
     if sys.argv[1:] not in ([], ["--check"]):
         sys.exit("usage: %s [--check]" % sys.argv[0])
     text = io.StringIO(newline="")
@@ -45,11 +46,11 @@ def write(name, columns, rows):
         return
     with open(path, "rb") as stream:
         if stream.read() != content:
-            sys.exit("%s differs from what %s makes" % (path, sys.argv[0]))
+            sys.exit("%s differs from the output of %s" % (path, sys.argv[0]))
 
 
 def known(parameters):
-    """The parameters of a definition that the dialog keeps, under its names."""
+    """The parameters of a definition that the dialog keeps, by the dialog's names."""
     result = {}
     for key, value in parameters.items():
         if key == "k":
@@ -63,19 +64,19 @@ def known(parameters):
 
 
 def shown(row):
-    """The numeric keys that a projection row lets the user edit."""
+    """The numeric keys of a projection row that the user can edit."""
     return [key for key in NUMERIC_KEYS
             if row[key.upper()] and not row[key.upper()].startswith("=")]
 
 
 def fixed(row):
-    """The numeric keys with a fixed value of a projection row."""
+    """The numeric keys of a projection row with a fixed value."""
     return {key: float(row[key.upper()][1:]) for key in NUMERIC_KEYS
             if row.get(key.upper(), "").startswith("=")}
 
 
 def _admits(row, definition):
-    """The checks that the strict look-up and the plain walk have in common."""
+    """The conditions that both searches for a row share."""
     if row["SOUTH"] == "1" and "south" not in definition:
         return False
     lat_0 = fixed(row).get("lat_0")
@@ -85,8 +86,8 @@ def _admits(row, definition):
 def find_usual(rows, definition):
     """The usual projection row that a definition selects, or None.
 
-    The strict look-up first, which asks for the parallels and the scale that
-    the definition gives, then the plain walk by name.
+    First it looks for a row with all parallels and the scale that the definition gives, then for
+    the first row with its name.
     """
     candidates = [row for row in rows
                   if row["PROJ"].lower() == definition.get("proj", "").lower()
@@ -117,8 +118,8 @@ def find_zonal(rows, definition):
 
 
 def filled(row, definition):
-    """What the dialog writes for a usual row: the definition's value of every
-    parameter that the row shows, or what stands in for one not given."""
+    """What the dialog writes for a usual row: every parameter that the row shows, with the
+    value of the definition or a default."""
     result = {"proj": row["PROJ"]}
     if row["SOUTH"] == "1":
         result["south"] = ""
@@ -133,7 +134,7 @@ def filled(row, definition):
                 lat_0 = definition.get("lat_0", "0")
                 value = lat_0 if abs(float(lat_0)) == 90 else "0"
             elif row["PROJ"] == "krovak":
-                # The library's own constants of the one system it serves.
+                # The library's constants for the only system with this projection.
                 value = {"lat_0": "49.5", "lon_0": repr(24 + 50 / 60),
                          "k_0": "0.9999"}.get(key, value)
         result[key] = value

@@ -1,19 +1,17 @@
 #!/usr/bin/env python3
 """Make the table of known systems.
 
-Why: a row is two texts that say the same thing in two notations; made from one
-set of numbers they cannot disagree, and a row is confirmed by one line of the
-input.
+Why: A row has two texts with the same meaning in two notations. Both are made from the same
+numbers, so they cannot differ. One line of the input confirms a row.
 
-What: WGS 84, the Gauss-Kruger zones 2 to 32 of GSK-2011 and Pulkovo 1942, and
-the cadastral systems of data/known_systems/cadastre.csv, in table order. Each
-zone is there twice, with the zone number in the false easting and ("N")
-without. The two kinds write the numbers of the WKT each in its own way, as do
-the files that the users of these systems have.
+What: WGS 84, the Gauss-Kruger zones 2 to 32 of GSK-2011 and Pulkovo 1942, and the cadastral
+systems of data/known_systems/cadastre.csv, in table order. Each zone is there twice, with the
+zone number in the false easting and without ("N"). The two kinds write the numbers of the WKT
+differently, because the files of the users of these systems do so.
 
 Run: python3 scripts/known_systems/make_known_systems.py [--check]
-Writes src/interchange/known_systems_data.cpp; with --check compares it instead,
-and fails when it differs.
+Writes src/interchange/known_systems_data.cpp. With --check it compares and fails if the file
+differs.
 """
 import csv
 import pathlib
@@ -30,8 +28,8 @@ COUNT = 442
 
 
 class Geographic(typing.NamedTuple):
-    """The geographic side of a system: names and spheroid of the WKT, datum and
-    ellipsoid of the definition."""
+    """The geographic part of a system: names and spheroid of the WKT, datum and ellipsoid of the
+    definition."""
     name: str
     datum: str
     spheroid: str
@@ -57,13 +55,12 @@ MOSCOW = Geographic("GCS_MOSCOW_BESSEL", "D_MOSCOW_BESSEL", "S_RUSSIA_BESSEL",
 
 SHIFTS = {"1942": PULKOVO_1942, "1995": PULKOVO_1995, "moscow": MOSCOW}
 
-# The files of this system name Pulkovo 1995; its definition has had the shift of
-# 1942 all along.
+# The files of this system name Pulkovo 1995, but its definition has always had the shift of 1942.
 MIXED = "Russia_Cadastre_20_1_N"
 
 
 class Notation(typing.NamedTuple):
-    """How the WKT of a kind of rows writes its numbers."""
+    """How one kind of rows writes numbers in the WKT."""
     whole: str  # a whole number
     degree: str  # the unit, in radians
 
@@ -88,7 +85,7 @@ def row(wkt, proj4, confirmed=True):
 
 
 def projected(name, side, numbers, authority, notation=WITH_POINT, confirmed=True):
-    """A row; the numbers are lon_0, lat_0, x_0 and y_0 as the definition writes them."""
+    """A row. The numbers are lon_0, lat_0, x_0 and y_0 as the definition writes them."""
     lon_0, lat_0, x_0, y_0 = numbers
     parameters = "".join(',PARAMETER["%s",%s]' % (key, notation.number(value)) for key, value in (
         ("False_Easting", x_0), ("False_Northing", y_0), ("Central_Meridian", lon_0),
@@ -122,7 +119,7 @@ def cadastral():
                 or not re.fullmatch(r"Russia_Cadastre_\w+", line["name"])
                 or not re.fullmatch(r"[1-9]\d{5}", line["authority"])
                 or not all(re.fullmatch(r"-?(0|[1-9]\d*)(\.\d*[1-9])?", text) for text in numbers)):
-            sys.exit("%s: row %d, %s: not written as the other rows are"
+            sys.exit("%s: row %d, %s: not written like the other rows"
                      % (SOURCE, place, line["name"]))
         side = SHIFTS[line["shift"]]
         if line["name"] == MIXED:
@@ -131,7 +128,7 @@ def cadastral():
                         confirmed=line["confidence"] != "guess")
     for key in ("name", "authority"):
         if len({line[key] for line in lines}) != len(lines):
-            sys.exit("%s: the same %s stands twice" % (SOURCE, key))
+            sys.exit("%s: the same %s is there twice" % (SOURCE, key))
 
 
 def rows():
@@ -169,7 +166,7 @@ def main():
     if not sys.argv[1:]:
         TARGET.write_bytes(text)
     elif not TARGET.exists() or TARGET.read_bytes() != text:
-        sys.exit("%s differs from what %s makes" % (TARGET, SOURCE))
+        sys.exit("%s differs from the output for %s" % (TARGET, SOURCE))
 
 
 if __name__ == "__main__":

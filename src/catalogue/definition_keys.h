@@ -63,7 +63,7 @@ using kind = key_kind;
 using unit = key_unit;
 using text = editor_text;
 
-inline constexpr std::array<definition_key_entry, 21> entries{{
+inline constexpr auto entries = std::to_array<definition_key_entry>({
     {key::proj, "proj", "", kind::text, unit::none, projection, text::projection},
     {key::zone, "zone", "", kind::whole, unit::none, projection, text::zone},
     {key::lon_0, "lon_0", "", kind::number, unit::degrees, projection, text::lon_0},
@@ -86,7 +86,7 @@ inline constexpr std::array<definition_key_entry, 21> entries{{
     {key::ellps, "ellps", "", kind::text, unit::none, datum, text::ellipse},
     {key::units, "units", "", kind::text, unit::none, projection, {}},
     {key::nadgrids, "nadgrids", "", kind::text, unit::none, datum, {}},
-}};
+});
 
 }  // namespace definition_key_table
 
@@ -107,7 +107,7 @@ inline constexpr auto described_keys = [] {
     if (has_caption(entry)) keys.at(count++) = entry.key;
   auto* const axes = std::ranges::find(keys, definition_key::a);
   auto* const name = std::ranges::find(keys, definition_key::ellps);
-  std::ranges::rotate(axes, name, name + 1);
+  std::rotate(axes, name, name + 1);
   return keys;
 }();
 
@@ -135,7 +135,7 @@ struct proj_number_entry {
   definition_key key;
 };
 
-inline constexpr std::array<proj_number_entry, 10> proj_numbers{{
+inline constexpr auto proj_numbers = std::to_array<proj_number_entry>({
     {proj_number::lon_0, definition_key::lon_0},
     {proj_number::lonc, definition_key::lonc},
     {proj_number::lat_0, definition_key::lat_0},
@@ -146,7 +146,7 @@ inline constexpr std::array<proj_number_entry, 10> proj_numbers{{
     {proj_number::k_0, definition_key::k_0},
     {proj_number::x_0, definition_key::x_0},
     {proj_number::y_0, definition_key::y_0},
-}};
+});
 
 inline constexpr auto all_proj_numbers = [] {
   std::array<proj_number, proj_numbers.size()> numbers{};
@@ -164,7 +164,7 @@ struct number_column {
   std::optional<proj_number> number;  // none: the column has to exist but is not read
 };
 
-inline constexpr std::array<number_column, 11> number_columns{{
+inline constexpr auto number_columns = std::to_array<number_column>({
     {"LAT_1", proj_number::lat_1},
     {"LAT_2", proj_number::lat_2},
     {"LAT_TS", proj_number::lat_ts},
@@ -177,7 +177,7 @@ inline constexpr std::array<number_column, 11> number_columns{{
     {"K_0", proj_number::k_0},
     {"X_0", proj_number::x_0},
     {"Y_0", proj_number::y_0},
-}};
+});
 
 // Whether the index of each entry is the value of its enumerator.
 template <class Entries, class Member>

@@ -17,16 +17,17 @@ namespace zu::esri_check {
 namespace {
 
 std::string ellipsoid_of(OGRSpatialReferenceH system) {
-  std::string const a = number::format_double(OSRGetSemiMajor(system, nullptr), 15);
-  double const rf = OSRGetInvFlattening(system, nullptr);
+  std::string const a = number::format_double(gdal().OSRGetSemiMajor(system, nullptr), 15);
+  double const rf = gdal().OSRGetInvFlattening(system, nullptr);
   return rf == 0 ? "+R=" + a + " " : "+a=" + a + " +rf=" + number::format_double(rf, 15) + " ";
 }
 
 std::string projection_read_from(char const* wkt) {
-  spatial_reference const system(OSRNewSpatialReference(nullptr));
-  string_list const list(CSLAddString(nullptr, wkt));
-  return OSRImportFromESRI(system.get(), list.get()) == OGRERR_NONE ? projection_of(system.get())
-                                                                    : "";
+  spatial_reference const system(gdal().OSRNewSpatialReference(nullptr));
+  string_list const list(gdal().CSLAddString(nullptr, wkt));
+  return gdal().OSRImportFromESRI(system.get(), list.get()) == OGRERR_NONE
+             ? projection_of(system.get())
+             : "";
 }
 
 double central_meridian(std::string_view definition) {
@@ -67,7 +68,7 @@ bool are_same(std::string const& left_text, std::string const& right_text) {
 
 std::string projection_of(OGRSpatialReferenceH system) {
   char* exported = nullptr;
-  bool const done = OSRExportToProj4(system, &exported) == OGRERR_NONE;
+  bool const done = gdal().OSRExportToProj4(system, &exported) == OGRERR_NONE;
   exported_text const definition(exported);
   if (!done || !definition) return "";
   constexpr std::array<std::string_view, 4> left_out{"towgs84", "nadgrids", "no_defs", "type"};

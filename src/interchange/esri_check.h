@@ -1,9 +1,9 @@
 // Checks that ESRI's programs read an exported system correctly.
 #pragma once
 
-#include <ogr_srs_api.h>
-
 #include <string>
+
+#include "interchange/gdal.h"
 
 namespace zu::esri_check {
 

@@ -1,9 +1,9 @@
 #include "interchange/foreign_messages.h"
 
-#include <cpl_error.h>
-
 #include <new>
 #include <utility>
+
+#include "interchange/gdal.h"
 
 namespace zu::foreign_messages {
 namespace {
@@ -24,7 +24,7 @@ void pass_on(char const* message) {
 
 void CPL_STDCALL on_gdal_message(CPLErr level, CPLErrorNum number, char const* message) {
   if (level == CE_Debug)
-    CPLDefaultErrorHandler(level, number, message);
+    gdal().CPLDefaultErrorHandler(level, number, message);
   else
     pass_on(message);
 }
@@ -44,10 +44,10 @@ void tell(std::string_view message) {
 }
 
 Tscope::Tscope() : was_short_(std::exchange(memory_is_short, false)) {
-  CPLPushErrorHandler(&on_gdal_message);
+  gdal().CPLPushErrorHandler(&on_gdal_message);
 }
 Tscope::~Tscope() {
-  CPLPopErrorHandler();
+  gdal().CPLPopErrorHandler();
   memory_is_short = memory_is_short || was_short_;
 }
 

@@ -114,7 +114,7 @@ void prepare_libraries() {
   static bool const done = [] {
     std::string const& folder = proj_library::shipped_data_folder();
     std::array<char const*, 2> const paths{folder.c_str(), nullptr};
-    if (!folder.empty()) OSRSetPROJSearchPaths(paths.data());
+    if (!folder.empty()) gdal().OSRSetPROJSearchPaths(paths.data());
     proj_library::prepare_default_context();
     return true;
   }();
@@ -194,7 +194,7 @@ quoted_place find_wkt_tag(std::string_view wkt, std::string_view tag) noexcept {
 
 proj4_conv::proj4_conv() {
   prepare_libraries();
-  system_.reset(OSRNewSpatialReference(nullptr));
+  system_.reset(gdal().OSRNewSpatialReference(nullptr));
 }
 
 bool proj4_conv::export_esri_pj(std::wstring_view definition, Izu_string_adp* adapter) noexcept {
@@ -207,15 +207,15 @@ bool proj4_conv::export_esri_pj(std::wstring_view definition, Izu_string_adp* ad
 bool proj4_conv::feed_esri(std::string const& definition, Izu_string_adp* adapter) const {
   std::string const prepared = prepare_for_gdal(definition);
   if (!has_database() || !named_files::has_none_but(prepared, shift_grids::any)) return false;
-  if (OSRImportFromProj4(system_.get(), prepared.c_str()) != OGRERR_NONE) return false;
+  if (gdal().OSRImportFromProj4(system_.get(), prepared.c_str()) != OGRERR_NONE) return false;
   towgs84 shift{};
-  OSRGetTOWGS84(system_.get(), shift.data(), static_cast<int>(shift.size()));
-  double const a = OSRGetSemiMajor(system_.get(), nullptr);
-  double const rf = OSRGetInvFlattening(system_.get(), nullptr);
+  gdal().OSRGetTOWGS84(system_.get(), shift.data(), static_cast<int>(shift.size()));
+  double const a = gdal().OSRGetSemiMajor(system_.get(), nullptr);
+  double const rf = gdal().OSRGetInvFlattening(system_.get(), nullptr);
   std::string const projection = esri_check::projection_of(system_.get());
-  if (OSRMorphToESRI(system_.get()) != OGRERR_NONE) return false;
+  if (gdal().OSRMorphToESRI(system_.get()) != OGRERR_NONE) return false;
   char* exported = nullptr;
-  OGRErr const status = OSRExportToWkt(system_.get(), &exported);
+  OGRErr const status = gdal().OSRExportToWkt(system_.get(), &exported);
   exported_text const wkt(exported);
   if (status != OGRERR_NONE || !wkt) return false;
   std::string const fault = esri_check::find_fault(projection, wkt.get());
@@ -257,14 +257,14 @@ bool proj4_conv::import_esri(std::wstring_view wkt, Izu_string_adp* adapter) noe
     if (!named_files::has_none_but(text, shift_grids::listed)) return false;
     if (is_wkt2(text)) return feed_wkt2(text, adapter);
     fix_gsk_wkt(text);
-    string_list const list(CSLAddString(nullptr, text.c_str()));
+    string_list const list(gdal().CSLAddString(nullptr, text.c_str()));
     return import_esri_lst(list.get(), adapter);
   });
 }
 
 bool proj4_conv::feed_wkt2(std::string& text, Izu_string_adp* adapter) const {
   char* rest = text.data();
-  return has_database() && OSRImportFromWkt(system_.get(), &rest) == OGRERR_NONE &&
+  return has_database() && gdal().OSRImportFromWkt(system_.get(), &rest) == OGRERR_NONE &&
          fix_towgs84(system_.get()) && feed_proj4(adapter);
 }
 
@@ -283,14 +283,15 @@ bool proj4_conv::import_esri_file(std::wstring_view name, Izu_string_adp* adapte
 
 bool proj4_conv::import_esri_lst(char** list, Izu_string_adp* adapter) noexcept {
   return run([&] {
-    if (!has_database() || OSRImportFromESRI(system_.get(), list) != OGRERR_NONE) return false;
+    if (!has_database() || gdal().OSRImportFromESRI(system_.get(), list) != OGRERR_NONE)
+      return false;
     return fix_towgs84(system_.get()) && feed_proj4(adapter);
   });
 }
 
 bool proj4_conv::feed_proj4(Izu_string_adp* adapter) const {
   char* exported = nullptr;
-  OGRErr const status = OSRExportToProj4(system_.get(), &exported);
+  OGRErr const status = gdal().OSRExportToProj4(system_.get(), &exported);
   exported_text const text(exported);
   // A system of heights only has no definition. WKT has more ways to name a grid; the
   // user of the definition would open that grid.
@@ -319,7 +320,8 @@ bool proj4_conv::feed_by_gdal(std::string const& text, Izu_string_adp* adapter) 
   if (!has_database() || !import_guard::is_definition(text) ||
       !named_files::has_none_but(text, shift_grids::listed))
     return false;
-  return OSRSetFromUserInput(system_.get(), text.c_str()) == OGRERR_NONE && feed_proj4(adapter);
+  return gdal().OSRSetFromUserInput(system_.get(), text.c_str()) == OGRERR_NONE &&
+         feed_proj4(adapter);
 }
 
 bool proj4_conv::import_crs_proj4(std::string_view text, Izu_string_adp* adapter) noexcept {
@@ -404,11 +406,12 @@ void proj4_conv::fix_gsk_wkt(std::string& wkt) {
 bool proj4_conv::fix_towgs84(OGRSpatialReferenceH system) {
   towgs84 shift{};
   auto const read = [&] {
-    return OSRGetTOWGS84(system, shift.data(), static_cast<int>(shift.size())) == OGRERR_NONE;
+    return gdal().OSRGetTOWGS84(system, shift.data(), static_cast<int>(shift.size())) ==
+           OGRERR_NONE;
   };
   bool has_shift = read();
   if (!has_shift) {
-    OSRAddGuessedTOWGS84(system);
+    gdal().OSRAddGuessedTOWGS84(system);
     has_shift = read();
   }
   mapping_type const* row = nullptr;
@@ -417,9 +420,10 @@ bool proj4_conv::fix_towgs84(OGRSpatialReferenceH system) {
       })) {
     row = &mapping_rows[pulkovo_1942_row];
   } else {
-    char const* const value = OSRGetAttrValue(system, "DATUM", 0);
+    char const* const value = gdal().OSRGetAttrValue(system, "DATUM", 0);
     // With too little memory GDAL gives no name, or the name of another notation.
-    if (value == nullptr && (OSRIsGeographic(system) != 0 || OSRIsProjected(system) != 0))
+    if (value == nullptr &&
+        (gdal().OSRIsGeographic(system) != 0 || gdal().OSRIsProjected(system) != 0))
       return false;
     std::string datum = value == nullptr ? "" : value;
     std::ranges::replace(datum, ' ', '_');
@@ -430,7 +434,7 @@ bool proj4_conv::fix_towgs84(OGRSpatialReferenceH system) {
   }
   if (row == nullptr) return true;
   auto const& [dx, dy, dz, rx, ry, rz, ds] = row->shift;
-  return OSRSetTOWGS84(system, dx, dy, dz, rx, ry, rz, ds) == OGRERR_NONE;
+  return gdal().OSRSetTOWGS84(system, dx, dy, dz, rx, ry, rz, ds) == OGRERR_NONE;
 }
 
 }  // namespace zu

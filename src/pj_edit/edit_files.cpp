@@ -1,9 +1,7 @@
 #include "pj_edit/edit_files.h"
 
 #include "basic/file.h"
-#include "basic/float_environment.h"
 #include "basic/path.h"
-#include "interchange/add_file.h"
 #include "text/own_texts.h"
 #include "text/strconv.h"
 #include "text/string_adapter.h"
@@ -27,16 +25,12 @@ bool has_esri(std::wstring const& definition) {
 }  // namespace
 
 load_result load_definition(std::wstring const& name, file_kind kind) {
-  bool const is_esri = kind == file_kind::esri;
+  file_type const& type = type_of(kind);
   std::string definition;
   Tzu_std_string_adapter target(&definition);
   string_adp const adapter(target);
-  if (is_esri)
-    zu_pj4_import_esri(name.c_str(), adapter.get());
-  else
-    zu_pj4_load_simple_w(name.c_str(), adapter.get());
-  if (!definition.empty()) return {definition, {}};
-  own_text reason = is_esri ? own_text::load_no_wkt : own_text::load_no_definition;
+  if (type.load(name, adapter.get()) && !definition.empty()) return {definition, {}};
+  own_text reason = type.has_wkt ? own_text::load_no_wkt : own_text::load_no_definition;
   if (!file::exists(name))
     reason = own_text::load_no_file;
   else if (!file::read_whole(name))
@@ -47,11 +41,9 @@ load_result load_definition(std::wstring const& name, file_kind kind) {
 std::wstring save_definition(std::wstring const& name, file_kind kind,
                              std::string const& definition) {
   std::wstring const text = strconv::from_system(definition);
-  bool const saved = kind == file_kind::esri
-                         ? zu_pj4_export_esri_prj(text.c_str(), name.c_str()) != 0
-                         : in_float_scope([&] { return Tzu_add_file::save_pj4_ini(name, text); });
-  if (saved) return {};
-  bool const is_lost = kind == file_kind::esri && !has_esri(text);
+  file_type const& type = type_of(kind);
+  if (type.save(name, text)) return {};
+  bool const is_lost = type.has_wkt && !has_esri(text);
   return tell(is_lost ? own_text::save_unconverted : own_text::save_unwritten, name);
 }
 

@@ -4,9 +4,9 @@
 
 #include <string>
 
-namespace zu {
+#include "interchange/file_types.h"
 
-enum class file_kind { parameters, esri };
+namespace zu {
 
 // The definition of a file, or a sentence for the user. One of the two is empty.
 struct load_result {

@@ -64,7 +64,8 @@ bool has_more() {
   Tshared& all = shared();
   if (!all.is_made.exchange(false)) return false;
   all.thread.join();
-  all.search = std::move(all.whole);
+  // The short list stays, because the caller still has pointers to its systems.
+  std::swap(all.search, all.whole);
   return true;
 }
 

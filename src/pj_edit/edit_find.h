@@ -26,7 +26,7 @@ void finish();
 bool has_more();
 
 // The systems that fit, the best first. Without words the systems taken before in this process
-// come first. The pointers are valid until has_more returns true.
+// come first. The pointers are valid as long as the process.
 std::vector<listed_system const*> find(std::wstring const& words, bool deprecated);
 
 // Remembers a system: it comes first when there are no words.

@@ -8,7 +8,6 @@
 
 #include "basic/file.h"
 #include "basic/path.h"
-#include "basic/str.h"
 #include "catalogue/catalogue.h"
 #include "pj_edit/edit_files.h"
 #include "pj_edit/edit_find.h"
@@ -29,9 +28,9 @@ namespace {
 
 // The kind of a position in the filter of both file dialogs.
 std::optional<zu::file_kind> kind_at(int filter_index) {
-  if (filter_index == 0) return zu::file_kind::parameters;
-  if (filter_index == 1) return zu::file_kind::esri;
-  return {};
+  auto const row = static_cast<std::size_t>(filter_index);
+  if (row >= zu::file_types().size()) return {};
+  return static_cast<zu::file_kind>(row);
 }
 
 // The file dialog asks before it replaces the file that the user chose. It does not ask when
@@ -214,10 +213,7 @@ void Tzu_vcl_pj_edit_form::on_key(wxKeyEvent& event) {
 void Tzu_vcl_pj_edit_form::on_drop(wxDropFilesEvent& event) {
   if (event.GetNumberOfFiles() == 0) return;
   std::wstring const name = event.GetFiles()[0].ToStdWstring();
-  bool const is_esri =
-      zu::str::equal_no_case(zu::strconv::to_utf8(zu::path::extension_of(name)), ".prj");
-  zu::load_result const loaded =
-      zu::load_definition(name, is_esri ? zu::file_kind::esri : zu::file_kind::parameters);
+  zu::load_result const loaded = zu::load_definition(name, zu::kind_of_file(name));
   file_note_ = loaded.failure;
   // Unlike Load, a dropped file that cannot be read leaves the form as it is.
   if (loaded.failure.empty())
@@ -250,8 +246,7 @@ void Tzu_vcl_pj_edit_form::on_save() {
   std::wstring const& chosen = save_->get_file_name();
   auto const kind = kind_at(save_->get_filter_index());
   if (!kind) return;
-  std::wstring const name =
-      zu::path::replace_extension(chosen, *kind == zu::file_kind::esri ? L".prj" : L".pj4");
+  std::wstring const name = zu::path::replace_extension(chosen, zu::type_of(*kind).extension);
   if (!may_replace(this, chosen, name)) return;
   file_note_ = zu::save_definition(name, *kind, editor_->get_proj4_string());
   if (file_note_.empty() && name != chosen)

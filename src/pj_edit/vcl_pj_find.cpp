@@ -55,7 +55,7 @@ void Tzu_vcl_pj_find::create() {
   zu::vcl::bind_guarded(*this, wxEVT_TIMER, [this] {
     if (!zu::system_finder::has_more()) return;
     waiting_.Stop();
-    search();
+    search_again();
   });
 
   int const gap = FromDIP(margin);
@@ -94,7 +94,17 @@ void Tzu_vcl_pj_find::search() {
     wxWindowUpdateLocker const lock(list_);
     list_->Set(texts);
   }
+  zu::vcl::platform::fit_rows(*list_);
   choose(0);
+}
+
+// The user may have chosen a row already.
+void Tzu_vcl_pj_find::search_again() {
+  int const chosen = list_->GetSelection();
+  std::string const id = chosen > 0 ? rows_[static_cast<std::size_t>(chosen)]->id : "";
+  search();
+  auto const row = std::ranges::find_if(rows_, [&](auto const* each) { return each->id == id; });
+  if (row != rows_.end()) choose(static_cast<int>(row - rows_.begin()));
 }
 
 void Tzu_vcl_pj_find::choose(int row) {

@@ -30,6 +30,7 @@ class Tzu_vcl_pj_find : public zu::vcl::Tmodal<wxDialog> {
  private:
   void create();
   void search();
+  void search_again();
   void choose(int row);
   void show_details();
   void take();

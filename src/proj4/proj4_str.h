@@ -1,4 +1,4 @@
-// A coordinate-system definition: 21 typed parameters and their PROJ.4 text.
+// A coordinate-system definition: typed parameters and their PROJ.4 text.
 #pragma once
 
 #include <array>
@@ -107,10 +107,11 @@ class Tzu_proj4_str {
 
   // One parameter for each line of the table of keys.
   template <std::size_t... Places>
-  static auto make_params(std::index_sequence<Places...>) -> std::tuple<
+  static auto make_params(std::index_sequence<Places...> /*places*/) -> std::tuple<
       std::tuple_element_t<static_cast<std::size_t>(zu::definition_keys[Places].kind), kinds>...>;
   template <std::size_t... Places, std::size_t... Numbers>
-  explicit Tzu_proj4_str(std::index_sequence<Places...>, std::index_sequence<Numbers...>)
+  explicit Tzu_proj4_str(std::index_sequence<Places...> /*places*/,
+                         std::index_sequence<Numbers...> /*numbers*/)
       : params_(zu::definition_keys[Places].name...),
         list_{&std::get<Places>(params_)...},
         numbers_{&param<zu::proj_numbers[Numbers].key>()...} {}

@@ -15,7 +15,7 @@ struct Tentry {
   wchar_t const* russian;
 };
 
-constexpr std::array<Tentry, 87> entries{{
+constexpr auto entries = std::to_array<Tentry>({
     {own_text::no_catalogue,
      L"The catalogue of projections, datums and ellipsoids is missing. None of these folders is "
      L"there:",
@@ -148,7 +148,7 @@ constexpr std::array<Tentry, 87> entries{{
     {own_text::no_transformation, L"PROJ makes no transformation of this definition",
      L"PROJ не может преобразовать координаты этой системы"},
     {own_text::point_refused, L"PROJ: %1", L"PROJ: %1"},
-}};
+});
 
 constexpr bool is_in_order() {
   for (std::size_t i = 0; i < entries.size(); ++i)

@@ -137,7 +137,7 @@ constexpr std::array<rc_entry, 4> group_4{{
     {"Point in polygons", u8"Точка в полигонах"_cp1251},
 }};
 
-constexpr auto group_5 = texts_of(std::array<Tnamed_text<button_text>, 7>{{
+constexpr auto group_5 = texts_of(std::to_array<Tnamed_text<button_text>>({
     {button_text::apply, {"Apply", u8"Применить"_cp1251}},
     {button_text::cancel, {"Cancel", u8"Отменить"_cp1251}},
     {button_text::help, {"Help", u8"Помощь"_cp1251}},
@@ -146,9 +146,9 @@ constexpr auto group_5 = texts_of(std::array<Tnamed_text<button_text>, 7>{{
      {"Error: execution terminated", u8"Ошибка: выполнение прервано"_cp1251}},
     {button_text::save, {"Save", u8"Сохранить"_cp1251}},
     {button_text::load, {"Load", u8"Загрузить"_cp1251}},
-}});
+}));
 
-constexpr auto group_6 = texts_of(std::array<Tnamed_text<editor_text>, 36>{{
+constexpr auto group_6 = texts_of(std::to_array<Tnamed_text<editor_text>>({
     {editor_text::ellipse, {"Spheroid", u8"Эллипсоид"_cp1251}},
     {editor_text::ellipse_name, {"Spheroid", u8"Название"_cp1251}},
     {editor_text::semi_major, {"Semimajor axis", u8"Большая полуось"_cp1251}},
@@ -188,7 +188,7 @@ constexpr auto group_6 = texts_of(std::array<Tnamed_text<editor_text>, 36>{{
     {editor_text::file_filter,
      {"Projection parameters file *.pj4|*.pj4|ESRI projection  file *.prj|*.prj",
       u8"Файл параметров проекции *.pj4|*.pj4|Файл проекции ESRI *.prj|*.prj"_cp1251}},
-}});
+}));
 
 constexpr std::array<rc_entry, 6> group_7{{
     {"Reproject shapes", u8"Перепроецирование векторных файлов"_cp1251},

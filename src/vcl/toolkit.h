@@ -69,6 +69,9 @@ void prepare_scroll_box(wxWindow& box);
 void prepare_list(wxWindow& list);
 void finish_list(wxWindow& list, int widest_text);
 
+// Gives the list the width of its present rows.
+void fit_rows(wxWindow& list);
+
 // Whether lists themselves shorten a chosen text that is too long.
 bool lists_shorten_captions();
 // If not: `open` is called before the list opens, and `close` after it has closed.

@@ -166,6 +166,12 @@ void finish_list(wxWindow& list, int /*widest_text*/) {
   if (GTK_IS_CELL_VIEW(cells)) gtk_cell_view_set_fit_model(GTK_CELL_VIEW(cells), FALSE);
 }
 
+// A column of GTK's never gets narrower by itself, so a scroll bar stays when it is not needed.
+void fit_rows(wxWindow& list) {
+  GtkWidget* const rows = gtk_bin_get_child(GTK_BIN(list.GetHandle()));
+  if (GTK_IS_TREE_VIEW(rows)) gtk_tree_view_columns_autosize(GTK_TREE_VIEW(rows));
+}
+
 bool lists_shorten_captions() { return true; }
 void watch_list(wxWindow& /*list*/, std::function<void()> const& /*open*/,
                 std::function<void()> const& /*close*/) {}

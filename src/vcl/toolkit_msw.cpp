@@ -74,6 +74,8 @@ void finish_list(wxWindow& list, int widest_text) {
   SendMessageW(list.GetHandle(), CB_SETDROPPEDWIDTH, static_cast<WPARAM>(width), 0);
 }
 
+void fit_rows(wxWindow& /*list*/) {}
+
 bool lists_shorten_captions() { return false; }
 
 namespace {

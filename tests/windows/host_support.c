@@ -100,7 +100,7 @@ void pump(void) {
 /* ---- the user */
 
 static void give_up(char const* what) {
-  (void)printf("waited in vain for %s\n", what);
+  (void)printf("waited too long for %s\n", what);
   (void)fflush(stdout);
   /* Other threads may be blocked. */
   TerminateProcess(GetCurrentProcess(), 1);

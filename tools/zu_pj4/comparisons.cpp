@@ -26,7 +26,7 @@
 namespace comparisons {
 namespace {
 
-// The pieces of a definition by key; a key that is not among the 21 parameters keeps its
+// The pieces of a definition by key; a key that is not among the parameters keeps its
 // text.
 std::map<std::string, std::string> pieces_of(std::string const& definition) {
   std::map<std::string, std::string> pieces;

@@ -16,6 +16,7 @@
 #include "basic/str.h"
 #include "error.h"
 #include "interchange/add_file.h"
+#include "interchange/file_types.h"
 #include "interchange/foreign_messages.h"
 #include "interchange/known_system_index.h"
 #include "interchange/proj4_conv.h"
@@ -60,10 +61,6 @@ bool collect(producer const& produce, std::wstring& text) {
   return produce(adapter.get());
 }
 
-bool is_esri_name(std::string_view name) {
-  return name.size() >= 4 && zu::str::equal_no_case(name.substr(name.size() - 4), ".prj");
-}
-
 using convert_text = std::function<bool(wchar_t const*, Izu_string_adp*)>;
 
 // Converts a text; throws `failure` with the reason.
@@ -82,22 +79,20 @@ std::string no_esri(std::string const& definition) {
 }
 
 // The text of its exception does not name the file.
-std::string read_file(std::string const& name, bool is_esri) {
+std::string read_file(std::string const& name, zu::file_kind kind) {
   std::wstring const wide = terminal::to_wide(name);
   if (!zu::file::exists(wide)) throw Terror("no such file");
+  zu::file_type const& type = zu::type_of(kind);
   Treasons reasons;
   std::wstring definition;
-  auto const produce = [&](Izu_string_adp* adapter) {
-    return is_esri ? zu_pj4_import_esri(wide.c_str(), adapter) != 0
-                   : Tzu_add_file::load_pj4_simple(wide, adapter);
-  };
+  auto const produce = [&](Izu_string_adp* adapter) { return type.load(wide, adapter); };
   if (collect(produce, definition) && !definition.empty()) return terminal::from_wide(definition);
   if (!zu::file::open(wide, "rb")) throw Terror("cannot be read");
-  throw Terror((is_esri ? "no ESRI WKT" : "no PROJ.4 definition") + reasons.take());
+  throw Terror((type.has_wkt ? "no ESRI WKT" : "no PROJ.4 definition") + reasons.take());
 }
 
-std::string load_file(std::string const& name, bool is_esri) try {
-  return read_file(name, is_esri);
+std::string load_file(std::string const& name, zu::file_kind kind) try {
+  return read_file(name, kind);
 } catch (Terror const& error) {
   throw Terror(name + ": " + error.what());
 }
@@ -136,7 +131,7 @@ std::string refusal_of(std::string const& name, std::string const& target,
 }
 
 void convert_file(std::string const& name, std::string const& target, Tlosses const& losses) try {
-  std::string const definition = read_file(name, is_esri_name(name));
+  std::string const definition = read_file(name, zu::kind_of_file(terminal::to_wide(name)));
   losses.tell(terminal::to_library(definition));
   save(definition, target);
 } catch (std::bad_alloc const& error) {
@@ -180,7 +175,8 @@ int import(std::vector<std::string> const& texts, text_lines::Tsetting const& se
 }
 
 std::string from_esri(std::string const& name) {
-  return name == "-" ? definition_in_esri(text_lines::read_all()) : load_file(name, true);
+  return name == "-" ? definition_in_esri(text_lines::read_all())
+                     : load_file(name, zu::file_kind::esri);
 }
 
 int convert(std::vector<std::string> const& names, std::string const& kind,
@@ -241,7 +237,7 @@ int convert(std::vector<std::string> const& names, std::string const& kind,
 }
 
 std::string load(std::string const& name) {
-  if (name != "-") return load_file(name, is_esri_name(name));
+  if (name != "-") return load_file(name, zu::kind_of_file(terminal::to_wide(name)));
   std::string const text = text_lines::read_all();
   std::wstring definition;
   auto const produce = [&](Izu_string_adp* adapter) {
@@ -254,14 +250,12 @@ std::string load(std::string const& name) {
 void save(std::string const& definition, std::string const& name) {
   std::wstring const wide = terminal::to_wide(name);
   std::wstring const text = terminal::to_wide(definition);
-  if (!is_esri_name(name)) {
-    // The file is in the system's code page; this throws where that is not possible.
-    terminal::to_library(definition);
-    if (!Tzu_add_file::save_pj4_ini(wide, text)) throw Terror("cannot write " + name);
-    return;
-  }
+  zu::file_type const& type = zu::type_of(zu::kind_of_file(wide));
+  // A definition is written in the system's code page; this throws where that is not possible.
+  if (!type.has_wkt) terminal::to_library(definition);
   Treasons reasons;
-  if (zu_pj4_export_esri_prj(text.c_str(), wide.c_str()) != 0) return;
+  if (type.save(wide, text)) return;
+  if (!type.has_wkt) throw Terror("cannot write " + name);
   std::string const reason = reasons.take();
   // Finds out whether the conversion failed or the write after it.
   std::wstring ignored;
@@ -269,6 +263,13 @@ void save(std::string const& definition, std::string const& name) {
     return zu_pj4_export_esri(text.c_str(), adapter) != 0;
   };
   throw Terror(collect(produce, ignored) ? "cannot write " + name : no_esri(definition) + reason);
+}
+
+std::vector<std::string> file_kinds() {
+  std::vector<std::string> kinds;
+  for (zu::file_type const& type : zu::file_types())
+    kinds.push_back(terminal::from_wide(std::wstring(type.extension.substr(1))));
+  return kinds;
 }
 
 void list_known(std::ostream& out) {

@@ -19,11 +19,14 @@ int import(std::vector<std::string> const& texts, text_lines::Tsetting const& se
 // The definition of one file, or of standard input for "-".
 std::string from_esri(std::string const& name);
 
-// Converts files of both kinds; a ".prj" file is known by its extension. `kind` is "pj4"
-// or "prj". With an empty `folder` each result is in the folder of its input. No input
+// Converts files of all kinds, which are known by their extensions. `kind` is one of
+// file_kinds(). With an empty `folder` each result is in the folder of its input. No input
 // of the run is overwritten.
 int convert(std::vector<std::string> const& names, std::string const& kind,
             std::string const& folder, text_lines::Tsetting const& setting);
+
+// The extensions of definition files, without the point.
+std::vector<std::string> file_kinds();
 
 // One definition file; its extension tells the kind.
 std::string load(std::string const& name);

@@ -232,7 +232,7 @@ transformation_commands add_transformation_commands(CLI::App& app, options& chos
         ->type_name("DEF")
         ->required();
     command->add_flag("--library", wanted.by_library,
-                      "as the library does it for hosts, not PROJ: what is not among the 21 "
+                      "as the library does it for hosts, not PROJ: what is not among its "
                       "parameters is dropped, longitudes run from -135 to 225");
     command->add_flag("--inverse", wanted.inverse, "the other way, from --to to --from");
     command
@@ -323,7 +323,7 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
   convert_command->add_option("IN", chosen.files, "the .pj4 and .prj files")->required();
   convert_command->add_option("--to", chosen.kind, "kind of the files to write: pj4 or prj")
       ->required()
-      ->check(CLI::IsMember({"pj4", "prj"}));
+      ->check(CLI::IsMember(conversions::file_kinds()));
   convert_command
       ->add_option("--out-dir", chosen.folder,
                    "folder to write to, made when missing (default: beside each file); existing "
