@@ -76,13 +76,13 @@ void put_nine(char* to, std::uint32_t value) noexcept {
 
 // Writes most coordinates and returns the end; null for the others. Only the product of
 // the fraction and the power of ten is rounded, by less than 1e-7, so the digits are
-// right unless the rest is close to a half. Measured: 10 ns, where std::to_chars takes
-// 105 ns.
+// right unless the rest is close to a half. Measured: 11 to 16 ns, where std::to_chars
+// takes 105 ns.
 char* write_short(char* to, double value, int digits) noexcept {
   double const size = std::abs(value);
   // With a NaN the operator would raise a floating-point exception.
   if (!std::isless(size, 1e15) || digits > most_short_digits) return nullptr;
-  // Conversions to integers are faster than std::trunc, and no jump depends on digits.
+  // Conversions to integers are faster than std::trunc, and no branch depends on a digit.
   auto whole = static_cast<std::int64_t>(size);
   auto const missing = static_cast<std::size_t>(most_short_digits - digits);
   double const power = powers[static_cast<std::size_t>(digits)];

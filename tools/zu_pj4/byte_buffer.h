@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-// Unlike std::string it does not set bytes before they are written.
+// Unlike std::string it does not set the bytes of a room again.
 class Tbyte_buffer {
  public:
   std::string_view text() const noexcept { return {bytes_.data(), size_}; }
@@ -16,7 +16,7 @@ class Tbyte_buffer {
   void clear() noexcept { size_ = 0; }
   // Place for at least `size` bytes behind the text; valid until the next call.
   std::span<char> room(std::size_t size) {
-    if (size > bytes_.size() - size_) bytes_.resize(std::max(2 * size_, size_ + size));
+    if (size > bytes_.size() - size_) bytes_.resize(size_ + std::max(size_ / 2, size));
     return std::span(bytes_).subspan(size_);
   }
   // The first bytes of the room become text.

@@ -86,6 +86,7 @@ void Tline_worker::start(Tbyte_buffer& text, std::size_t skipped) {
 void Tline_worker::run_worker(void* context) { static_cast<Tline_worker*>(context)->run(); }
 
 void Tline_worker::run() noexcept try {
+  output_.room(text_.size() + text_.size() / 4);
   points_.set_size(batch_size);
   while (!rest_.empty()) {
     std::size_t const size = scan_lines();
