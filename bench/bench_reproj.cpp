@@ -229,7 +229,7 @@ int main(int argc, char** argv) {
   return bench::run(argc, argv,
                     {{"array_on_one_processor", "bare_array_on_one_processor", "at most 1.02"},
                      {"array", "bare_array", "at most 0.526 on two processors"},
-                     {"polyline", "bare_array", "at most 0.556 on two processors"},
+                     {"polyline", "bare_array", "at most 0.526 on two processors"},
                      {"shortest_shared", "bare_shortest_shared", "below 1 on two processors"},
                      {"short_sequences", "bare_short_sequences", "at most 1"},
                      {"short_sequences", "bare_short_arrays", "for information"},

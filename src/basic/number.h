@@ -5,6 +5,7 @@
 // numbers with these functions.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,6 +22,12 @@ std::optional<double> scan_double(std::string_view text) noexcept;
 // after a number changes its meaning ("37-30"). Empty for any other text.
 std::optional<double> read_double(std::string_view text) noexcept;
 
+// Reads a number of at most 15 digits without an exponent at the start of `text`; nearly
+// all numbers are such. Returns its length: 0 where there is no number, or another one.
+// The digits as an integer and the power of ten are both exact, so their quotient is the
+// nearest double.
+std::size_t scan_plain(std::string_view text, double& value) noexcept;
+
 // Reads the integer at the start of `text` by the rules of "%d". Empty when
 // there is none or when it does not fit 32 bits.
 std::optional<int> scan_int(std::string_view text) noexcept;
@@ -28,8 +35,12 @@ std::optional<int> scan_int(std::string_view text) noexcept;
 // Formats as "%.<digits>lg": 12 digits in definitions, 15 in edits.
 std::string format_double(double value, int digits = 12);
 
-// Appends as "%.<digits>f".
+// Appends as "%.<digits>f", with at most 100 digits.
 void append_fixed(std::string& text, double value, int digits);
+// The same to a place with room for `fixed_size` characters; returns the end of the text.
+char* write_fixed(char* to, double value, int digits) noexcept;
+// The largest double has 309 digits before the decimal point.
+inline constexpr std::size_t fixed_size = 512;
 
 // Formats as "%d".
 std::string format_int(int value);

@@ -1,5 +1,6 @@
 // Copies geometry into a buffer of points, lets the caller's `transform` work on the
-// buffer, and copies the points back. Null geometry fails.
+// buffer, and copies the points back. Null geometry fails. Several threads copy different
+// vertices of a long sequence at the same time.
 #pragma once
 
 #include <algorithm>
@@ -7,6 +8,7 @@
 #include <cstddef>
 #include <limits>
 
+#include "reproj/reproj_xy_exec.h"
 #include "reproj/xy_array.h"
 #include "suite/zuk_prg.h"
 
@@ -47,18 +49,34 @@ inline Tzu_pvtx_d3* sequence_of(Tzu_ovtx_d3* set, std::size_t index) {
   return zu_ov_d3_get_pv_ptr(set, index);
 }
 
+// Copies the vertices of a sequence into a buffer of the same size, and back.
+template <class Sequence>
+class Tsequence_copy final : public Tblock_work {
+ public:
+  Tsequence_copy(Sequence* sequence, Tzu_xy_array& buffer) noexcept
+      : sequence_(sequence), buffer_(&buffer) {}
+  void before(std::size_t first, std::size_t count) noexcept override {
+    for (std::size_t i = first; i < first + count; ++i) {
+      auto const vertex = vertex_of(sequence_, i);
+      buffer_->set_xy(i, vertex.x, vertex.y);
+    }
+  }
+  void after(std::size_t first, std::size_t count) noexcept override {
+    for (std::size_t i = first; i < first + count; ++i)
+      set_vertex(sequence_, i, buffer_->get_x(i), buffer_->get_y(i));
+  }
+
+ private:
+  Sequence* sequence_;
+  Tzu_xy_array* buffer_;
+};
+
 template <class Sequence, class Transform>
 bool apply_to_sequence(Sequence* sequence, Tzu_xy_array& buffer, Transform transform) {
   if (sequence == nullptr) return false;
-  std::size_t const size = size_of(sequence);
-  buffer.set_size(size);
-  for (std::size_t i = 0; i < size; ++i) {
-    auto const vertex = vertex_of(sequence, i);
-    buffer.set_xy(i, vertex.x, vertex.y);
-  }
-  bool const done = transform(buffer);
-  for (std::size_t i = 0; i < size; ++i) set_vertex(sequence, i, buffer.get_x(i), buffer.get_y(i));
-  return done;
+  buffer.set_size(size_of(sequence));
+  Tsequence_copy copy(sequence, buffer);
+  return transform(buffer, &copy);
 }
 
 // When a sequence fails, the others are transformed all the same.

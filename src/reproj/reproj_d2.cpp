@@ -12,8 +12,9 @@ reproj_direction direction_of(bool forward) noexcept {
 
 // Transforms a buffer by a chain, in one direction.
 auto by(Tzu_reproj_xy& reproj, bool forward) noexcept {
-  return [&reproj, direction = direction_of(forward)](Tzu_xy_array& buffer) {
-    return reproj.apply_array(buffer, direction);
+  return [&reproj, direction = direction_of(forward)](Tzu_xy_array& buffer,
+                                                      Tblock_work* work = nullptr) {
+    return reproj.apply_array(buffer, direction, work);
   };
 }
 

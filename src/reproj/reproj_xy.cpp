@@ -89,25 +89,52 @@ bool Tzu_reproj_xy::is_blocked(reproj_direction direction) const noexcept {
          (direction == reproj_direction::backward && has_singular());
 }
 
-template <class Reproject>
-bool Tzu_reproj_xy::run(std::size_t count, double* x, double* y, reproj_direction direction,
-                        Reproject reproject) {
-  bool const forward = direction == reproj_direction::forward;
-  if (!forward && has_singular()) return false;
-  Taffine const& first = forward ? before_ : after_;
-  Taffine const& last = forward ? after_ : before_;
-  if (first.use) apply_affine_xy(forward ? first.matrix : first.inverse, count, x, y);
-  bool const done = !use_reproj_ || reproject();
-  if (last.use) apply_affine_xy(forward ? last.matrix : last.inverse, count, x, y);
+// The affine steps of the chain, and the work of its caller.
+class Tzu_reproj_xy::Tchain_work final : public Tblock_work {
+ public:
+  Tchain_work(Tzu_reproj_xy const& chain, double* x, double* y, reproj_direction direction,
+              Tblock_work* work) noexcept
+      : x_(x), y_(y), work_(work) {
+    bool const forward = direction == reproj_direction::forward;
+    Taffine const& first = forward ? chain.before_ : chain.after_;
+    Taffine const& last = forward ? chain.after_ : chain.before_;
+    if (first.use) first_ = forward ? &first.matrix : &first.inverse;
+    if (last.use) last_ = forward ? &last.matrix : &last.inverse;
+  }
+  void before(std::size_t first, std::size_t count) noexcept override {
+    if (work_ != nullptr) work_->before(first, count);
+    if (first_ != nullptr) apply_affine_xy(*first_, count, x_ + first, y_ + first);
+  }
+  void after(std::size_t first, std::size_t count) noexcept override {
+    if (last_ != nullptr) apply_affine_xy(*last_, count, x_ + first, y_ + first);
+    if (work_ != nullptr) work_->after(first, count);
+  }
+
+ private:
+  double* x_;
+  double* y_;
+  Tblock_work* work_;
+  Tzu_matrix3x3 const* first_ = nullptr;
+  Tzu_matrix3x3 const* last_ = nullptr;
+};
+
+bool Tzu_reproj_xy::apply(double* x, double* y, reproj_direction direction) {
+  if (direction == reproj_direction::backward && has_singular()) return false;
+  Tchain_work chain(*this, x, y, direction, nullptr);
+  chain.before(0, 1);
+  bool const done = !use_reproj_ || exec_.apply(x, y, direction);
+  chain.after(0, 1);
   return done;
 }
 
-bool Tzu_reproj_xy::apply(double* x, double* y, reproj_direction direction) {
-  return run(1, x, y, direction, [&] { return exec_.apply(x, y, direction); });
-}
-
-bool Tzu_reproj_xy::apply_xy(std::size_t count, double* x, double* y, reproj_direction direction) {
-  return run(count, x, y, direction, [&] { return exec_.apply(count, x, y, direction); });
+bool Tzu_reproj_xy::apply_xy(std::size_t count, double* x, double* y, reproj_direction direction,
+                             Tblock_work* work) {
+  if (direction == reproj_direction::backward && has_singular()) return false;
+  Tchain_work chain(*this, x, y, direction, work);
+  if (use_reproj_) return exec_.apply(count, x, y, direction, &chain);
+  chain.before(0, count);
+  chain.after(0, count);
+  return true;
 }
 
 void Tzu_reproj_xy::apply_affine(Tzu_matrix3x3 const& matrix, double* x, double* y) noexcept {

@@ -53,9 +53,11 @@ class Tzu_reproj_xy {
   // and change nothing.
   bool apply(double* x, double* y, reproj_direction direction = reproj_direction::forward);
   bool apply_xy(std::size_t count, double* x, double* y,
-                reproj_direction direction = reproj_direction::forward);
-  bool apply_array(Tzu_xy_array& points, reproj_direction direction = reproj_direction::forward) {
-    return apply_xy(points.get_size(), points.get_x_ptr(), points.get_y_ptr(), direction);
+                reproj_direction direction = reproj_direction::forward,
+                Tblock_work* work = nullptr);
+  bool apply_array(Tzu_xy_array& points, reproj_direction direction = reproj_direction::forward,
+                   Tblock_work* work = nullptr) {
+    return apply_xy(points.get_size(), points.get_x_ptr(), points.get_y_ptr(), direction, work);
   }
 
   // Do one affine step.
@@ -78,9 +80,8 @@ class Tzu_reproj_xy {
     bool use = false;
   };
 
-  template <class Reproject>
-  bool run(std::size_t count, double* x, double* y, reproj_direction direction,
-           Reproject reproject);
+  class Tchain_work;
+
   bool has_singular() const noexcept;
 
   Tzu_reproj_xy_exec exec_;

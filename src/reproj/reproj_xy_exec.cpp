@@ -112,45 +112,64 @@ bool transform_block(PJ* operation, PJ_DIRECTION direction, std::size_t count, d
   return all;
 }
 
-// One long array. Several threads take blocks of it until none is left. No point depends
-// on another, so the result does not depend on which thread took which block.
-class Tshared_array {
- public:
-  Tshared_array(std::size_t count, double* x, double* y, PJ_DIRECTION direction) noexcept
-      : count_(count), x_(x), y_(y), direction_(direction) {}
+}  // namespace
 
-  void work(PJ* operation) noexcept {
+// All that is done with an array. Several threads take blocks of a long one until none is
+// left. No point depends on another, so the result does not depend on which thread took
+// which block.
+class Tzu_reproj_xy_exec::Tarray {
+ public:
+  Tarray(std::size_t count, double* x, double* y, PJ_DIRECTION direction,
+         Tblock_work* work) noexcept
+      : count_(count), x_(x), y_(y), direction_(direction), work_(work) {}
+  void set_angular(bool input, bool output) noexcept {
+    angular_input_ = input;
+    angular_output_ = output;
+  }
+
+  // Without an operation the result is false, and only the rest is done.
+  bool transform(PJ* operation, std::size_t first, std::size_t size) const noexcept {
+    double* const x = x_ + first;
+    double* const y = y_ + first;
+    if (work_ != nullptr) work_->before(first, size);
+    if (angular_input_) scale(size, x, y, degree);
+    bool const all = operation != nullptr && transform_block(operation, direction_, size, x, y);
+    if (operation != nullptr && angular_output_) scale(size, x, y, 1 / degree);
+    if (work_ != nullptr) work_->after(first, size);
+    return all;
+  }
+  void take_blocks(PJ* operation) noexcept {
     bool all = true;
     for (std::size_t first = next_.fetch_add(block_size); first < count_;
-         first = next_.fetch_add(block_size)) {
-      std::size_t const size = std::min(block_size, count_ - first);
-      all = transform_block(operation, direction_, size, x_ + first, y_ + first) && all;
-    }
+         first = next_.fetch_add(block_size))
+      all = transform(operation, first, std::min(block_size, count_ - first)) && all;
     if (!all) all_ = false;
   }
+  std::size_t count() const noexcept { return count_; }
   bool all() const noexcept { return all_; }
+
+  // The part of one thread.
+  struct Tshare {
+    Tarray* array = nullptr;
+    PJ* operation = nullptr;
+    zu::Tthread thread;
+  };
+  static void work_on_share(void* context) {
+    auto const& share = *static_cast<Tshare const*>(context);
+    share.array->take_blocks(share.operation);
+  }
 
  private:
   std::size_t count_;
   double* x_;
   double* y_;
   PJ_DIRECTION direction_;
+  Tblock_work* work_;
+  bool angular_input_ = false;
+  bool angular_output_ = false;
   std::atomic<std::size_t> next_{0};
   std::atomic<bool> all_{true};
 };
-
-struct Tshare {
-  Tshared_array* array = nullptr;
-  PJ* operation = nullptr;
-  zu::Tthread thread;
-};
-
-void work_on_share(void* context) {
-  auto const& share = *static_cast<Tshare const*>(context);
-  share.array->work(share.operation);
-}
-
-}  // namespace
 
 bool Tzu_reproj_xy_exec::init(char const* source, char const* target) {
   return init(widen(source).c_str(), widen(target).c_str());
@@ -168,6 +187,19 @@ bool Tzu_reproj_xy_exec::init(wchar_t const* source, wchar_t const* target) {
 bool Tzu_reproj_xy_exec::init_as_written(std::string const& source, std::string const& target) {
   if (!context_) context_ = make_lenient_context();
   return context_ != nullptr && take(as_written(source), as_written(target));
+}
+
+bool Tzu_reproj_xy_exec::init_as(Tzu_reproj_xy_exec const& other) {
+  clear();
+  if (!context_) context_ = zu::proj_library::make_context();
+  if (!context_ || !other.has_operation()) return false;
+  normalized_.reset(proj_clone(context_.get(), other.normalized_.get()));
+  if (!normalized_) return false;
+  angular_input_ = other.angular_input_;
+  angular_output_ = other.angular_output_;
+  source_ = other.source_;
+  target_ = other.target_;
+  return true;
 }
 
 bool Tzu_reproj_xy_exec::take(std::string source, std::string target) {
@@ -226,34 +258,31 @@ std::string Tzu_reproj_xy_exec::get_reason() const {
   return error == 0 ? "" : proj_context_errno_string(context_.get(), error);
 }
 
-bool Tzu_reproj_xy_exec::apply(std::size_t count, double* x, double* y,
-                               reproj_direction direction) {
+bool Tzu_reproj_xy_exec::apply(std::size_t count, double* x, double* y, reproj_direction direction,
+                               Tblock_work* work) {
   bool const forward = direction == reproj_direction::forward;
-  if (forward ? angular_input_ : angular_output_) scale(count, x, y, degree);
-  if (!has_operation()) return false;
-  PJ_DIRECTION const way = to_proj(direction);
-  bool const all = count < parallel_size ? transform_block(normalized_.get(), way, count, x, y)
-                                         : transform_shared(count, x, y, way);
-  if (forward ? angular_output_ : angular_input_) scale(count, x, y, 1 / degree);
-  return all;
+  Tarray array(count, x, y, to_proj(direction), work);
+  array.set_angular(forward ? angular_input_ : angular_output_,
+                    forward ? angular_output_ : angular_input_);
+  if (count < parallel_size || !has_operation())
+    return array.transform(normalized_.get(), 0, count);
+  return share(array);
 }
 
-bool Tzu_reproj_xy_exec::transform_shared(std::size_t count, double* x, double* y,
-                                          PJ_DIRECTION direction) {
+bool Tzu_reproj_xy_exec::share(Tarray& array) {
   // Each thread gets at least half of parallel_size.
-  std::size_t const parts = 2 * count / parallel_size;
+  std::size_t const parts = 2 * array.count() / parallel_size;
   std::size_t const processors = std::max(1U, std::thread::hardware_concurrency());
   std::size_t const helpers = prepare_helpers(std::min({processors, parts, max_helpers + 1}) - 1);
-  Tshared_array array(count, x, y, direction);
-  std::array<Tshare, max_helpers> shares;
+  std::array<Tarray::Tshare, max_helpers> shares;
   for (std::size_t i = 0; i < helpers; ++i) {
     shares[i].array = &array;
     shares[i].operation = helpers_[i].operation.get();
     // Where the system has no thread left, the other threads do its part.
-    shares[i].thread.start(&work_on_share, &shares[i]);
+    shares[i].thread.start(&Tarray::work_on_share, &shares[i]);
   }
-  array.work(normalized_.get());
-  for (Tshare& share : std::span(shares).first(helpers)) share.thread.join();
+  array.take_blocks(normalized_.get());
+  for (Tarray::Tshare& share : std::span(shares).first(helpers)) share.thread.join();
   return array.all();
 }
 

@@ -14,6 +14,17 @@
 // From the source definition to the target, or back.
 enum class reproj_direction { forward, backward };
 
+// What a caller does with the points of a long array before and after they are transformed.
+// The thread that transforms a block of them does it, so the threads share this work, too.
+class Tblock_work {
+ public:
+  virtual void before(std::size_t first, std::size_t count) noexcept = 0;
+  virtual void after(std::size_t first, std::size_t count) noexcept = 0;
+
+ protected:
+  ~Tblock_work() = default;
+};
+
 // Geographic coordinates are degrees, longitude first; projected ones have the unit of
 // their definition, easting first. A transformer has its own PROJ context: it does not
 // use the default context of the process, which belongs to the host, and prints nothing.
@@ -32,6 +43,9 @@ class Tzu_reproj_xy_exec {
   // PROJ's answer; hosts get the definitions as the library reads them, by init. False
   // as for init.
   bool init_as_written(std::string const& source, std::string const& target);
+  // Takes the operation of another transformer, which is faster than making it. False when
+  // the other one has none, or when there is no memory.
+  bool init_as(Tzu_reproj_xy_exec const& other);
   void clear() noexcept;
   bool has_operation() const noexcept { return normalized_ != nullptr; }
 
@@ -41,7 +55,7 @@ class Tzu_reproj_xy_exec {
   // has `count` elements.
   bool apply(double* x, double* y, reproj_direction direction = reproj_direction::forward);
   bool apply(std::size_t count, double* x, double* y,
-             reproj_direction direction = reproj_direction::forward);
+             reproj_direction direction = reproj_direction::forward, Tblock_work* work = nullptr);
   // Why the last single point failed, in PROJ's words; empty when it did not fail.
   std::string get_reason() const;
   bool apply(Tzu_xy_array& points, reproj_direction direction = reproj_direction::forward) {
@@ -85,7 +99,9 @@ class Tzu_reproj_xy_exec {
 
   bool take(std::string source, std::string target);
   bool create();
-  bool transform_shared(std::size_t count, double* x, double* y, PJ_DIRECTION direction);
+  class Tarray;
+
+  bool share(Tarray& array);
   // Returns how many of the wanted helpers exist.
   std::size_t prepare_helpers(std::size_t wanted);
 

@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <iostream>
 #include <new>
-#include <span>
 #include <stdexcept>
 #include <string_view>
 #include <thread>
@@ -15,6 +14,7 @@
 #include "basic/file.h"
 #include "basic/number.h"
 #include "basic/str.h"
+#include "byte_buffer.h"
 #include "error.h"
 #include "finder/system_names.h"
 #include "line_worker.h"
@@ -112,30 +112,35 @@ class Ttransformer {
       : systems_(wanted, losses),
         direction_(wanted.inverse ? reproj_direction::backward : reproj_direction::forward),
         workers_(std::max(1U, std::thread::hardware_concurrency()) + 1) {
-    if (!init(workers_.front())) systems_.complain();
+    if (!systems_.init(operation_)) systems_.complain();
     systems_.tell_missing_grids(losses);
   }
 
-  // Takes a piece of whole lines, and gives the memory of an earlier piece back.
-  void transform(std::string& piece) {
+  // Takes a piece of whole lines behind `skipped` bytes, which do not change, and gives the
+  // memory of an earlier piece back.
+  void transform(Tbyte_buffer& piece, std::size_t skipped) {
     Tline_worker& worker = workers_[next_];
     next_ = (next_ + 1) % workers_.size();
     write(worker);
-    if (!init(worker)) throw std::bad_alloc();
-    worker.start(piece);
+    if (!worker.init(operation_, direction_, systems_.digits())) throw std::bad_alloc();
+    worker.start(piece, skipped);
   }
 
-  void finish() {
-    for (std::size_t i = 0; i < workers_.size(); ++i)
-      write(workers_[(next_ + i) % workers_.size()]);
+  // Waits for the earliest piece and writes it; false when there is none.
+  bool write_next() {
+    for (std::size_t i = 0; i < workers_.size(); ++i) {
+      Tline_worker& worker = workers_[(next_ + i) % workers_.size()];
+      if (!worker.is_busy()) continue;
+      write(worker);
+      return true;
+    }
+    return false;
   }
 
   std::uint64_t count() const { return sum(&Tline_worker::count); }
   std::uint64_t failed() const { return sum(&Tline_worker::failed); }
 
  private:
-  bool init(Tline_worker& worker) const { return worker.init(systems_, direction_); }
-
   static void write(Tline_worker& worker) {
     std::string_view const output = worker.finish();
     if (!std::cout.write(output.data(), static_cast<std::streamsize>(output.size())))
@@ -150,31 +155,29 @@ class Ttransformer {
 
   Tsystems systems_;
   reproj_direction direction_;
+  // Each worker has a copy.
+  Tzu_reproj_xy_exec operation_;
   std::vector<Tline_worker> workers_;
   std::size_t next_ = 0;
 };
 
-using text_lines::utf8_mark;
-
 // Reads until the piece has enough bytes more, or until the program would have to wait
 // for input; the result is false then.
-bool fill(std::FILE* input, std::string& piece, std::size_t enough, bool& at_end,
+bool fill(std::FILE* input, Tbyte_buffer& piece, std::size_t enough, bool& at_end,
           std::string const& name) {
-  std::size_t size = piece.size();
-  std::size_t const wanted = size + enough;
-  piece.resize(wanted);
+  std::size_t const wanted = piece.size() + enough;
   bool is_ready = true;
-  while (size < wanted && is_ready && !at_end) {
+  while (piece.size() < wanted && is_ready && !at_end) {
     try {
-      std::size_t const got = terminal::read_some(input, std::span(piece).subspan(size));
-      size += got;
+      std::size_t const more = wanted - piece.size();
+      std::size_t const got = terminal::read_some(input, piece.room(more).first(more));
+      piece.add(got);
       at_end = got == 0;
     } catch (std::runtime_error const&) {
       throw Terror("cannot read all of " + name);
     }
     is_ready = terminal::is_ready(input);
   }
-  piece.resize(size);
   return is_ready || at_end;
 }
 
@@ -222,33 +225,32 @@ int transform(request const& wanted, std::string const& file, Tzu_env& env, Tlos
   // A shorter text is done before the user could read the progress.
   constexpr std::uint64_t long_size = std::uint64_t{4} << 20U;
   std::uint64_t done = 0;
-  std::string piece;
+  Tbyte_buffer piece;
   // The beginning of a line; its end is not read yet.
-  std::string rest;
+  Tbyte_buffer rest;
   for (bool at_end = false; !at_end;) {
-    piece.swap(rest);
+    std::swap(piece, rest);
     bool const waits = !fill(input, piece, piece_size, at_end, owned ? file : "standard input");
-    if (done == 0 && piece.starts_with(utf8_mark)) {
-      std::cout << utf8_mark;
-      piece.erase(0, utf8_mark.size());
-      done += utf8_mark.size();
-    }
-    std::size_t const whole = at_end ? piece.size() : piece.rfind('\n') + 1;
-    rest.assign(piece, whole);
+    std::string_view const text = piece.text();
+    std::size_t const skipped =
+        done == 0 && text.starts_with(text_lines::utf8_mark) ? text_lines::utf8_mark.size() : 0;
+    std::size_t const whole = at_end ? text.size() : text.rfind('\n') + 1;
+    rest.clear();
+    rest.append(text.substr(whole));
     if (rest.size() > zu::file::size_limit)
       throw Terror("this is no text of points: it has a line of more than " +
                    std::to_string(zu::file::size_limit >> 20U) + " MB");
-    piece.resize(whole);
+    piece.cut(whole);
     done += whole;
-    if (!piece.empty()) transformer.transform(piece);
+    if (whole > 0) transformer.transform(piece, skipped);
     // A program that asks point by point gets each answer before its next question.
     if (waits) {
-      transformer.finish();
+      while (!terminal::is_ready(input) && transformer.write_next()) continue;
       std::cout.flush();
     }
     if (done >= long_size) env.wait(done, total, "transforming");
   }
-  transformer.finish();
+  while (transformer.write_next()) continue;
   if (done >= long_size) env.finished(std::to_string(transformer.count()) + " points");
   if (transformer.failed() == 0) return 0;
   env.error(std::to_string(transformer.failed()) + " of " + std::to_string(transformer.count()) +
