@@ -78,6 +78,56 @@ std::string no_esri(std::string const& definition) {
   return "cannot convert " + in_quotes(definition) + " to ESRI WKT";
 }
 
+// The definition with only what is read of one of its pieces.
+std::string with_loss(std::string_view definition, zu::reading_loss const& loss) {
+  std::string text(definition);
+  std::size_t at = text.find(loss.piece);
+  // The piece may also begin another one: "+lon_0=3" and "+lon_0=37".
+  auto const is_whole = [&] {
+    std::size_t const end = at + loss.piece.size();
+    return end == text.size() || text[end] == '+' || zu::str::trim(text.substr(end, 1)).empty();
+  };
+  while (at != std::string::npos && !is_whole()) at = text.find(loss.piece, at + 1);
+  if (at == std::string::npos) return text;
+  std::string const key = loss.piece.substr(0, loss.piece.find('=') + 1);
+  return text.replace(at, loss.piece.size(), loss.kept.empty() ? "" : key + loss.kept);
+}
+
+std::wstring to_wkt(std::string_view definition) {
+  std::wstring wkt;
+  auto const produce = [&](Izu_string_adp* adapter) {
+    return zu_pj4_export_esri(zu::strconv::from_system(definition).c_str(), adapter) != 0;
+  };
+  collect(produce, wkt);
+  return wkt;
+}
+
+// GDAL reads some pieces that the library does not read. These are not lost in ESRI WKT.
+void tell_losses_in_wkt(std::string const& definition, Tlosses const& losses) {
+  std::string const text = terminal::to_library(definition);
+  losses.tell(text, [&text](zu::reading_loss const& loss) {
+    return to_wkt(text) == to_wkt(with_loss(text, loss));
+  });
+}
+
+void write_file(std::string const& definition, std::string const& name) {
+  std::wstring const wide = terminal::to_wide(name);
+  std::wstring const text = terminal::to_wide(definition);
+  zu::file_type const& type = zu::type_of(zu::kind_of_file(wide));
+  // A definition is written in the system's code page; this throws where that is not possible.
+  if (!type.has_wkt) terminal::to_library(definition);
+  Treasons reasons;
+  if (type.save(wide, text)) return;
+  if (!type.has_wkt) throw Terror("cannot write " + name);
+  std::string const reason = reasons.take();
+  // Finds out whether the conversion failed or the write after it.
+  std::wstring ignored;
+  auto const produce = [&](Izu_string_adp* adapter) {
+    return zu_pj4_export_esri(text.c_str(), adapter) != 0;
+  };
+  throw Terror(collect(produce, ignored) ? "cannot write " + name : no_esri(definition) + reason);
+}
+
 // The text of its exception does not name the file.
 std::string read_file(std::string const& name, zu::file_kind kind) {
   std::wstring const wide = terminal::to_wide(name);
@@ -132,8 +182,7 @@ std::string refusal_of(std::string const& name, std::string const& target,
 
 void convert_file(std::string const& name, std::string const& target, Tlosses const& losses) try {
   std::string const definition = read_file(name, zu::kind_of_file(terminal::to_wide(name)));
-  losses.tell(terminal::to_library(definition));
-  save(definition, target);
+  save(definition, target, losses);
 } catch (std::bad_alloc const& error) {
   // The other files may be smaller.
   throw Terror(error.what());
@@ -150,7 +199,7 @@ int to_esri(std::vector<std::string> const& definitions, text_lines::Tsetting co
     return [losses](std::string const& text) {
       std::string const definition = systems::definition_of(text);
       std::string wkt = converted(definition, &zu_pj4_export_esri, no_esri(text));
-      losses.tell(terminal::to_library(definition));
+      tell_losses_in_wkt(definition, losses);
       return wkt;
     };
   };
@@ -247,22 +296,12 @@ std::string load(std::string const& name) {
   return definition_in_esri(text);
 }
 
-void save(std::string const& definition, std::string const& name) {
-  std::wstring const wide = terminal::to_wide(name);
-  std::wstring const text = terminal::to_wide(definition);
-  zu::file_type const& type = zu::type_of(zu::kind_of_file(wide));
-  // A definition is written in the system's code page; this throws where that is not possible.
-  if (!type.has_wkt) terminal::to_library(definition);
-  Treasons reasons;
-  if (type.save(wide, text)) return;
-  if (!type.has_wkt) throw Terror("cannot write " + name);
-  std::string const reason = reasons.take();
-  // Finds out whether the conversion failed or the write after it.
-  std::wstring ignored;
-  auto const produce = [&](Izu_string_adp* adapter) {
-    return zu_pj4_export_esri(text.c_str(), adapter) != 0;
-  };
-  throw Terror(collect(produce, ignored) ? "cannot write " + name : no_esri(definition) + reason);
+void save(std::string const& definition, std::string const& name, Tlosses const& losses) {
+  if (zu::type_of(zu::kind_of_file(terminal::to_wide(name))).has_wkt)
+    tell_losses_in_wkt(definition, losses);
+  else
+    losses.tell(terminal::to_library(definition));
+  write_file(definition, name);
 }
 
 std::vector<std::string> file_kinds() {

@@ -30,7 +30,7 @@ std::vector<std::string> file_kinds();
 
 // One definition file; its extension tells the kind.
 std::string load(std::string const& name);
-void save(std::string const& definition, std::string const& name);
+void save(std::string const& definition, std::string const& name, Tlosses const& losses);
 
 // Prints all known systems, one line each: row, name, whether it is confirmed, and the
 // definition of a confirmed one.

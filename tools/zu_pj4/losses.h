@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "error.h"
+#include "proj4/reading_report.h"
 
 enum class loss_mode { warn, refuse, quiet };
 
@@ -28,6 +29,9 @@ class Tlosses {
   // Reports each loss of a definition in the library's encoding. `where` stands before
   // the report; it ends in ": " or is empty. Throws Tloss_error in the mode `refuse`.
   void tell(std::string_view definition, std::string const& where = {}) const;
+  // Reports only the losses for which `is_lost` is true.
+  void tell(std::string_view definition,
+            std::function<bool(zu::reading_loss const&)> const& is_lost) const;
   // Reports the name of the system that PROJ chose for a text that is only similar to that
   // name. UTF-8; an empty name is not reported.
   void tell_name_taken(std::string const& name, std::string const& where) const;

@@ -374,8 +374,7 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
   if (*load_command) std::cout << conversions::load(chosen.file) << '\n';
   if (*save_command) {
     std::string const definition = systems::definition_of(text_lines::text_of(chosen.definition));
-    losses.tell(terminal::to_library(definition));
-    conversions::save(definition, chosen.file);
+    conversions::save(definition, chosen.file, losses);
   }
   if (*to_esri_command) return conversions::to_esri(chosen.definitions, setting);
   if (*from_esri_command) std::cout << conversions::from_esri(chosen.file) << '\n';
