@@ -20,11 +20,11 @@ inline constexpr int row_gap = 4;
 
 // Adds a control as the last row of a sizer.
 inline void add_row(wxSizer& rows, wxWindow& control) {
-  auto* const row = vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
   int const gap = control.FromDIP(row_gap / 2);
-  row->Add(&control, wxSizerFlags().Expand().Border(wxTOP | wxBOTTOM, gap));
   int const margin = control.FromDIP(group_margin);
-  rows.Add(row, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, margin));
+  auto* const row = vcl::add_sizer<wxBoxSizer>(
+      rows, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, margin), wxVERTICAL);
+  row->Add(&control, wxSizerFlags().Expand().Border(wxTOP | wxBOTTOM, gap));
 }
 
 // Makes a captioned control as the last row of a group.
@@ -39,11 +39,10 @@ Control* add_to_group(Tzu_vcl_group_box& group) {
 // A group box that fills a panel.
 inline Tzu_vcl_group_box* fill_with_group(Tzu_vcl_panel& panel, int room = group_margin) {
   auto* const group = vcl::make_child<Tzu_vcl_group_box>(&panel);
-  auto* const sizer = vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
-  sizer->Add(group->get_sizer(),
-             wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, panel.FromDIP(room)));
+  auto* const sizer = vcl::set_sizer<wxBoxSizer>(panel, wxVERTICAL);
+  group->add_sizer_to(*sizer,
+                      wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, panel.FromDIP(room)));
   sizer->AddSpacer(panel.FromDIP(group_bottom));
-  panel.SetSizer(sizer);
   return group;
 }
 

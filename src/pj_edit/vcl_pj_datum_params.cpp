@@ -24,7 +24,10 @@ Tzu_vcl_pj_datum_params::Tzu_vcl_pj_datum_params(wxWindow* parent, zu::Tzu_pj_ed
 // One row for each axis with its shift and its rotation, and a last row for the scale.
 void Tzu_vcl_pj_datum_params::create() {
   group_ = zu::fill_with_inner_group(*this);
-  auto* const grid = zu::vcl::make_sizer<wxGridBagSizer>(FromDIP(row_gap), FromDIP(column_gap));
+  int const margin = FromDIP(zu::group_margin);
+  auto* const grid = zu::vcl::add_sizer<wxGridBagSizer>(
+      *group_->get_sizer(), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, margin),
+      FromDIP(row_gap), FromDIP(column_gap));
   auto const add = [&](wxWindow* control, int row, int column, int flags, int columns = 1) {
     grid->Add(control, wxGBPosition(row, column), wxGBSpan(1, columns), flags);
   };
@@ -45,8 +48,6 @@ void Tzu_vcl_pj_datum_params::create() {
   add(add_edit(group_, scale_index), axes_count + 1, 2, wxEXPAND);
   grid->AddGrowableCol(1, 1);
   grid->AddGrowableCol(2, 1);
-  int const margin = FromDIP(zu::group_margin);
-  group_->get_sizer()->Add(grid, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, margin));
   group_->get_sizer()->AddSpacer(FromDIP(zu::group_bottom));
 }
 

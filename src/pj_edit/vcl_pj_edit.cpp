@@ -30,9 +30,8 @@ void Tzu_vcl_pj_edit::create() {
   type_->add_item(L"usual", static_cast<unsigned>(definition_kind::usual));
   type_->add_item(L"zonal", static_cast<unsigned>(definition_kind::zonal));
   type_->on_change = [this] { on_type_change(); };
-  auto* const top_sizer = zu::vcl::make_sizer<wxBoxSizer>(wxHORIZONTAL);
+  auto* const top_sizer = zu::vcl::set_sizer<wxBoxSizer>(*top_, wxHORIZONTAL);
   top_sizer->Add(type_, wxSizerFlags().Border(wxLEFT | wxTOP | wxRIGHT, FromDIP(type_left)));
-  top_->SetSizer(top_sizer);
 
   auto* const room = zu::vcl::make_child<Tzu_vcl_scroll_box>(this);
   proj_ = zu::vcl::make_child<Tzu_vcl_pj_proj>(room, editor_);
@@ -46,14 +45,12 @@ void Tzu_vcl_pj_edit::create() {
   datum_->create();
   datum_->on_layout = [this] { call_on_layout(); };
 
-  auto* const panels = zu::vcl::make_sizer<wxBoxSizer>(wxHORIZONTAL);
+  auto* const panels = zu::vcl::set_sizer<wxBoxSizer>(*room, wxHORIZONTAL);
   panels->Add(proj_, wxSizerFlags().Expand());
   panels->Add(datum_, wxSizerFlags(1).Expand());
-  room->SetSizer(panels);
-  auto* const sizer = zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
+  auto* const sizer = zu::vcl::set_sizer<wxBoxSizer>(*this, wxVERTICAL);
   sizer->Add(top_, wxSizerFlags().Expand());
   sizer->Add(room, wxSizerFlags(1).Expand());
-  SetSizer(sizer);
   refresh();
 }
 

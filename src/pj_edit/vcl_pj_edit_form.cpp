@@ -59,12 +59,11 @@ void Tzu_vcl_pj_edit_form::create() {
   note_->on_layout = [this] { fit_to_content(); };
   buttons_ = zu::vcl::make_child<Tzu_vcl_bottom_buttons>(this);
   buttons_->create();
-  auto* const sizer = zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
+  auto* const sizer = zu::vcl::set_sizer<wxBoxSizer>(*this, wxVERTICAL);
   sizer->Add(editor_, wxSizerFlags(1).Expand());
   sizer->Add(result_, wxSizerFlags().Expand());
   sizer->Add(note_, wxSizerFlags().Expand());
   sizer->Add(buttons_, wxSizerFlags().Expand());
-  SetSizer(sizer);
   zu::vcl::bind_guarded(*this, wxEVT_SHOW, [this] {
     if (IsShown()) zu::vcl::platform::focus_first(*editor_->get_type()->get_selbox());
   });

@@ -59,19 +59,19 @@ void Tzu_vcl_pj_find::create() {
   });
 
   int const gap = FromDIP(margin);
-  auto* const top = zu::vcl::make_sizer<wxBoxSizer>(wxHORIZONTAL);
+  auto* const rows = zu::vcl::set_sizer<wxBoxSizer>(*this, wxVERTICAL);
+  auto* const top = zu::vcl::add_sizer<wxBoxSizer>(
+      *rows, wxSizerFlags().Expand().Border(wxALL, gap), wxHORIZONTAL);
   top->Add(words_, wxSizerFlags(1).CentreVertical());
   top->Add(deprecated_, wxSizerFlags().CentreVertical().Border(wxLEFT, gap));
-  auto* const bottom = zu::vcl::make_sizer<wxBoxSizer>(wxHORIZONTAL);
+  rows->Add(list_, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, gap));
+  rows->Add(details_, wxSizerFlags().Expand().Border(wxALL, gap));
+  auto* const bottom = zu::vcl::add_sizer<wxBoxSizer>(
+      *rows, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap), wxHORIZONTAL);
   bottom->AddStretchSpacer();
   bottom->Add(take_, wxSizerFlags().Border(wxRIGHT, gap));
   bottom->Add(cancel, wxSizerFlags());
-  auto* const rows = zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
-  rows->Add(top, wxSizerFlags().Expand().Border(wxALL, gap));
-  rows->Add(list_, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, gap));
-  rows->Add(details_, wxSizerFlags().Expand().Border(wxALL, gap));
-  rows->Add(bottom, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
-  SetSizerAndFit(rows);
+  rows->SetSizeHints(this);
   CentreOnParent();
 }
 

@@ -25,12 +25,11 @@ void Tzu_vcl_pj_proj::create() {
       std::min(zu::vcl::scaled(*this, panel_width), wxDisplay(this).GetClientArea().width * 3 / 8);
   GetSizer()->SetMinSize(wxSize(width, 0));
   auto* const strip = zu::vcl::make_child<Tzu_vcl_panel>(group_);
-  auto* const strip_sizer = zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
-  strip->SetSizer(strip_sizer);
+  auto* const strip_sizer = zu::vcl::set_sizer<wxBoxSizer>(*strip, wxVERTICAL);
   strip_sizer->SetMinSize(zu::vcl::scaled(*this, wxSize(0, strip_height)));
   for (auto** const part : {&usual_strip_, &zonal_strip_}) {
     *part = zu::vcl::make_child<Tzu_vcl_panel>(strip);
-    (*part)->SetSizer(zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL));
+    zu::vcl::set_sizer<wxBoxSizer>(**part, wxVERTICAL);
     strip_sizer->Add(*part, wxSizerFlags(1).Expand());
   }
   group_->get_sizer()->Add(strip, wxSizerFlags().Expand());

@@ -33,7 +33,9 @@ Tzu_vcl_pj_trial::Tzu_vcl_pj_trial(wxWindow* form, std::string const& definition
 
 void Tzu_vcl_pj_trial::create() {
   int const gap = FromDIP(margin);
-  auto* const grid = zu::vcl::make_sizer<wxGridBagSizer>(gap, gap);
+  auto* const rows = zu::vcl::set_sizer<wxBoxSizer>(*this, wxVERTICAL);
+  auto* const grid = zu::vcl::add_sizer<wxGridBagSizer>(
+      *rows, wxSizerFlags().Expand().Border(wxALL, gap), gap, gap);
   bool const has_degrees = trial_.is_geographic();
   std::array<std::wstring, 4> const names{
       rc_text(own_text::trial_longitude), rc_text(own_text::trial_latitude),
@@ -55,13 +57,11 @@ void Tzu_vcl_pj_trial::create() {
   message_ = zu::vcl::make_child<Tzu_vcl_label>(this, rc_text(own_text::trial_hint));
   auto* const close = zu::vcl::make_child<Tzu_vcl_button>(this, rc_text(own_text::trial_close),
                                                           static_cast<wxWindowID>(wxID_CANCEL));
-  auto* const bottom = zu::vcl::make_sizer<wxBoxSizer>(wxHORIZONTAL);
+  auto* const bottom = zu::vcl::add_sizer<wxBoxSizer>(
+      *rows, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap), wxHORIZONTAL);
   bottom->Add(message_, wxSizerFlags(1).CentreVertical());
   bottom->Add(close, wxSizerFlags().Border(wxLEFT, gap));
-  auto* const rows = zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
-  rows->Add(grid, wxSizerFlags().Expand().Border(wxALL, gap));
-  rows->Add(bottom, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
-  SetSizerAndFit(rows);
+  rows->SetSizeHints(this);
   CentreOnParent();
   edits_.front()->SetFocus();
 }

@@ -28,7 +28,7 @@ void Tzu_vcl_bottom_buttons::create() {
       &Tzu_vcl_bottom_buttons::call_on_apply, &Tzu_vcl_bottom_buttons::call_on_cancel,
       &Tzu_vcl_bottom_buttons::call_on_help};
   int const gap = FromDIP(margin);
-  auto* const row = zu::vcl::make_sizer<wxBoxSizer>(wxHORIZONTAL);
+  auto* const row = zu::vcl::set_sizer<wxBoxSizer>(*this, wxHORIZONTAL);
   for (std::size_t index = 0; index < buttons_count; ++index) {
     // The id tells the edits that the user is leaving the form.
     auto* const button = zu::vcl::make_child<Tzu_vcl_button>(
@@ -40,7 +40,6 @@ void Tzu_vcl_bottom_buttons::create() {
     row->Add(button, 0, wxTOP | wxBOTTOM | (index < apply ? wxLEFT : wxRIGHT), gap);
   }
   for (button_index const index : {help, save, load}) buttons_[index]->Hide();
-  SetSizer(row);
   layout_buttons();
   SetSize(GetSize().x, GetMinSize().y);
 }

@@ -16,7 +16,7 @@ void Tzu_vcl_caption_panel::create() {
   label_ = zu::vcl::make_child<Tzu_vcl_label>(this);
   control_ = make_control();
   zu::vcl::platform::relate_label(*label_, *control_);
-  SetSizer(zu::vcl::make_sizer<wxBoxSizer>(wxHORIZONTAL));
+  zu::vcl::set_sizer<wxBoxSizer>(*this, wxHORIZONTAL);
   place();
 }
 
@@ -42,10 +42,10 @@ void Tzu_vcl_caption_panel::set_edit_width(int width) {
 void Tzu_vcl_caption_panel::place() {
   // Always as wide as the window needs, and at least `width`.
   auto const add = [this](wxWindow* window, int width, int gap, bool fills) {
-    auto* const column = zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
+    auto* const column = zu::vcl::add_sizer<wxBoxSizer>(
+        *GetSizer(), wxSizerFlags(fills ? 1 : 0).CentreVertical(), wxVERTICAL);
     column->Add(window, 0, wxEXPAND | wxRIGHT, FromDIP(gap));
     column->Add(zu::vcl::scaled(*this, width), 0);
-    GetSizer()->Add(column, fills ? 1 : 0, wxALIGN_CENTRE_VERTICAL);
   };
   bool const control_fills = edit_width_ == 0;
   GetSizer()->Clear(false);

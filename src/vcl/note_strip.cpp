@@ -35,9 +35,8 @@ void Tzu_vcl_note_strip::create() {
   SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_INFOBK));
   label_ = zu::vcl::make_child<wxStaticText>(this, wxID_ANY, wxString());
   label_->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_INFOTEXT));
-  auto* const sizer = zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
+  auto* const sizer = zu::vcl::set_sizer<wxBoxSizer>(*this, wxVERTICAL);
   sizer->Add(label_, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(margin)));
-  SetSizer(sizer);
   zu::vcl::bind_guarded(*this, wxEVT_SIZE, [this](wxSizeEvent& event) {
     event.Skip();
     on_size();

@@ -48,9 +48,8 @@ std::wstring Tzu_vcl_group_box::get_caption() const { return GetLabelText().ToSt
 
 void Tzu_vcl_group_box::set_caption(std::wstring const& caption) { SetLabelText(caption); }
 
-wxSizer* Tzu_vcl_group_box::get_sizer() {
-  if (sizer_ == nullptr) sizer_ = zu::vcl::make_sizer<wxStaticBoxSizer>(this, wxVERTICAL);
-  return sizer_;
+void Tzu_vcl_group_box::add_sizer_to(wxSizer& parent, wxSizerFlags const& flags) {
+  sizer_ = zu::vcl::add_sizer<wxStaticBoxSizer>(parent, flags, this, wxVERTICAL);
 }
 
 // A new caption does not change the width that the sizer gave to the label.

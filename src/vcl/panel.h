@@ -23,10 +23,22 @@ Window* make_child(Parent* parent, Arguments&&... arguments) {
   return std::make_unique<Window>(parent, std::forward<Arguments>(arguments)...).release();
 }
 
-// Makes a sizer. The window or sizer that receives it becomes its owner.
+// Makes the sizer of a window, which owns it. A sizer gets its owner first and its content
+// later: if memory runs out in between, the owner destroys it.
 template <class Sizer, class... Arguments>
-Sizer* make_sizer(Arguments&&... arguments) {
-  return std::make_unique<Sizer>(std::forward<Arguments>(arguments)...).release();
+Sizer* set_sizer(wxWindow& window, Arguments&&... arguments) {
+  Sizer* const sizer = std::make_unique<Sizer>(std::forward<Arguments>(arguments)...).release();
+  window.SetSizer(sizer);
+  return sizer;
+}
+
+// Makes a sizer as the last part of another one, which owns it.
+template <class Sizer, class... Arguments>
+Sizer* add_sizer(wxSizer& parent, wxSizerFlags const& flags, Arguments&&... arguments) {
+  auto sizer = std::make_unique<Sizer>(std::forward<Arguments>(arguments)...);
+  auto item = std::make_unique<wxSizerItem>(sizer.get(), flags);
+  parent.Add(item.release());
+  return sizer.release();
 }
 
 // Interface texts in the current language.
@@ -73,9 +85,11 @@ class Tzu_vcl_group_box : public wxStaticBox {
   std::wstring get_caption() const;
   void set_caption(std::wstring const& caption);
 
-  // Lays out the children of the box from the top. Made at the first call. The sizer of the
-  // box's parent must contain this sizer in place of the box.
-  wxSizer* get_sizer();
+  // Makes the sizer that lays out the children of the box from the top, as the last part of
+  // the sizer of the box's parent, in place of the box.
+  void add_sizer_to(wxSizer& parent, wxSizerFlags const& flags);
+  // Null before add_sizer_to.
+  wxSizer* get_sizer() const noexcept { return sizer_; }
 
  private:
   wxSizer* sizer_ = nullptr;

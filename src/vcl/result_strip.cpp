@@ -32,13 +32,12 @@ void Tzu_vcl_result_strip::create() {
   redo_ = add_button([this] { call(on_redo); });
   // The press by a screen reader has to end before the menu's loop begins.
   menu_ = add_button([this] { zu::vcl::call_after_guarded(*this, [this] { show_menu(); }); });
-  auto* const row = zu::vcl::make_sizer<wxBoxSizer>(wxHORIZONTAL);
+  auto* const row = zu::vcl::set_sizer<wxBoxSizer>(*this, wxHORIZONTAL);
   int const gap = FromDIP(margin);
   row->Add(text_, wxSizerFlags(1).CentreVertical().Border(wxLEFT | wxTOP | wxBOTTOM, gap));
   for (auto* const button : {undo_, redo_, menu_})
     row->Add(button, wxSizerFlags().CentreVertical().Border(wxLEFT, gap));
   row->AddSpacer(gap);
-  SetSizer(row);
 }
 
 Tzu_vcl_button* Tzu_vcl_result_strip::add_button(std::function<void()> act) {

@@ -17,9 +17,8 @@ Tzu_vcl_tip::Tzu_vcl_tip(wxWindow* control)
       text_(zu::vcl::make_child<wxStaticText>(this, wxID_ANY, wxString())) {
   SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_INFOBK));
   text_->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_INFOTEXT));
-  auto* const sizer = zu::vcl::make_sizer<wxBoxSizer>(wxVERTICAL);
+  auto* const sizer = zu::vcl::set_sizer<wxBoxSizer>(*this, wxVERTICAL);
   sizer->Add(text_, wxSizerFlags().Border(wxALL, FromDIP(margin)));
-  SetSizer(sizer);
   end_.Bind(wxEVT_TIMER, [this](wxTimerEvent& /*event*/) { Hide(); });
 }
 
