@@ -128,18 +128,23 @@ class Cli_reach_linux : public cli_test::Cli {
   // The files outside the test's folder that the program looks for, and the calls
   // by which it turns to the network.
   std::set<std::string> touched(std::vector<std::string> arguments, std::string const& input = "") {
-    std::string const trace = path("trace");
-    arguments.insert(arguments.begin(), {"-f", "--seccomp-bpf", "-qq", "-e", "trace=%file,%network",
-                                         "-o", trace, "-s", "1000", ZU_PJ4});
+    // One file for each thread, so that no call is cut in two.
+    std::filesystem::create_directory(path("trace"));
+    arguments.insert(arguments.begin(),
+                     {"-ff", "--seccomp-bpf", "-qq", "-e", "trace=%file,%network", "-o",
+                      path("trace/of"), "-s", "1000", ZU_PJ4});
     result = core_test::run({"/usr/bin/strace", arguments, input});
+    std::string calls;
+    for (auto const& trace : std::filesystem::directory_iterator(path("trace")))
+      calls += core_test::read_file(trace.path());
+    std::filesystem::remove_all(path("trace"));
     std::set<std::string> names;
-    std::istringstream lines(core_test::read_file(trace));
-    for (std::string line; std::getline(lines, line);) {
-      auto const name = line.find('"') + 1;
-      std::string const call = line.substr(line.find_first_not_of("0123456789 "));
+    std::istringstream lines(calls);
+    for (std::string call; std::getline(lines, call);) {
       if (call.starts_with("execve") || call.starts_with("+++")) continue;
+      auto const name = call.find('"') + 1;
       bool const is_file = call.find("AT_") != std::string::npos || call[call.find('(') + 1] == '"';
-      names.insert(is_file ? line.substr(name, line.find('"', name) - name)
+      names.insert(is_file ? call.substr(name, call.find('"', name) - name)
                            : call.substr(0, call.find('(')));
     }
     std::erase_if(names, [&](auto const& one) { return one.starts_with(path("")); });

@@ -93,20 +93,23 @@ std::string with_loss(std::string_view definition, zu::reading_loss const& loss)
   return text.replace(at, loss.piece.size(), loss.kept.empty() ? "" : key + loss.kept);
 }
 
-std::wstring to_wkt(std::string_view definition) {
-  std::wstring wkt;
-  auto const produce = [&](Izu_string_adp* adapter) {
-    return zu_pj4_export_esri(zu::strconv::from_system(definition).c_str(), adapter) != 0;
+// What ESRI WKT holds of a definition, as a definition: the WKT names unknown datums after
+// other things than numbers.
+std::wstring kept_in_wkt(std::string_view definition) {
+  auto const convert = [](convert_text const& by, std::wstring const& text) {
+    std::wstring result;
+    collect([&](Izu_string_adp* adapter) { return by(text.c_str(), adapter); }, result);
+    return result;
   };
-  collect(produce, wkt);
-  return wkt;
+  return convert(&zu_pj4_import_esri_prj,
+                 convert(&zu_pj4_export_esri, zu::strconv::from_system(definition)));
 }
 
 // GDAL reads some pieces that the library does not read. These are not lost in ESRI WKT.
 void tell_losses_in_wkt(std::string const& definition, Tlosses const& losses) {
   std::string const text = terminal::to_library(definition);
   losses.tell(text, [&text](zu::reading_loss const& loss) {
-    return to_wkt(text) == to_wkt(with_loss(text, loss));
+    return kept_in_wkt(text) == kept_in_wkt(with_loss(text, loss));
   });
 }
 
