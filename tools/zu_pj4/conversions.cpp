@@ -213,6 +213,7 @@ int to_esri(std::vector<std::string> const& definitions, text_lines::Tsetting co
 int import(std::vector<std::string> const& texts, text_lines::Tsetting const& setting) {
   auto const make = [](Tlosses const& losses) {
     return [losses](std::string const& text) {
+      if (std::string known = systems::known_to_proj(text); known != text) return known;
       zu::proj4_conv converter;
       auto const by_converter = [&converter](wchar_t const* wide, Izu_string_adp* adapter) {
         return converter.import_crs(wide, adapter);
