@@ -146,9 +146,13 @@ TEST_F(Cli, KeepsTheOrderOfLongInput) {
   EXPECT_TRUE(core_test::run({ZU_PJ4, arguments, input}).out == output);
   EXPECT_EQ(core_test::run({ZU_PJ4, arguments, input, true}).status, 2) << "output is lost";
   arguments.push_back(path("long.txt"));
-  auto const result = core_test::run({ZU_PJ4, arguments, ""});
-  EXPECT_EQ(result.status, 0) << result.err;
-  EXPECT_TRUE(result.out == output);
+  for (std::string const jobs : {"1", "7"}) {
+    auto of_jobs = arguments;
+    of_jobs.insert(of_jobs.end(), {"--jobs", jobs});
+    auto const result = core_test::run({ZU_PJ4, of_jobs, ""});
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_TRUE(result.out == output) << "with jobs: " << jobs;
+  }
 
   put_file(path("line.txt"), std::string(std::size_t{40} << 20U, '1'));
   arguments.back() = path("line.txt");

@@ -7,10 +7,10 @@
 #include <new>
 #include <stdexcept>
 #include <string_view>
-#include <thread>
 #include <utility>
 #include <vector>
 
+#include "answers.h"
 #include "basic/file.h"
 #include "basic/number.h"
 #include "basic/str.h"
@@ -111,7 +111,7 @@ class Ttransformer {
   Ttransformer(request const& wanted, Tlosses const& losses)
       : systems_(wanted, losses),
         direction_(wanted.inverse ? reproj_direction::backward : reproj_direction::forward),
-        workers_(std::max(1U, std::thread::hardware_concurrency()) + 1) {
+        workers_(wanted.jobs > 0 ? wanted.jobs : answers::default_jobs() + 1) {
     if (!systems_.init(operation_)) systems_.complain();
     systems_.tell_missing_grids(losses);
   }

@@ -23,6 +23,7 @@ struct request {
   bool by_library = false;    // transforms as the library does for hosts, not as PROJ does
   bool inverse = false;       // from `to` to `from`
   std::optional<int> digits;  // after the point; without a value the default of the system
+  unsigned jobs = 0;          // threads; 0 stands for as many as keep all processors busy
 };
 
 // Copies the lines of a file to standard output and transforms the point in their first

@@ -157,11 +157,10 @@ void use_options(options const& chosen) {
   if (!chosen.lang.empty()) Tzu_rc::set_lang(chosen.lang == "ru" ? 1 : 0);
 }
 
-void add_jobs(CLI::App* command, options& chosen) {
+void add_jobs(CLI::App* command, unsigned& jobs) {
   constexpr unsigned most_jobs = 256;
   command
-      ->add_option("--jobs", chosen.jobs,
-                   "so many lines or files at the same time (default: one for each processor)")
+      ->add_option("--jobs", jobs, "number of threads (default: as many as there are processors)")
       ->type_name("N")
       ->check(CLI::Range(1U, most_jobs));
 }
@@ -244,6 +243,7 @@ transformation_commands add_transformation_commands(CLI::App& app, options& chos
   auto* const transform = app.add_subcommand(
       "transform", "Transform the points that are the first two columns of a text");
   add_ways(transform);
+  add_jobs(transform, chosen.transformation.jobs);
   transform->add_option("FILE", chosen.file, "the text (default, and for -: standard input)");
   auto* const box = app.add_subcommand("box", "Transform a box");
   add_ways(box);
@@ -341,7 +341,7 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
   auto const [check_command, diff_command] = add_comparison_commands(app, chosen);
   for (CLI::App* const command : {apply_command, normalize_command, to_esri_command, import_command,
                                   convert_command, check_command})
-    add_jobs(command, chosen);
+    add_jobs(command, chosen.jobs);
 
   // After the commands, because the help of a command does not show it.
   app.footer(
