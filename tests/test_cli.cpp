@@ -185,7 +185,7 @@ TEST_F(Cli, AnswersTheSameWithAnyNumberOfJobs) {
     for (std::string const jobs : {"1", "2", "7"}) {
       SCOPED_TRACE(command.front() + " with jobs: " + jobs);
       auto arguments = command;
-      arguments.insert(arguments.end(), {"--jobs", jobs});
+      arguments.insert(arguments.end(), {"--jobs", jobs, "--lang", "en"});
       auto result = run(arguments, lines(count));
       EXPECT_NE(result.err, "");
       for (int i = 0; command == convert && i < 15; ++i)
