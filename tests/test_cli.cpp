@@ -186,7 +186,8 @@ TEST_F(Cli, AnswersTheSameWithAnyNumberOfJobs) {
       SCOPED_TRACE(command.front() + " with jobs: " + jobs);
       auto arguments = command;
       arguments.insert(arguments.end(), {"--jobs", jobs, "--lang", "en"});
-      auto result = run(arguments, lines(count));
+      // Not recorded: names of files differ between systems.
+      auto result = core_test::run({ZU_PJ4, arguments, lines(count)});
       EXPECT_NE(result.err, "");
       for (int i = 0; command == convert && i < 15; ++i)
         result.out += get_file(path("out/" + std::to_string(i) + ".prj"));
