@@ -79,7 +79,7 @@ void add_stock_controls(wxDialog& form, std::array<wxArrayString, 6> const& list
   constexpr int edits = 20;
   constexpr int boxes = 5;
   constexpr int buttons = 5;
-  auto* const grid = zu::vcl::make_sizer<wxGridSizer>(8, wxSize(2, 2));
+  auto* const grid = zu::vcl::set_sizer<wxGridSizer>(form, 8, wxSize(2, 2));
   for (int i = 0; i < labels; ++i)
     grid->Add(zu::vcl::make_child<wxStaticText>(&form, wxID_ANY, "Latitude of Origin"));
   for (int i = 0; i < edits; ++i) grid->Add(zu::vcl::make_child<wxTextCtrl>(&form, wxID_ANY, "0"));
@@ -93,7 +93,7 @@ void add_stock_controls(wxDialog& form, std::array<wxArrayString, 6> const& list
     list->SetSelection(0);
     grid->Add(list);
   }
-  form.SetSizerAndFit(grid);
+  grid->SetSizeHints(&form);
 }
 
 void open_stock_form(benchmark::State& state) {

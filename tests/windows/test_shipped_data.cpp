@@ -7,6 +7,7 @@
 #include <fstream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core_support.h"
@@ -33,7 +34,8 @@ TEST(Shipped_database, may_be_damaged) {
   core_test::Tenvironment const environment{{"PROJ_DATA", nullptr}, {"PROJ_LIB", nullptr}};
   fs::current_path(program.parent_path());
   auto const run = [&](std::vector<std::string> arguments, std::string input = "") {
-    return core_test::run({path + "/" + program.filename().string(), arguments, input});
+    return core_test::run(
+        {path + "/" + program.filename().string(), std::move(arguments), std::move(input)});
   };
   for (char const* content : {"", "text", "cut"}) {
     SCOPED_TRACE(content);
