@@ -17,6 +17,7 @@ namespace transformations {
 class Tline_worker {
  public:
   Tline_worker() = default;
+  ~Tline_worker() = default;
   Tline_worker(Tline_worker const&) = delete;
   Tline_worker& operator=(Tline_worker const&) = delete;
 
