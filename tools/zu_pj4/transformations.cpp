@@ -181,6 +181,20 @@ bool fill(std::FILE* input, Tbyte_buffer& piece, std::size_t enough, bool& at_en
   return is_ready || at_end;
 }
 
+// Moves the beginning of the last line to `rest`: its end is not read yet. Returns the size of
+// the whole lines.
+std::size_t keep_whole_lines(Tbyte_buffer& piece, Tbyte_buffer& rest, bool at_end) {
+  std::string_view const text = piece.text();
+  std::size_t const whole = at_end ? text.size() : text.rfind('\n') + 1;
+  rest.clear();
+  rest.append(text.substr(whole));
+  if (rest.size() > zu::file::size_limit)
+    throw Terror("this is no text of points: it has a line of more than " +
+                 std::to_string(zu::file::size_limit >> 20U) + " MB");
+  piece.cut(whole);
+  return whole;
+}
+
 double read_number(std::string const& text) {
   auto const value = zu::number::read_double(text);
   if (!value) throw Terror("no number: " + text);
@@ -226,21 +240,13 @@ int transform(request const& wanted, std::string const& file, Tzu_env& env, Tlos
   constexpr std::uint64_t long_size = std::uint64_t{4} << 20U;
   std::uint64_t done = 0;
   Tbyte_buffer piece;
-  // The beginning of a line; its end is not read yet.
   Tbyte_buffer rest;
   for (bool at_end = false; !at_end;) {
     std::swap(piece, rest);
     bool const waits = !fill(input, piece, piece_size, at_end, owned ? file : "standard input");
-    std::string_view const text = piece.text();
-    std::size_t const skipped =
-        done == 0 && text.starts_with(text_lines::utf8_mark) ? text_lines::utf8_mark.size() : 0;
-    std::size_t const whole = at_end ? text.size() : text.rfind('\n') + 1;
-    rest.clear();
-    rest.append(text.substr(whole));
-    if (rest.size() > zu::file::size_limit)
-      throw Terror("this is no text of points: it has a line of more than " +
-                   std::to_string(zu::file::size_limit >> 20U) + " MB");
-    piece.cut(whole);
+    bool const has_mark = done == 0 && piece.text().starts_with(text_lines::utf8_mark);
+    std::size_t const skipped = has_mark ? text_lines::utf8_mark.size() : 0;
+    std::size_t const whole = keep_whole_lines(piece, rest, at_end);
     done += whole;
     if (whole > 0) transformer.transform(piece, skipped);
     // A program that asks point by point gets each answer before its next question.
