@@ -48,12 +48,13 @@ int significant_digits(std::string_view fixed) noexcept {
 }
 
 // The digits of 0 to 99, two for each.
-constexpr auto digit_pairs = [] {
+constexpr std::array<char, 200> make_digit_pairs() noexcept {
   std::array<char, 200> pairs{};
   for (std::size_t i = 0; i < pairs.size(); ++i)
     pairs[i] = static_cast<char>('0' + (i % 2 == 0 ? i / 20 : i / 2 % 10));
   return pairs;
-}();
+}
+constexpr auto digit_pairs = make_digit_pairs();
 
 void put_pair(char* to, std::uint32_t value) noexcept {
   std::memcpy(to, digit_pairs.data() + std::size_t{2} * value, 2);

@@ -26,6 +26,7 @@ int trim_stricmp(std::string_view left, std::string_view right) noexcept {
   left = trim(left);
   right = trim(right);
   auto const [left_rest, right_rest] = std::ranges::mismatch(left, right, {}, fold, fold);
+  // cppcheck-suppress mismatchingContainerExpression
   return (left_rest == left.end() ? -1 : fold(*left_rest)) -
          (right_rest == right.end() ? -1 : fold(*right_rest));
 }
