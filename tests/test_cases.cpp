@@ -252,10 +252,9 @@ std::string choose(scope& in, words const& a) {
   if (a[0] == "custom") editor.choose_datum(zu::edit_state::custom_datum);
   if (a[0] == "ellipsoid") editor.choose_ellipse(id());
   if (a[0] == "number") {
-    auto const found = std::ranges::find(zu::all_proj_numbers, a.at(1), &proj_number_key);
-    editor.set_number(
-        zu::all_proj_numbers.at(static_cast<std::size_t>(found - zu::all_proj_numbers.begin())),
-        number(2));
+    auto const* const found = std::ranges::find(zu::all_proj_numbers, a.at(1), &proj_number_key);
+    if (found == zu::all_proj_numbers.end()) throw std::invalid_argument("no number " + a[1]);
+    editor.set_number(*found, number(2));
   }
   if (a[0] == "shift") editor.set_shift(id(), number(2));
   return shown(in);

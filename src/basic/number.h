@@ -22,8 +22,9 @@ std::optional<double> scan_double(std::string_view text) noexcept;
 // after a number changes its meaning ("37-30"). Empty for any other text.
 std::optional<double> read_double(std::string_view text) noexcept;
 
-// Reads a number of at most 15 digits without an exponent at the start of `text`; nearly
-// all numbers are such. Returns its length: 0 where there is no number, or another one.
+// Reads a number of at most 15 digits at the start of `text`, with or without a sign and a
+// point; nearly all numbers are such. Returns its length, or 0 if there is no such number. Of
+// "1e5" it reads "1": the caller has to look at what follows.
 // The digits as an integer and the power of ten are both exact, so their quotient is the
 // nearest double.
 std::size_t scan_plain(std::string_view text, double& value) noexcept;

@@ -14,9 +14,10 @@ namespace zu {
 enum class file_kind : std::size_t { parameters, esri };
 
 struct file_type {
-  std::wstring_view extension;
-  bool has_wkt;  // a file holds ESRI WKT, else a PROJ.4 definition
-  // False on failure. Only a lack of memory throws.
+  std::wstring_view extension;  // lower case, with its point
+  bool has_wkt;                 // a file holds ESRI WKT, else a PROJ.4 definition
+  // `load` feeds the definition to the adapter; `save` replaces the file. Both return false on
+  // failure and throw only if memory runs out.
   bool (*load)(std::wstring const& name, Izu_string_adp* adapter);
   bool (*save)(std::wstring const& name, std::wstring const& definition);
 };

@@ -29,8 +29,8 @@ std::string const& shipped_data_folder();
 // Tells PROJ's default context where the shipped database is. Does so once in a process.
 void prepare_default_context();
 
-// The context for this thread's calls of PROJ: its own one, or else null, which is PROJ's
-// default context.
+// The context for this thread's calls of PROJ: that of its Tthread_context, or else null, which
+// is PROJ's default context. Do not destroy it.
 PJ_CONTEXT* current_context() noexcept;
 
 // Whether the current context can read the database; PROJ reports the reason when it
@@ -41,8 +41,9 @@ bool has_database();
 // network. Null only when there is not enough memory.
 context make_context();
 
-// Gives this thread a context of its own. Threads that work at the same time need one
-// each, since PROJ's default context may be used by one thread only.
+// Gives this thread a context of its own, until it is destroyed on the same thread. A thread
+// has one at most. Threads that work at the same time need one each, because only one thread
+// may use PROJ's default context.
 class Tthread_context {
  public:
   // Throws std::bad_alloc when there is not enough memory.

@@ -15,7 +15,9 @@
 enum class reproj_direction { forward, backward };
 
 // What a caller does with the points of a long array before and after they are transformed.
-// The thread that transforms a block of them does it, so the threads share this work, too.
+// The thread that transforms a block of them does it, so the threads share this work, too:
+// several threads call it at the same time, each for other points. It is also called if there is
+// no operation. The caller owns it, and keeps it until the call for the array returns.
 class Tblock_work {
  public:
   virtual void before(std::size_t first, std::size_t count) noexcept = 0;

@@ -93,8 +93,8 @@ std::string with_loss(std::string_view definition, zu::reading_loss const& loss)
   return text.replace(at, loss.piece.size(), loss.kept.empty() ? "" : key + loss.kept);
 }
 
-// What ESRI WKT holds of a definition, as a definition: the WKT names unknown datums after
-// other things than numbers.
+// What ESRI WKT holds of a definition, as a definition. Two texts of WKT may differ only in the
+// name that GDAL gives to an unknown datum.
 std::wstring kept_in_wkt(std::string_view definition) {
   auto const convert = [](convert_text const& by, std::wstring const& text) {
     std::wstring result;

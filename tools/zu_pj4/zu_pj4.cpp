@@ -159,8 +159,7 @@ void use_options(options const& chosen) {
 
 void add_jobs(CLI::App* command, unsigned& jobs) {
   constexpr unsigned most_jobs = 256;
-  command
-      ->add_option("--jobs", jobs, "number of threads (default: as many as there are processors)")
+  command->add_option("--jobs", jobs, "number of threads (default: enough for all processors)")
       ->type_name("N")
       ->check(CLI::Range(1U, most_jobs));
 }
