@@ -4,6 +4,7 @@
 #include <cmath>
 #include <memory>
 #include <sstream>
+#include <stdexcept>
 
 #include "basic/file_system.h"
 #include "basic/ini.h"
