@@ -109,6 +109,14 @@ bool feed(Izu_string_adp* adapter, char const* text) {
   return true;
 }
 
+// GDAL makes a PROJ context when a thread uses PROJ through it for the first time.
+bool make_context_of_gdal() {
+  foreign_messages::Tscope const messages;
+  proj_library::Tdatabase_scope const database;
+  spatial_reference const system(gdal().OSRNewSpatialReference(nullptr));
+  return gdal().OSRImportFromProj4(system.get(), "+proj=longlat +ellps=WGS84") == OGRERR_NONE;
+}
+
 // GDAL makes its own PROJ contexts, so it needs the folder of the database as well.
 void prepare_libraries() {
   static bool const done = [] {
@@ -119,6 +127,9 @@ void prepare_libraries() {
     return true;
   }();
   static_cast<void>(done);
+  if (proj_library::current_context() == nullptr) return;
+  static thread_local bool const has_context = make_context_of_gdal();
+  static_cast<void>(has_context);
 }
 
 bool has_database() {

@@ -1,6 +1,7 @@
 #include "proj4/proj_library.h"
 
 #include <atomic>
+#include <mutex>
 #include <new>
 
 #include "basic/file.h"
@@ -25,8 +26,27 @@ void show_shipped_data(PJ_CONTEXT* context) {
   proj_context_set_search_paths(context, 1, &paths);
 }
 
-// NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
+// NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables)
 thread_local PJ_CONTEXT* context_of_thread = nullptr;
+// The database of the thread's context; null for PROJ's usual one.
+thread_local char const* database_of_thread = nullptr;
+// Each new context is a copy of the default context.
+std::mutex default_context;
+// NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables)
+
+// The path of the database in a spelling that no other thread has. Empty without a database.
+std::string database_for_thread() {
+  static std::atomic<unsigned> threads = 0;
+  context const finder = make_context();
+  char const* const path = finder ? proj_context_get_database_path(finder.get()) : nullptr;
+  if (path == nullptr) return {};
+  std::string own = path;
+  std::size_t const name = own.find_last_of("/\\") + 1;
+  if (name == 0) return {};
+  std::string const same_folder{'.', own[name - 1]};
+  for (unsigned more = ++threads; more > 0; --more) own.insert(name, same_folder);
+  return own;
+}
 
 }  // namespace
 
@@ -52,7 +72,9 @@ bool has_database() {
 }
 
 context make_context() {
+  std::unique_lock lock(default_context);
   context made(proj_context_create());
+  lock.unlock();
   if (!made) return made;
   proj_log_level(made.get(), PJ_LOG_NONE);
   show_shipped_data(made.get());
@@ -61,13 +83,29 @@ context make_context() {
 }
 
 Tthread_context::Tthread_context() {
-  // PROJ copies the default context, so no thread may change that from now on.
   prepare_default_context();
+  database_ = database_for_thread();
   own_ = make_context();
   if (!own_) throw std::bad_alloc();
+  if (!database_.empty()) {
+    proj_context_set_database_path(own_.get(), database_.c_str(), nullptr, nullptr);
+    database_of_thread = database_.c_str();
+  }
   context_of_thread = own_.get();
 }
-Tthread_context::~Tthread_context() { context_of_thread = nullptr; }
+Tthread_context::~Tthread_context() {
+  context_of_thread = nullptr;
+  database_of_thread = nullptr;
+}
+
+Tdatabase_scope::Tdatabase_scope() : lock_(default_context) {
+  if (database_of_thread != nullptr)
+    proj_context_set_database_path(nullptr, database_of_thread, nullptr, nullptr);
+}
+Tdatabase_scope::~Tdatabase_scope() {
+  if (database_of_thread != nullptr)
+    proj_context_set_database_path(nullptr, nullptr, nullptr, nullptr);
+}
 
 bool is_name(std::string_view text) noexcept {
   return text.find_first_of(":+=[{") == std::string_view::npos;

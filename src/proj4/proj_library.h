@@ -4,6 +4,7 @@
 #include <proj.h>
 
 #include <memory>
+#include <mutex>
 #include <string>
 #include <string_view>
 
@@ -43,7 +44,12 @@ context make_context();
 
 // Gives this thread a context of its own, until it is destroyed on the same thread. A thread
 // has one at most. Threads that work at the same time need one each, because only one thread
-// may use PROJ's default context.
+// may use PROJ's default context. So while such threads work, the other threads of the program
+// need one, too.
+//
+// The context has a connection of its own to the database: all contexts with the same path of
+// the database share one connection, and wait for each other. So the path has another spelling
+// in each thread.
 class Tthread_context {
  public:
   // Throws std::bad_alloc when there is not enough memory.
@@ -53,7 +59,21 @@ class Tthread_context {
   Tthread_context& operator=(Tthread_context const&) = delete;
 
  private:
+  std::string database_;
   context own_;
+};
+
+// While it lives, PROJ's default context has the database of this thread's Tthread_context, and
+// no other thread makes a context. GDAL copies the default context for each thread that uses it.
+class Tdatabase_scope {
+ public:
+  Tdatabase_scope();
+  ~Tdatabase_scope();
+  Tdatabase_scope(Tdatabase_scope const&) = delete;
+  Tdatabase_scope& operator=(Tdatabase_scope const&) = delete;
+
+ private:
+  std::scoped_lock<std::mutex> lock_;
 };
 
 // Whether PROJ would look for a text among the names of its systems. Codes and definitions

@@ -10,8 +10,6 @@
 #include <unordered_map>
 #include <utility>
 
-#include "proj4/proj_library.h"
-
 namespace answers {
 namespace {
 
@@ -43,7 +41,9 @@ answerer remembering(answerer wanted) {
 unsigned default_jobs() noexcept { return std::max(1U, std::thread::hardware_concurrency()); }
 
 Tqueue::Tqueue(unsigned jobs, std::function<answerer()> make, receiver receive)
-    : make_(std::move(make)), receive_(std::move(receive)), threads_(jobs > 1 ? jobs : 0) {}
+    : make_(std::move(make)), receive_(std::move(receive)), threads_(jobs > 1 ? jobs : 0) {
+  if (!threads_.empty()) context_.emplace();
+}
 
 Tqueue::~Tqueue() {
   {

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "basic/thread.h"
+#include "proj4/proj_library.h"
 
 namespace answers {
 
@@ -78,6 +79,8 @@ class Tqueue {
   std::function<answerer()> make_;
   receiver receive_;
   answerer own_;
+  // Of the thread that adds the texts, where others answer them.
+  std::optional<zu::proj_library::Tthread_context> context_;
   std::size_t bytes_ = 0;  // of the texts in the queue
 
   std::mutex mutex_;
