@@ -30,6 +30,13 @@ install(FILES include/zu_pj_edit/zu_pj4_layer.h include/zu_pj_edit/geometry.h
 
 if(ZU_BUILD_PROGRAMS)
   install(TARGETS zu_pj4 RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
+  if(TARGET zu_pj4_edit)
+    # zu_pj4 looks for it in its own folder. Its manual page is that of zu_pj4.
+    install(TARGETS zu_pj4_edit RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
+    file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/man/zu_pj4_edit.1" CONTENT ".so man1/zu_pj4.1\n")
+    install(FILES "${PROJECT_BINARY_DIR}/man/zu_pj4_edit.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1"
+      COMPONENT tools)
+  endif()
   # Users make their own catalogue with it.
   if(TARGET make_prj_def)
     install(TARGETS make_prj_def RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)

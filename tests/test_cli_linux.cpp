@@ -90,10 +90,16 @@ TEST_F(Cli_linux, AnswersALineBeforeTheNextOneComes) {
 TEST_F(Cli_linux, NoticesAFullDiskAndTheLackOfADisplay) {
   expect_outcome(run({"save", local_system, "/dev/full"}), 2, "",
                  "Error: cannot write /dev/full\n");
-  auto const edited = run({"edit", local_system});
+  // A shell that finds the program gives it a name without a folder.
+  auto const edited = core_test::run(
+      {"/bin/sh", {"-c", "PATH=${1%/*}; zu_pj4 edit +proj=longlat", "sh", ZU_PJ4}, ""});
   EXPECT_EQ(edited.status, 2);
   EXPECT_NE(edited.err.find("display"), std::string::npos);
   EXPECT_EQ(edited.err.find('\n'), edited.err.size() - 1);
+  std::string const alone = path("alone");
+  std::filesystem::copy_file(ZU_PJ4, alone);
+  expect_outcome(core_test::run({alone, {"edit", local_system}, ""}), 2, "",
+                 "Error: cannot start " + path("zu_pj4_edit") + ": No such file or directory\n");
 }
 
 // A line each: a text with which GDAL or PROJ would open a file or a connection when they

@@ -1,5 +1,7 @@
 // The command-line program: the functions of the library for a shell.
 
+#include <sqlite3.h>
+
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
@@ -16,8 +18,10 @@
 #include "catalogue_listing.h"
 #include "comparisons.h"
 #include "conversions.h"
+#include "edit.h"
 #include "error.h"
 #include "losses.h"
+#include "memory.h"
 #include "pj_edit/edit_rules.h"
 #include "proj4/proj4_str.h"
 #include "systems.h"
@@ -25,14 +29,9 @@
 #include "text/rc.h"
 #include "text_lines.h"
 #include "transformations.h"
-#include "vcl/look_scope.h"
-#include "vcl/toolkit.h"
 #include "zu_pj_edit/version.h"
-#include "zu_pj_edit/zu_pj_edit.h"
 
 namespace {
-
-constexpr int exit_cancelled = 1;
 
 using convert_definition = std::function<std::string(std::string const&)>;
 
@@ -94,19 +93,6 @@ int describe(std::string const& definition, bool is_short, Tzu_env& env, Tlosses
   // The captions of parameters are in a buffer that threads cannot share.
   return text_lines::print_each({definition}, {&env, &losses, 1}, text_lines::on_failure::stop,
                                 text_lines::equal_texts::remember, make);
-}
-
-int edit(std::string const& definition, Tlosses const& losses) {
-  // Fails without a display; the dialog itself would only look cancelled.
-  zu::vcl::Tzu_look_scope const look;
-  zu::vcl::start();
-  unsigned char changed = 0;
-  std::string const input =
-      terminal::to_library(systems::definition_of(text_lines::text_of(definition)));
-  losses.tell(input);
-  std::cout << terminal::from_library(zu_proj4_form_execute(nullptr, input.c_str(), &changed))
-            << '\n';
-  return changed != 0 ? 0 : exit_cancelled;
 }
 
 struct options {
@@ -250,7 +236,8 @@ transformation_commands add_transformation_commands(CLI::App& app, options& chos
   return {describe, transform, box};
 }
 
-int run_command(std::vector<std::string> arguments, Tzu_env& env) {
+// `argv` has the arguments as the system gave them.
+int run_command(std::vector<std::string> arguments, char** argv, Tzu_env& env) {
   options chosen;
   CLI::App app{"Reads, edits, converts and writes coordinate-system definitions (PROJ.4 strings)."};
   app.name("zu_pj4");
@@ -363,7 +350,7 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
                              : chosen.quiet ? loss_mode::quiet
                                             : loss_mode::warn);
   text_lines::Tsetting const setting{&env, &losses, chosen.jobs};
-  if (*edit_command) return edit(chosen.definition, losses);
+  if (*edit_command) return edit(chosen.definition, losses, argv);
   if (*apply_command) return apply_each(chosen.definitions, setting);
   if (*normalize_command) return print_each(chosen.definitions, setting, [] { return &normalize; });
   if (*catalogue_command) {
@@ -400,7 +387,7 @@ int run_command(std::vector<std::string> arguments, Tzu_env& env) {
 
 int run(int argc, char** argv, Tzu_env& env) {
   terminal::prepare_streams();
-  int const status = run_command(terminal::arguments(argc, argv), env);
+  int const status = run_command(terminal::arguments(argc, argv), argv, env);
   if (!std::cout.flush()) throw Terror("cannot write to standard output");
   return status;
 }
@@ -410,6 +397,9 @@ int run(int argc, char** argv, Tzu_env& env) {
 int main(int argc, char** argv) {
   // The program that starts this one may have switched floating-point traps on.
   zu::Tfloat_scope const floats;
+  memory::keep_freed();
+  // SQLite counts its memory, and all threads wait for each other there.
+  sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
   Tzu_env_console env;
   try {
     return run(argc, argv, env);
