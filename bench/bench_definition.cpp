@@ -45,5 +45,5 @@ BENCHMARK(create_and_destroy)->Repetitions(repetitions);
 }  // namespace
 
 int main(int argc, char** argv) {
-  return bench::run(argc, argv, "create_and_destroy", {{"decompose_and_compose", "at least 100"}});
+  return bench::run(argc, argv, "create_and_destroy", {{"decompose_and_compose", "at least 37"}});
 }
