@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <set>
@@ -85,7 +86,11 @@ TEST_F(Cli, FindsItsCatalogueInAFolderOfAnyLetterOfThePage) {
     expect_lines(run_program({folder + program.filename().string(), {"apply", local_system}, ""}),
                  local_line);
     // Another one, where it is asked for; its table without records is a good one.
-    fs::resize_file(copy / "prj_def/pj_datum.dbf", 353);
+    fs::path const datums = "prj_def/pj_datum.dbf";
+    std::string const table = get_file((program.parent_path() / datums).string());
+    auto const header = static_cast<unsigned char>(table.at(8)) +
+                        static_cast<unsigned char>(table.at(9)) * std::uintmax_t{256};
+    fs::resize_file(copy / datums, header);
     expect_lines(run({"--catalogue", folder + "prj_def", "catalogue", "usual"}),
                  run({"catalogue", "usual"}).out);
     EXPECT_NE(run({"--catalogue", folder + "prj_def", "catalogue", "datums"}).out,

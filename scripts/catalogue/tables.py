@@ -87,7 +87,7 @@ def find_usual(rows, definition):
     """The usual projection row that a definition selects, or None.
 
     First it looks for a row with all parallels and the scale that the definition gives, then for
-    the first row with its name.
+    the row that has most of its numbers.
     """
     candidates = [row for row in rows
                   if row["PROJ"].lower() == definition.get("proj", "").lower()
@@ -98,7 +98,8 @@ def find_usual(rows, definition):
             wanted.append("k_0")
         if all(row[key.upper()] for key in wanted):
             return row
-    return candidates[0] if candidates else None
+    return max(candidates, default=None, key=lambda row: sum(
+        key in definition and bool(row[key.upper()]) for key in NUMERIC_KEYS))
 
 
 def find_zonal(rows, definition):

@@ -79,17 +79,19 @@ context make_context() {
   proj_log_level(made.get(), PJ_LOG_NONE);
   show_shipped_data(made.get());
   proj_context_set_enable_network(made.get(), 0);
+  if (database_of_thread != nullptr)
+    proj_context_set_database_path(made.get(), database_of_thread, nullptr, nullptr);
   return made;
 }
 
 Tthread_context::Tthread_context() {
   prepare_default_context();
   database_ = database_for_thread();
+  if (!database_.empty()) database_of_thread = database_.c_str();
   own_ = make_context();
-  if (!own_) throw std::bad_alloc();
-  if (!database_.empty()) {
-    proj_context_set_database_path(own_.get(), database_.c_str(), nullptr, nullptr);
-    database_of_thread = database_.c_str();
+  if (!own_) {
+    database_of_thread = nullptr;
+    throw std::bad_alloc();
   }
   context_of_thread = own_.get();
 }

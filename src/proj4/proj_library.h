@@ -38,8 +38,9 @@ PJ_CONTEXT* current_context() noexcept;
 // cannot. Without a database GDAL still works, but datums lose their shift.
 bool has_database();
 
-// Makes a context for one caller. It finds the database, prints nothing and never uses the
-// network. Null only when there is not enough memory.
+// Makes a context for one caller. It finds the database (that of this thread's Tthread_context,
+// if there is one), prints nothing and never uses the network. Null only when there is not enough
+// memory.
 context make_context();
 
 // Gives this thread a context of its own, until it is destroyed on the same thread. A thread
