@@ -52,8 +52,8 @@ set(CPACK_COMPONENT_RUNTIME_DESCRIPTION
 "dialog that edits coordinate-system definitions
 A desktop GIS calls this library with a PROJ.4 definition. The user picks a
 projection or a zone, its parameters, a datum and an ellipsoid, and the
-program gets the edited definition. The dialog loads and saves .pj4 and ESRI
-.prj files, and it finds a system by name, code or region.
+program gets the edited definition. The dialog loads and saves .pj4 files and
+ESRI's .prj files, and it finds a system by name, code or region.
 .
 The package also holds the catalogue of projections, datums and ellipsoids.")
 
