@@ -61,9 +61,10 @@ std::wstring own_path() {
   Dl_info info{};
   if (dladdr(reinterpret_cast<void const*>(&own_path), &info) == 0) return {};
   // A program that the shell found through PATH has no folder in its name.
-  if (std::string_view(info.dli_fname).find('/') == std::string_view::npos) return {};
   std::error_code ignored;
-  auto const path = std::filesystem::absolute(info.dli_fname, ignored);
+  bool const has_folder = std::string_view(info.dli_fname).find('/') != std::string_view::npos;
+  auto const path = has_folder ? std::filesystem::absolute(info.dli_fname, ignored)
+                               : std::filesystem::read_symlink("/proc/self/exe", ignored);
   return code_page::to_wide(code_page::system, path.native());
 }
 
