@@ -8,7 +8,7 @@ die() {
 }
 
 # ccache sees paths relative to the tree, so clones at different paths share its results.
-export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=locale
 # Programs with sanitizers read this.
 export LSAN_OPTIONS="suppressions=$PWD/scripts/lsan.supp:print_suppressions=0"
 
