@@ -8,7 +8,10 @@
 extern "C" {
 #endif
 
-/* Reports a false condition. layer_result is the exit code of main. */
+/* All tests in C. */
+void test_layer(void);
+
+/* Reports a false condition. layer_result is how many there were. It removes the files. */
 #ifndef __cplusplus
 #define CHECK(condition) layer_check((condition) ? 1 : 0, #condition, __FILE__, __LINE__)
 #endif

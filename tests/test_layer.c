@@ -454,7 +454,7 @@ static void test_missing_geometry(void) {
   zu_rpj_fb_d2_destroy(both);
 }
 
-int main(void) {
+void test_layer(void) {
   test_params();
   test_values();
   test_towgs84();
@@ -467,5 +467,4 @@ int main(void) {
   test_one_way();
   test_both_ways();
   test_missing_geometry();
-  return layer_result();
 }

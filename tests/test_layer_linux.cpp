@@ -1,49 +1,14 @@
 #include <gtest/gtest.h>
-#include <signal.h>  // NOLINT(modernize-deprecated-headers): POSIX's own
-#include <ucontext.h>
 
-#include <span>
 #include <string>
 #include <vector>
 
 #include "core_support.h"
-#include "test_float_traps.h"
-
-namespace {
-
-constexpr greg_t step_flag = 0x100;
-
-core_test::float_watcher& watcher() {
-  static core_test::float_watcher kept = nullptr;
-  return kept;
-}
-
-void on_signal(int signal, siginfo_t* /*info*/, void* context) {
-  mcontext_t& machine = static_cast<ucontext_t*>(context)->uc_mcontext;
-  if (signal == SIGTRAP) {
-    if (!watcher()(core_test::float_event::step, machine.fpregs->mxcsr))
-      std::span(machine.gregs)[REG_EFL] &= ~step_flag;
-    return;
-  }
-  watcher()(core_test::float_event::trap, machine.fpregs->mxcsr);
-  machine.fpregs->mxcsr |= 0x1F80U;
-  machine.fpregs->cwd |= 0x3FU;
-}
-
-}  // namespace
-
-void core_test::watch_floats(float_watcher wanted) {
-  watcher() = wanted;
-  struct sigaction action {};
-  action.sa_sigaction = &on_signal;
-  action.sa_flags = SA_SIGINFO;
-  for (int const signal : {SIGFPE, SIGTRAP}) sigaction(signal, &action, nullptr);
-}
 
 namespace {
 
 // The program that starts it may have switched traps on.
-TEST(Float_traps_linux, the_program_is_masked_as_a_whole) {
+TEST(Layer_linux, the_program_is_masked_as_a_whole) {
   for (std::vector<std::string> const& words : std::vector<std::vector<std::string>>{
            {"apply", "+proj=longlat +R=6371000"},
            {"normalize", "+proj=stere +lat_0=90 +lat_ts=70 +a=6378137 +b=6356752"},
