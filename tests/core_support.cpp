@@ -6,7 +6,6 @@
 #include <array>
 #include <cstdlib>
 #include <fstream>
-#include <iostream>
 #include <iterator>
 #include <random>
 
@@ -17,42 +16,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Written when the program ends. It replaces the record of an earlier run.
-class Trecord {
- public:
-  Trecord() {
-    if (char const* const folder = std::getenv("ZU_TEST_RECORD"))
-      file_ = fs::path(folder) / program_path().stem();
-  }
-  ~Trecord() {
-    if (content_.empty()) return;
-    std::ofstream file(file_, std::ios::binary);
-    if (!(file << content_).flush()) std::cerr << "cannot write the record " << file_ << '\n';
-  }
-  Trecord(Trecord const&) = delete;
-  Trecord& operator=(Trecord const&) = delete;
-
-  void add(std::string_view text) {
-    if (file_.empty()) return;
-    auto const* const test = testing::UnitTest::GetInstance()->current_test_info();
-    if (test != nullptr && is_of_one_platform(test->test_suite_name())) return;
-    content_.append("@").append(test == nullptr ? "" : test->test_suite_name()).append(".");
-    content_.append(test == nullptr ? "" : test->name()).append(" ");
-    content_.append(std::to_string(text.size())).append("\n").append(text).append("\n");
-  }
-
- private:
-  static bool is_of_one_platform(std::string_view suite) {
-    return suite.ends_with("_posix") || suite.ends_with("_linux") || suite.ends_with("_win32");
-  }
-
-  fs::path file_;
-  std::string content_;
-};
-
-Trecord& the_record() {
-  static Trecord instance;
-  return instance;
+// The record of this program replaces that of an earlier run.
+void add_to_record(std::string_view text) {
+  char const* const folder = std::getenv("ZU_TEST_RECORD");
+  auto const* const test = testing::UnitTest::GetInstance()->current_test_info();
+  if (folder == nullptr || test == nullptr) return;
+  std::string const suite = test->test_suite_name();
+  for (char const* platform : {"_posix", "_linux", "_win32"})
+    if (suite.ends_with(platform)) return;
+  static std::ofstream file(fs::path(folder) / program_path().stem(), std::ios::binary);
+  file << "@" << suite << "." << test->name() << " " << std::to_string(text.size()) << "\n";
+  EXPECT_TRUE(file << text << "\n") << "cannot write the record";
 }
 
 // In the double-byte page the second bytes are "\\", "G" and "]".
@@ -99,12 +73,12 @@ std::string read_file(std::string const& name) {
 std::string get_file(std::string const& name) { return recorded(read_file(name)); }
 
 std::string const& recorded(std::string const& text) {
-  the_record().add(text);
+  add_to_record(text);
   return text;
 }
 
 std::wstring const& recorded(std::wstring const& text) {
-  the_record().add(zu::strconv::to_utf8(text));
+  add_to_record(zu::strconv::to_utf8(text));
   return text;
 }
 
@@ -135,5 +109,12 @@ std::vector<system_page> system_pages() {
 
 Tsystem_page::Tsystem_page(system_page const& page)
     : Tenvironment({{"LC_ALL", std::string("ru_RU.").append(page.encoding).c_str()}}) {}
+
+outcome run(command const& wanted) {
+  Ttemp_folder const folder;
+  put_file(folder.file("in"), wanted.input);
+  int const status = run_in(folder.file(""), wanted);
+  return {status, read_file(folder.file("out")), read_file(folder.file("err"))};
+}
 
 }  // namespace core_test

@@ -60,5 +60,8 @@ struct command {
 
 // Throws std::runtime_error when the program cannot be started.
 outcome run(command const& wanted);
+// Returns the status. The program's streams are the files "in", "out" and "err" of the folder,
+// whose name ends with a separator.
+int run_in(std::string const& folder, command const& wanted);
 
 }  // namespace core_test

@@ -1,41 +1,16 @@
 #include "platform_support.h"
 
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdio>
 #include <cstdlib>
-#include <memory>
 #include <stdexcept>
 
 namespace core_test {
-namespace {
-
-struct closer {
-  void operator()(std::FILE* file) const noexcept { static_cast<void>(std::fclose(file)); }
-};
-using stream = std::unique_ptr<std::FILE, closer>;
-
-stream temporary(std::string_view content = "") {
-  stream file(std::tmpfile());
-  if (!file || std::fwrite(content.data(), 1, content.size(), file.get()) != content.size() ||
-      std::fflush(file.get()) != 0)
-    throw std::runtime_error("no temporary file");
-  std::rewind(file.get());
-  return file;
-}
-
-std::string content_of(std::FILE* file) {
-  std::string text;
-  std::rewind(file);
-  for (int c = std::fgetc(file); c != EOF; c = std::fgetc(file)) text += static_cast<char>(c);
-  return text;
-}
-
-}  // namespace
 
 void set_variable(char const* name, char const* value) {
   value != nullptr ? setenv(name, value, 1) : unsetenv(name);
@@ -65,7 +40,7 @@ bool is_shell_utf8() { return false; }
 
 std::filesystem::path shell_path(std::string const& name) { return name; }
 
-outcome run(command const& wanted) {
+int run_in(std::string const& folder, command const& wanted) {
   std::vector<std::string> texts = wanted.arguments;
   texts.insert(texts.begin(), wanted.program);
   std::vector<char*> arguments;
@@ -73,26 +48,21 @@ outcome run(command const& wanted) {
   for (std::string& text : texts) arguments.push_back(text.data());
   arguments.push_back(nullptr);
 
-  stream const in = temporary(wanted.input);
-  stream const out(wanted.loses_output ? stream(std::fopen("/dev/full", "w")) : temporary());
-  stream const err = temporary();
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_adddup2(&actions, fileno(in.get()), 0);
-  posix_spawn_file_actions_adddup2(&actions, fileno(out.get()), 1);
-  posix_spawn_file_actions_adddup2(&actions, fileno(err.get()), 2);
+  std::string const out = wanted.loses_output ? "/dev/full" : folder + "out";
+  constexpr int to_new = O_WRONLY | O_CREAT;
+  posix_spawn_file_actions_t streams;
+  posix_spawn_file_actions_init(&streams);
+  posix_spawn_file_actions_addopen(&streams, 0, (folder + "in").c_str(), O_RDONLY, 0);
+  posix_spawn_file_actions_addopen(&streams, 1, out.c_str(), to_new, 0600);
+  posix_spawn_file_actions_addopen(&streams, 2, (folder + "err").c_str(), to_new, 0600);
   pid_t process = 0;
   int const started =
-      posix_spawn(&process, wanted.program.c_str(), &actions, nullptr, arguments.data(), environ);
-  posix_spawn_file_actions_destroy(&actions);
+      posix_spawn(&process, wanted.program.c_str(), &streams, nullptr, arguments.data(), environ);
+  posix_spawn_file_actions_destroy(&streams);
   if (started != 0) throw std::runtime_error("cannot start " + wanted.program);
   int status = 0;
   waitpid(process, &status, 0);
-  outcome result;
-  result.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-  if (!wanted.loses_output) result.out = content_of(out.get());
-  result.err = content_of(err.get());
-  return result;
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
 }  // namespace core_test

@@ -8,8 +8,6 @@
 #include <memory>
 #include <stdexcept>
 
-#include "core_support.h"
-
 namespace core_test {
 namespace {
 
@@ -27,10 +25,11 @@ std::wstring to_wide(std::string const& text) {
   return wide;
 }
 
-handle_ptr open_for_child(std::filesystem::path const& name, DWORD access, DWORD disposition) {
+// The file may be a new one.
+handle_ptr open_for_child(std::filesystem::path const& name, DWORD access) {
   SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
   HANDLE const handle = CreateFileW(name.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                    &inherited, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+                                    &inherited, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (handle == INVALID_HANDLE_VALUE) throw std::runtime_error("no temporary file");
   return handle_ptr(handle);
 }
@@ -84,15 +83,11 @@ bool is_shell_utf8() { return true; }
 
 std::filesystem::path shell_path(std::string const& name) { return to_wide(name); }
 
-outcome run(command const& wanted) {
-  Ttemp_folder const folder;
-  auto const in_name = folder.file("in");
-  put_file(in_name, wanted.input);
-  auto const in = open_for_child(in_name, GENERIC_READ, OPEN_EXISTING);
-  auto const out = wanted.loses_output
-                       ? open_for_child(in_name, GENERIC_READ, OPEN_EXISTING)
-                       : open_for_child(folder.file("out"), GENERIC_WRITE, CREATE_ALWAYS);
-  auto const err = open_for_child(folder.file("err"), GENERIC_WRITE, CREATE_ALWAYS);
+int run_in(std::string const& folder, command const& wanted) {
+  auto const in = open_for_child(folder + "in", GENERIC_READ);
+  auto const out =
+      open_for_child(folder + "out", wanted.loses_output ? GENERIC_READ : GENERIC_WRITE);
+  auto const err = open_for_child(folder + "err", GENERIC_WRITE);
 
   std::wstring const program = shell_path(wanted.program).make_preferred().wstring();
   std::wstring line = quoted(program);
@@ -112,11 +107,7 @@ outcome run(command const& wanted) {
   WaitForSingleObject(process.get(), INFINITE);
   DWORD status = 0;
   GetExitCodeProcess(process.get(), &status);
-  outcome result;
-  result.status = static_cast<int>(status);
-  if (!wanted.loses_output) result.out = read_file(folder.file("out"));
-  result.err = read_file(folder.file("err"));
-  return result;
+  return static_cast<int>(status);
 }
 
 }  // namespace core_test
