@@ -5,14 +5,10 @@
 #include <shapefil.h>
 
 #include <algorithm>
-#include <map>
 #include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
-
-#include "catalogue/pj_dbf.h"
-#include "core_support.h"
 
 namespace core_test {
 
@@ -48,32 +44,18 @@ inline void write_table(std::string const& file, table_columns const& names,
     ASSERT_GE(field, 0) << column;
   }
   for (int record = 0; std::string const& row : rows) {
-    std::map<std::string, std::string> cells;
-    std::istringstream parts(row);
-    for (std::string part; std::getline(parts, part, ';');)
-      cells[part.substr(0, part.find('='))] = part.substr(part.find('=') + 1);
-    for (int field = 0; std::string const& column : names) {
-      if (cells.contains(column))
-        DBFWriteAttributeDirectly(table.get(), record, field, cells[column].data());
-      else
-        DBFWriteNULLAttribute(table.get(), record, field);
-      ++field;
+    for (int field = 0; field < static_cast<int>(names.size()); ++field)
+      DBFWriteNULLAttribute(table.get(), record, field);
+    std::istringstream cells(row);
+    for (std::string cell; std::getline(cells, cell, ';');) {
+      auto const equals = cell.find('=');
+      int const field = DBFGetFieldIndex(table.get(), cell.substr(0, equals).c_str());
+      EXPECT_TRUE(
+          DBFWriteAttributeDirectly(table.get(), record, field, cell.substr(equals + 1).data()))
+          << cell;
     }
     ++record;
   }
 }
-
-// The catalogue is a folder of the test's own, without a table at first.
-class Tcatalogue_test : public testing::Test {
- protected:
-  Tcatalogue_test() { Tzu_pj_dbf::set_catalogue_folder(folder.file("")); }
-  ~Tcatalogue_test() override { Tzu_pj_dbf::set_catalogue_folder(""); }
-
-  void write(std::string const& table, std::vector<std::string> const& rows) {
-    write_table(folder.file(table + ".dbf"), columns_of(table), rows);
-  }
-
-  Ttemp_folder const folder;
-};
 
 }  // namespace core_test

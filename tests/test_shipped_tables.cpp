@@ -38,9 +38,7 @@ std::vector<record> dump(std::string const& table) {
 }
 
 double number(record const& from, std::string const& field) {
-  auto const found = from.find(field);
-  auto const value = found == from.end() ? std::nullopt : zu::number::scan_double(found->second);
-  return value.value_or(std::nan(""));
+  return zu::number::scan_double(from.at(field)).value_or(std::nan(""));
 }
 
 TEST(Shipped_tables, have_every_ellipsoid_of_proj_with_its_numbers) {
