@@ -13,7 +13,6 @@
 #include <vector>
 
 #include "basic/number.h"
-#include "basic/str.h"
 #include "core_support.h"
 #include "fed_by.h"
 #include "interchange/known_systems.h"
@@ -55,20 +54,6 @@ std::string to_esri(std::string const& definition) {
   }));
 }
 
-// The keys from the last to the first, "k" for "k_0", other blanks and capitals.
-std::string rewritten(std::string const& definition) {
-  auto pieces = zu::str::split(definition, " ");
-  std::ranges::reverse(pieces);
-  std::string text;
-  for (auto const piece : pieces) {
-    auto const [key, value] = zu::str::divide_str(piece, '=');
-    text.append(key == "+k_0" ? "+K" : key);
-    if (!value.empty()) text.append(" = ").append(value);
-    text.append("\t ");
-  }
-  return text;
-}
-
 // The definition once for each of its numbers, that number changed by 1e-5.
 std::vector<std::string> with_a_number_changed(std::string const& definition) {
   std::vector<std::string> changed;
@@ -82,6 +67,7 @@ std::vector<std::string> with_a_number_changed(std::string const& definition) {
   return changed;
 }
 
+// Definitions of other words are tested where definitions are read and compared.
 TEST(Known_systems, are_written_byte_for_byte) {
   std::map<std::string, char const*> first_of;
   std::size_t confirmed = 0;
@@ -96,7 +82,6 @@ TEST(Known_systems, are_written_byte_for_byte) {
     ++confirmed;
     char const* const wkt = first_of.emplace(definition, row.wkt).first->second;
     EXPECT_EQ(to_esri(definition), wkt);
-    EXPECT_EQ(to_esri(rewritten(definition)), wkt) << rewritten(definition);
     for (std::string const& other : with_a_number_changed(definition)) {
       auto const look_up = [&](auto* adapter) { zu::proj4_conv::lookup_db(other, adapter); };
       EXPECT_EQ(core_test::fed_by(look_up), L"unfed") << other;
