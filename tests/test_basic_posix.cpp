@@ -1,8 +1,6 @@
-// Files, folders and terminals as POSIX has them.
+// Files and folders as POSIX has them.
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <stdlib.h>  // NOLINT(modernize-deprecated-headers): POSIX's own
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -87,6 +85,11 @@ TEST(File_posix, a_save_without_room_leaves_the_old_file_and_no_other) {
   }));
   EXPECT_EQ(read_file(folder.file("old")), "old");
   EXPECT_EQ(folder.count(), 1U);
+  // The device takes no byte. No user may make a file among a process's own files, or read its
+  // memory.
+  for (wchar_t const* name : {L"/dev/full", L"/proc/self/f"})
+    EXPECT_FALSE(zu::file::write_whole(name, "x")) << name;
+  EXPECT_FALSE(zu::file::read_whole(L"/proc/self/mem"));
 }
 
 // Links, permissions and names stay what they were.
@@ -147,24 +150,12 @@ TEST(Session_posix, knows_user_and_computer_as_the_systems_programs_do) {
   EXPECT_EQ(zu::path::to_native(zu::session::computer_name()), told("/usr/bin/uname", "-n"));
 }
 
-TEST(Session_posix, knows_a_terminal) {
-  auto const is_terminal = [](char const* name) {
-    zu::file::stream const stream(std::fopen(name, "r+"));
-    return stream && zu::session::is_terminal(stream.get());
-  };
-  zu::file::stream const master(std::fopen("/dev/ptmx", "r+"));
-  if (!master) GTEST_SKIP() << "no terminals here";
-  ASSERT_EQ(grantpt(fileno(master.get())), 0);
-  ASSERT_EQ(unlockpt(fileno(master.get())), 0);
-  EXPECT_TRUE(is_terminal(ptsname(fileno(master.get()))));
-  EXPECT_FALSE(is_terminal("/dev/null"));
-}
-
 TEST(File_system_posix, names_are_spelled_in_the_systems_encoding_or_not_at_all) {
   Ttemp_folder const folder;
   Tenvironment const system{{"LC_ALL", "ru_RU.CP1251"}};
   put_file(folder.file("f"), "x");
   std::wstring const foreign = folder.wide(L"\u00FC");
+  EXPECT_FALSE(zu::file::write_whole(foreign, "x"));
   EXPECT_FALSE(files::copy_file(folder.wide(L"f"), foreign));
   EXPECT_FALSE(files::move(folder.wide(L"f"), foreign));
   EXPECT_FALSE(files::make_folders(foreign));

@@ -14,20 +14,13 @@
 
 namespace {
 
-using core_test::fed_by;
 using core_test::get_file;
+using core_test::load_esri;
+using core_test::load_simple;
 using core_test::put_file;
 using core_test::Tsystem_page;
 using core_test::Ttemp_folder;
 using core_test::zone_7_wkt;
-
-std::wstring load_simple(std::wstring const& name) {
-  return fed_by([&](Izu_string_adp* adapter) { zu_pj4_load_simple_w(name.c_str(), adapter); });
-}
-
-std::wstring load_esri(std::wstring const& name) {
-  return fed_by([&](Izu_string_adp* adapter) { zu_pj4_import_esri(name.c_str(), adapter); });
-}
 
 constexpr wchar_t const* zone_7_definition =
     L"+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass "

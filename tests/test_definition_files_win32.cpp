@@ -3,27 +3,47 @@
 // another program holds.
 
 #include <gtest/gtest.h>
+#include <windows.h>
 
 #include <filesystem>
+#include <functional>
+#include <tuple>
+#include <utility>
 #include <vector>
 
+#include "basic/file.h"
 #include "core_support.h"
 #include "fed_by.h"
-#include "file_holder_win32.h"
 #include "interchange/add_file.h"
-#include "zu_pj_edit/zu_pj4_layer.h"
+
+namespace core_test {
+
+// Called in place of a wait of so many milliseconds.
+std::function<void(unsigned)>& in_sleep() {
+  static std::function<void(unsigned)> instance;
+  return instance;
+}
+
+// Stands for the system's function in this program, under both of its names.
+void WINAPI watched_sleep(DWORD milliseconds) __asm__("Sleep");
+void WINAPI watched_sleep(DWORD milliseconds) {
+  if (in_sleep()) {
+    in_sleep()(milliseconds);
+  } else {
+    SleepEx(milliseconds, FALSE);
+  }
+}
+
+}  // namespace core_test
+
+// NOLINTNEXTLINE(clang-diagnostic-reserved-identifier): the linker's name
+extern "C" decltype(&Sleep) __imp_Sleep;
+decltype(&Sleep) __imp_Sleep = &core_test::watched_sleep;
 
 namespace {
 
-std::wstring loaded(std::wstring const& name) {
-  return core_test::fed_by(
-      [&](Izu_string_adp* adapter) { zu_pj4_load_simple_w(name.c_str(), adapter); });
-}
-
-std::wstring loaded_esri(std::wstring const& name) {
-  return core_test::fed_by(
-      [&](Izu_string_adp* adapter) { zu_pj4_import_esri(name.c_str(), adapter); });
-}
+using core_test::load_esri;
+using core_test::load_simple;
 
 TEST(Definition_file_win32, plain_form_has_any_name) {
   core_test::Ttemp_folder const folder;
@@ -33,40 +53,78 @@ TEST(Definition_file_win32, plain_form_has_any_name) {
     for (wchar_t const* letter : page.foreign) {
       std::wstring const name = folder.wide(letter);
       EXPECT_TRUE(Tzu_add_file::save_pj4_mgs(name, L"+proj=merc +lon_0=1"));
-      EXPECT_TRUE(std::filesystem::exists(name));
-      EXPECT_EQ(loaded(name), L"+proj=merc +lon_0=1");
+      EXPECT_TRUE(std::filesystem::exists(name) && zu::file::exists(name));
+      EXPECT_TRUE(zu::file::open(name, "rb+"));
+      EXPECT_EQ(load_simple(name), L"+proj=merc +lon_0=1");
       EXPECT_EQ(folder.count(), ++count);
       std::filesystem::remove(name);
       std::filesystem::copy_file(folder.file("ini"), name);
-      EXPECT_EQ(loaded(name), L"unfed");
+      EXPECT_EQ(load_simple(name), L"unfed");
     }
   }
 }
 
-TEST(Definition_file_win32, esri_form_waits_for_who_holds_it_for_a_moment) {
+// A program holds the file until that wait, from 1, and lets others read and write it, or not.
+// For the system it is the same whether this program or another one has it. Waits take no time
+// here; these are their milliseconds.
+std::vector<unsigned> waits_for(std::wstring const& name, DWORD access, DWORD sharing,
+                                std::size_t let_go, std::function<void()> const& act) {
+  HANDLE file = CreateFileW(name.c_str(), access, sharing, nullptr, OPEN_EXISTING,
+                            FILE_ATTRIBUTE_NORMAL, nullptr);
+  EXPECT_NE(file, INVALID_HANDLE_VALUE);
+  std::vector<unsigned> waits;
+  core_test::in_sleep() = [&](unsigned milliseconds) {
+    waits.push_back(milliseconds);
+    if (waits.size() == let_go) CloseHandle(std::exchange(file, nullptr));
+  };
+  act();
+  core_test::in_sleep() = nullptr;
+  if (file != nullptr) CloseHandle(file);
+  return waits;
+}
+
+TEST(Definition_file_win32, waits_for_who_holds_it_for_a_moment) {
   core_test::Ttemp_folder const folder;
   std::string const narrow = folder.file("f.prj");
   std::wstring const name = folder.wide(L"f.prj");
   constexpr wchar_t const* before = L"+proj=longlat +datum=WGS84 +no_defs";
   constexpr wchar_t const* after = L"+proj=merc +lon_0=37 +datum=WGS84 +units=m +no_defs";
+  std::vector<unsigned> const none;
   constexpr std::size_t never = 0;
-  for (std::size_t const let_go : {std::size_t{1}, std::size_t{19}, never}) {
-    ASSERT_TRUE(zu_pj4_export_esri_prj(before, name.c_str()));
-    std::string const held = core_test::read_file(narrow);
-    bool const in_time = let_go != never;
-    std::vector<unsigned> const expected(in_time ? let_go : 19, 1);
-    auto const pauses = [&](std::function<void()> const& act) {
-      core_test::Tfile_holder holder(narrow, core_test::Tfile_holder::alone);
-      return core_test::pauses_of(act, [&](std::size_t number) {
-        if (number == let_go) holder.let_go();
-      });
-    };
-    EXPECT_EQ(pauses([&] { EXPECT_EQ(loaded_esri(name), in_time ? before : L"unfed"); }), expected);
-    EXPECT_EQ(pauses([&] { EXPECT_EQ(zu_pj4_export_esri_prj(after, name.c_str()) != 0, in_time); }),
-              expected);
-    EXPECT_EQ(core_test::read_file(narrow) == held, !in_time);
-    EXPECT_EQ(folder.count(), 1U);
+  constexpr DWORD both = GENERIC_READ | GENERIC_WRITE;
+  // Who writes and who reads, and lets others do the same, prevents what that spoils.
+  using way = std::tuple<DWORD, DWORD, bool>;
+  for (auto const& [access, sharing, prevents_reading] :
+       {way(both, 0, true), way(both, FILE_SHARE_READ | FILE_SHARE_WRITE, true),
+        way(GENERIC_READ, FILE_SHARE_READ, false)}) {
+    for (std::size_t const let_go : {std::size_t{1}, std::size_t{19}, never}) {
+      ASSERT_TRUE(zu_pj4_export_esri_prj(before, name.c_str()));
+      std::string const held = core_test::read_file(narrow);
+      bool const in_time = let_go != never;
+      std::vector<unsigned> const expected(in_time ? let_go : 19, 1);
+      auto const waits = [&, access, sharing](std::function<void()> const& act) {
+        return waits_for(name, access, sharing, let_go, act);
+      };
+      bool const is_read = in_time || !prevents_reading;
+      EXPECT_EQ(waits([&] { EXPECT_EQ(load_esri(name), is_read ? before : L"unfed"); }),
+                prevents_reading ? expected : none);
+      EXPECT_EQ(
+          waits([&] { EXPECT_EQ(zu_pj4_export_esri_prj(after, name.c_str()) != 0, in_time); }),
+          expected);
+      EXPECT_EQ(core_test::read_file(narrow) == held, !in_time);
+      EXPECT_EQ(folder.count(), 1U);
+    }
   }
+  // Other errors are final.
+  EXPECT_EQ(
+      waits_for(name, both, 0, never,
+                [&] {
+                  EXPECT_EQ(load_esri(folder.wide(L"missing")), L"unfed");
+                  EXPECT_EQ(load_esri(folder.wide(L"")), L"unfed");
+                  for (wchar_t const* impossible : {L"no/f", L"a<b"})
+                    EXPECT_FALSE(zu_pj4_export_esri_prj(before, folder.wide(impossible).c_str()));
+                }),
+      none);
 }
 
 }  // namespace
