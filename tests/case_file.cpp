@@ -14,8 +14,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path native(std::string const& utf8) { return {std::u8string(utf8.begin(), utf8.end())}; }
-
 std::string replaced(std::string text, std::string const& from, std::string const& to) {
   for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
     text.replace(at, from.size(), to);
@@ -76,18 +74,16 @@ bool fits(std::string const& text, std::string const& wanted) {
         return false;
     return !(numbers >> number) && others.eof();
   }
-  auto const dots = wanted.find("...");
-  if (dots == std::string::npos) return text == wanted;
-  auto at = text.starts_with(wanted.substr(0, dots)) ? dots : std::string::npos;
-  for (auto from = dots; from != std::string::npos && at != std::string::npos;) {
-    auto const next = wanted.find("...", from + 3);
-    std::string const piece = wanted.substr(from + 3, next - from - 3);
-    if (next == std::string::npos) return text.size() >= at + piece.size() && text.ends_with(piece);
-    at = text.find(piece, at);
-    if (at != std::string::npos) at += piece.size();
-    from = next;
+  auto const pieces = pieces_of(wanted, "...");
+  if (pieces.size() == 1) return text == wanted;
+  if (!text.starts_with(pieces.front())) return false;
+  std::size_t at = pieces.front().size();
+  for (std::size_t i = 1; i + 1 < pieces.size(); ++i) {
+    at = text.find(pieces[i], at);
+    if (at == std::string::npos) return false;
+    at += pieces[i].size();
   }
-  return false;
+  return text.size() >= at + pieces.back().size() && text.ends_with(pieces.back());
 }
 
 // Lines of a text that "< ", "> " and other marks begin; "\c" ends the last one
@@ -100,44 +96,27 @@ struct marked_lines {
   std::string text;
 };
 
-operations const& common() {
-  static operations const all{
-      {"put",
-       [](scope& in, words const& a) {
-         std::ofstream(in.path(a.at(0)), std::ios::binary)
-             << (a.size() > 1 ? a[1] : in.with_folder(in.input));
-         return std::string();
-       }},
-      {"cat",
-       [](scope& in, words const& a) {
-         std::ifstream stream(in.path(a.at(0)), std::ios::binary);
-         return std::string(std::istreambuf_iterator<char>(stream), {});
-       }},
-      {"mkdir",
-       [](scope& in, words const& a) {
-         return std::string(fs::create_directories(in.path(a.at(0))) ? "" : "no");
-       }},
-      {"ls",
-       [](scope& in, words const& a) {
-         std::set<std::string> names;
-         for (auto const& entry : fs::directory_iterator(in.path(a.empty() ? "" : a[0]))) {
-           auto const name = entry.path().filename().u8string();
-           names.emplace(name.begin(), name.end());
-         }
-         std::string text;
-         for (auto const& name : names) text += name + "\n";
-         return text;
-       }},
-      {"cd",
-       [](scope& in, words const& a) {
-         fs::current_path(in.path(a.empty() ? "" : a[0]));
-         return std::string();
-       }},
-      {"env", [](scope&, words const& a) {
-         core_test::set_variable(a.at(0).c_str(), a.at(1).c_str());
-         return std::string();
-       }}};
-  return all;
+OPERATION(put) {
+  std::ofstream(in.path(a.at(0)), std::ios::binary)
+      << (a.size() > 1 ? a[1] : in.with_folder(in.input));
+  return "";
+}
+
+OPERATION(cat) {
+  std::ifstream stream(in.path(a.at(0)), std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+OPERATION(mkdir) { return fs::create_directories(in.path(a.at(0))) ? "" : "no"; }
+
+OPERATION(cd) {
+  fs::current_path(in.path(""));
+  return "";
+}
+
+OPERATION(env) {
+  core_test::set_variable(a.at(0).c_str(), a.at(1).c_str());
+  return "";
 }
 
 class Tfile {
@@ -238,12 +217,11 @@ class Tfile {
       arguments.push_back(scope_.with_folder(call_[i]));
     scope_.input = input_.text;
     std::string const where = file_.string() + ":" + std::to_string(started_) + ": " + name;
-    auto const& from = of_program().contains(name) ? of_program() : common();
-    if (!from.contains(name)) {
+    if (!operations().contains(name)) {
       ADD_FAILURE() << where << ": no such operation";
     } else {
       std::string const result =
-          core_test::recorded(scope_.without_folder(from.at(name)(scope_, arguments)));
+          core_test::recorded(scope_.without_folder(operations().at(name)(scope_, arguments)));
       EXPECT_TRUE(fits(result, wanted_.text) || (may_end_ && fits(result, wanted_.text + "\n")))
           << where << ' ' << testing::PrintToString(arguments).substr(0, 2000) << "\n  expected \""
           << wanted_.text.substr(0, 4000) << "\"\n  actual   \"" << result.substr(0, 4000) << '"';
@@ -272,6 +250,11 @@ class Tfile {
 
 }  // namespace
 
+std::map<std::string, operation>& operations() {
+  static std::map<std::string, operation> all;
+  return all;
+}
+
 scope::scope()
     : environment({{"LC_ALL", "C"}, {"DISPLAY", nullptr}, {"WAYLAND_DISPLAY", nullptr}}),
       before(fs::current_path()) {}
@@ -279,7 +262,7 @@ scope::scope()
 scope::~scope() { fs::current_path(before); }
 
 fs::path scope::path(std::string const& utf8) const {
-  return native(folder.file("")) / native(utf8);
+  return fs::path(folder.wide(L"")) / std::u8string(utf8.begin(), utf8.end());
 }
 
 std::string scope::with_folder(std::string text) const {

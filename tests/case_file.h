@@ -35,10 +35,18 @@ struct scope {
 
 // Makes a text of texts. They are UTF-8 unless the operation says otherwise.
 using operation = std::function<std::string(scope&, words const&)>;
-using operations = std::map<std::string, operation>;
 
-// The operations of the program. Every program has "put", "cat", "mkdir", "ls", "cd" and
-// "env", too.
-operations const& of_program();
+// Those of the program, by their names in the files of cases.
+std::map<std::string, operation>& operations();
 
 }  // namespace case_file
+
+// Begins an operation of a name.
+// NOLINTBEGIN(cppcoreguidelines-macro-usage): the name is a word of the files
+#define OPERATION(name)                                              \
+  std::string name(case_file::scope& in, case_file::words const& a); \
+  [[maybe_unused]] bool const name##_is_known =                      \
+      case_file::operations().emplace(#name, &name).second;          \
+  std::string name([[maybe_unused]] case_file::scope& in,            \
+                   [[maybe_unused]] case_file::words const& a)
+// NOLINTEND(cppcoreguidelines-macro-usage)

@@ -8,7 +8,7 @@ namespace {
 
 // What the program writes, its lines of errors behind "! ", and its status behind "? "
 // where it is not 0.
-std::string zu_pj4(case_file::scope& in, case_file::words const& a) {
+OPERATION(zu_pj4) {
   auto const result = core_test::run({ZU_PJ4, a, in.input});
   std::string text = result.out;
   std::istringstream errors(result.err);
@@ -17,7 +17,7 @@ std::string zu_pj4(case_file::scope& in, case_file::words const& a) {
 }
 
 // Status and error of a program that tells one, in one line, and writes nothing.
-std::string zu_pj4_tells(case_file::scope& in, case_file::words const& a) {
+OPERATION(zu_pj4_tells) {
   auto const result = core_test::run({ZU_PJ4, a, in.input.empty() ? "39 0\n" : in.input});
   bool const is_one = result.out.empty() && result.err.size() > 12 &&
                       result.err.find('\n') == result.err.size() - 1;
@@ -26,8 +26,3 @@ std::string zu_pj4_tells(case_file::scope& in, case_file::words const& a) {
 }
 
 }  // namespace
-
-case_file::operations const& case_file::of_program() {
-  static operations const all{{"zu_pj4", &zu_pj4}, {"zu_pj4_tells", &zu_pj4_tells}};
-  return all;
-}

@@ -7,11 +7,8 @@
 #include <stdexcept>
 
 #include "basic/file_system.h"
-#include "basic/ini.h"
 #include "basic/number.h"
-#include "basic/path.h"
 #include "basic/prp_val.h"
-#include "basic/str.h"
 #include "case_file.h"
 #include "catalogue_tables.h"
 #include "fed_by.h"
@@ -24,7 +21,6 @@
 #include "pj_edit/edit_paste.h"
 #include "pj_edit/edit_tips.h"
 #include "pj_edit/point_trial.h"
-#include "proj4/proj4_str_correct.h"
 #include "proj4/short_text.h"
 #include "reproj/reproj_d2.h"
 #include "text/rc.h"
@@ -51,14 +47,14 @@ struct definition : Tzu_proj4_str {
 };
 
 // Reading and writing the result changes nothing.
-std::string normalize(scope& /*in*/, words const& a) {
+OPERATION(normalize) {
   std::string const once = definition(a.at(0)).composed();
   std::string const again = definition(once).composed();
   return again == once ? once : once + " and then " + again;
 }
 
 // For PROJ, and after that in the ordinary form.
-std::string normalize_for_proj(scope& /*in*/, words const& a) {
+OPERATION(normalize_for_proj) {
   definition set(a.at(0));
   set.compose_for_proj4();
   std::string const text = set.get();
@@ -66,7 +62,7 @@ std::string normalize_for_proj(scope& /*in*/, words const& a) {
 }
 
 // Each loss: the piece, why, what is kept, and "!" where points move.
-std::string losses(scope& /*in*/, words const& a) {
+OPERATION(losses) {
   static constexpr std::array reasons{"before", "unknown", "repeated", "unread",   "tail",
                                       "eighth", "changed", "sphere",   "lon_wrap", "count"};
   std::string text;
@@ -80,13 +76,13 @@ std::string losses(scope& /*in*/, words const& a) {
   return text;
 }
 
-std::string kinds(scope& /*in*/, words const& a) {
+OPERATION(kinds) {
   definition const set(a.at(0));
   return std::string(set.is_sphere() ? "sphere " : "") + (set.is_valid() ? "valid " : "") +
          (set.get_is_long_lat() ? "geographic " : "");
 }
 
-std::string compare(scope& /*in*/, words const& a) {
+OPERATION(compare) {
   definition left(a.at(0));
   definition const right(a.at(1));
   left.set_is_lon_wrap(false);
@@ -94,7 +90,7 @@ std::string compare(scope& /*in*/, words const& a) {
   return equal != right.equal(left) ? "one way" : equal ? "equal" : "different";
 }
 
-std::string geographic(scope& /*in*/, words const& a) {
+OPERATION(geographic) {
   definition set(a.at(0));
   set.set_is_long_lat();
   return set.composed();
@@ -106,14 +102,14 @@ void speak(std::string const& language) {
   Tzu_rc::set_lang(language == "en" ? 0 : language == "ru" ? 1 : 2);
 }
 
-std::string interface(scope& /*in*/, words const& a) {
+OPERATION(interface) {
   speak(a.at(0));
   return to_utf8(
       zu::strconv::from_interface(Tzu_rc::get_str(std::stoi(a.at(1)), std::stoi(a.at(2)))));
 }
 
 // With "; " for the ends of the lines.
-std::string describe(scope& /*in*/, words const& a) {
+OPERATION(describe) {
   speak(a.at(0));
   auto text = to_utf8(zu::strconv::from_interface(definition(a.at(1)).get_text()));
   for (std::size_t at = 0; (at = text.find("\r\n", at)) != std::string::npos;)
@@ -127,45 +123,32 @@ std::string fed(std::function<int(Izu_string_adp*)> const& produce) {
   return done == (text != L"unfed") ? to_utf8(text) : "says otherwise than it feeds";
 }
 
-std::string summarize(scope& /*in*/, words const& a) {
+OPERATION(summarize) {
   speak(a.at(0));
   return fed([&](auto* to) { return Tzu_short_text_helper::get_short_text(a.at(1).c_str(), to); });
 }
 
-// All parts, also those that the summary leaves out. Nothing of an earlier definition is
-// left.
-std::string parts(scope& /*in*/, words const& a) {
-  static Tzu_pj4_parts read;
-  speak("en");
-  if (!read.init(a.at(0).c_str())) return read.get_def() == nullptr ? "none" : "a row of before";
-  return read.get_pj4_caption() + read.get_pj4_name() + read.get_pj4_zone();
+std::string converted(std::string const& text, int (*convert)(wchar_t const*, Izu_string_adp*)) {
+  return fed([&](auto* to) { return convert(from_utf8(text).c_str(), to); });
 }
 
-case_file::operation converted_by(int (*convert)(wchar_t const*, Izu_string_adp*)) {
-  return [convert](scope& /*in*/, words const& a) {
-    return fed([&](auto* to) { return convert(from_utf8(a.at(0)).c_str(), to); });
-  };
-}
-
-std::string patch_for_gdal(scope& /*in*/, words const& a) {
-  return Tzu_proj4_str_correct().patch_proj4_for_gdal(a.at(0).c_str());
-}
+OPERATION(to_esri) { return converted(a.at(0), &zu_pj4_export_esri); }
+OPERATION(from_esri) { return converted(a.at(0), &zu_pj4_import_esri_prj); }
+OPERATION(import) { return converted(a.at(0), &zu_pj4_import_crs); }
 
 // The names that ESRI WKT has for seven numbers and an ellipsoid, and the definition that
 // is read from it.
-std::string names_in_esri(scope& /*in*/, words const& a) {
-  auto const wkt = fed([&](auto* to) {
-    auto const definition = "+proj=longlat +towgs84=" + a.at(0) + " " + a.at(1) + " +no_defs";
-    return zu_pj4_export_esri(from_utf8(definition).c_str(), to);
-  });
+OPERATION(names_in_esri) {
+  auto const wkt = converted("+proj=longlat +towgs84=" + a.at(0) + " " + a.at(1) + " +no_defs",
+                             &zu_pj4_export_esri);
   std::string text;
   for (char const* tag : {"GEOGCS", "DATUM", "SPHEROID"})
     text += zu::proj4_conv::extract_wkt_tag(wkt, tag) + " ";
-  return text + fed([&](auto* to) { return zu_pj4_import_esri_prj(from_utf8(wkt).c_str(), to); });
+  return text + converted(wkt, &zu_pj4_import_esri_prj);
 }
 
 // The second text is the file's content.
-std::string load(scope& in, words const& a) {
+OPERATION(load) {
   if (a.size() > 1) core_test::put_file(in.folder.file(a[0]), a[1]);
   std::wstring const name = in.folder.wide(from_utf8(a.at(0)));
   return to_utf8(core_test::fed_by([&](auto* to) {
@@ -195,7 +178,7 @@ catalogue& catalogue_of(scope& in) {
   return *std::any_cast<std::shared_ptr<catalogue>&>(in.state);
 }
 
-std::string table(scope& in, words const& a) {
+OPERATION(table) {
   std::istringstream lines(in.input);
   words rows;
   for (std::string row; std::getline(lines, row);) rows.push_back(row);
@@ -203,26 +186,29 @@ std::string table(scope& in, words const& a) {
   return "";
 }
 
-std::string use_tables(scope& in, words const& a) {
+OPERATION(use_tables) {
   Tzu_pj_dbf::set_catalogue_folder(in.folder.file(a.empty() ? "" : a[0]));
   in.state = std::make_shared<catalogue>();
   Tzu_pj_dbf::set_catalogue_folder("");
-  auto const& lists = catalogue_of(in).editor.lists();
+  auto const& editor = catalogue_of(in).editor;
+  auto const& lists = editor.lists();
   std::ostringstream text;
-  text << lists.usual.get_size() << " usual, " << lists.zonal.get_size() << " zonal, "
-       << lists.datums.get_size() << " datums, " << lists.ellipses.get_size() << " ellipsoids";
+  text << lists.usual.get_size() << " usual, " << lists.datums.get_size() << " datums, "
+       << lists.ellipses.get_size() << " ellipsoids";
+  for (auto const& name : editor.zonal_names()) {
+    text << ", " << name;
+    for (int const zone : editor.zones_of(" " + name)) text << " " << zone;
+  }
   return text.str();
 }
 
-std::string apply(scope& in, words const& a) {
+OPERATION(apply) {
   auto& editor = catalogue_of(in).editor;
   editor.set_proj4_string(a.at(0).c_str());
   return editor.get_proj4_string();
 }
 
-std::string applied(scope& in, words const& /*a*/) {
-  return catalogue_of(in).editor.get_proj4_string();
-}
+OPERATION(applied) { return catalogue_of(in).editor.get_proj4_string(); }
 
 std::string shown(scope& in) {
   auto const& editor = catalogue_of(in).editor;
@@ -235,13 +221,13 @@ std::string shown(scope& in) {
   return text.str();
 }
 
-std::string opened(scope& in, words const& a) {
+OPERATION(open) {
   catalogue_of(in).editor.set_proj4_string(a.at(0).c_str());
   return shown(in);
 }
 
 // A user's choices: "usual 4", "zonal Banded", "zone 8", "number k_0 3", "shift 0 1.5".
-std::string choose(scope& in, words const& a) {
+OPERATION(choose) {
   auto& editor = catalogue_of(in).editor;
   auto const number = [&](std::size_t i) { return std::stod(a.at(i)); };
   auto const id = [&] { return static_cast<std::uint32_t>(std::stoul(a.at(1))); };
@@ -262,7 +248,7 @@ std::string choose(scope& in, words const& a) {
 }
 
 // "undo" or "redo": whether there are more, and the definition then.
-std::string step(scope& in, words const& a) {
+OPERATION(step) {
   auto& [projections, datums, editor, history] = catalogue_of(in);
   editor.set_step(a.at(0) == "undo" ? history.undo() : history.redo());
   return std::string(history.can_undo() ? "<" : "") + (history.can_redo() ? "> " : " ") +
@@ -270,7 +256,7 @@ std::string step(scope& in, words const& a) {
 }
 
 // Chooses so many numbers, and counts how many can be undone.
-std::string many_steps(scope& in, words const& a) {
+OPERATION(many_steps) {
   auto& [projections, datums, editor, history] = catalogue_of(in);
   editor.choose_datum(zu::edit_state::custom_datum);
   history.start(editor.step());
@@ -281,20 +267,20 @@ std::string many_steps(scope& in, words const& a) {
 }
 
 // The note on a paste, or the new definition.
-std::string paste(scope& in, words const& a) {
+OPERATION(paste) {
   auto& editor = catalogue_of(in).editor;
   speak(a.at(0));
   auto const result = zu::paste_definition(editor, from_utf8(a.at(1)));
   return to_utf8(result.note) + (result.taken ? editor.get_proj4_string() : "");
 }
 
-std::string angle(scope& /*in*/, words const& a) {
+OPERATION(angle) {
   auto const value = zu::read_angle(from_utf8(a.at(0)));
   return value ? zu::number::format_double(*value) : "none";
 }
 
 // A definition, a way and a point of it.
-std::string try_point(scope& /*in*/, words const& a) {
+OPERATION(try_point) {
   speak("en");
   zu::Tpoint_trial trial;
   trial.set_definition(a.at(0));
@@ -311,7 +297,7 @@ std::string try_point(scope& /*in*/, words const& a) {
 }
 
 // Of a key, of one of the seven numbers, of the ellipsoid, of a zone.
-std::string tip(scope& in, words const& a) {
+OPERATION(tip) {
   auto& editor = catalogue_of(in).editor;
   speak(a.at(0));
   for (std::size_t i = 0; i < proj_numbers_count; ++i)
@@ -323,7 +309,7 @@ std::string tip(scope& in, words const& a) {
 }
 
 // The note on the catalogue and on a definition, which is opened if it is given.
-std::string note(scope& in, words const& a) {
+OPERATION(note) {
   auto& [projections, datums, editor, history] = catalogue_of(in);
   speak(a.at(0));
   if (a.size() > 1) editor.set_proj4_string(a[1].c_str());
@@ -333,7 +319,7 @@ std::string note(scope& in, words const& a) {
 }
 
 // The note on a file after loading it, or after saving a definition in it.
-std::string file_note(scope& in, words const& a) {
+OPERATION(file_note) {
   speak(a.at(0));
   std::wstring const name = in.folder.wide(from_utf8(a.at(1)));
   auto const kind = zu::kind_of_file(name);
@@ -342,51 +328,40 @@ std::string file_note(scope& in, words const& a) {
                                   L"", catalogue_of(in).editor));
 }
 
-std::string zonal_names(scope& in, words const& /*a*/) {
-  auto const& editor = catalogue_of(in).editor;
-  std::string text;
-  for (auto const& name : editor.zonal_names()) {
-    text += name;
-    for (int const zone : editor.zones_of(" " + name)) text += " " + std::to_string(zone);
-    text += "\n";
-  }
-  return text;
-}
-
-// A value in brackets is there, but is not to be used.
-template <class Param, class Value>
-void add_param(std::ostringstream& text, std::string_view key, Param const& param,
-               Value const& value) {
-  if (!param.get_use_proj4() && !param.get_def_default() && value == Value()) return;
-  text << "; " << key << (param.get_use_proj4() ? "" : ", not of PROJ")
-       << (param.get_show() ? ", shown" : "");
-  if (param.get_def_default()) text << ", is " << value;
-  if (!param.get_def_default() && value != Value()) text << ", (" << value << ")";
-}
-
-// All that a row of the usual or the zonal projections says.
-std::string projection(scope& in, words const& a) {
+// All that a row of the usual or the zonal projections says. A value in brackets is there,
+// but is not to be used.
+OPERATION(projection) {
   auto const& lists = catalogue_of(in).editor.lists();
   auto const& row = (a.at(0) == "usual" ? lists.usual : lists.zonal).get(std::stoul(a.at(1)));
   std::ostringstream text;
   text << row.get_index() << ": " << row.get_caption() << "/" << row.get_add_caption() << "/"
        << row.get_prj4_name();
-  add_param(text, "south", row.get_south(), row.get_south().get_default());
-  add_param(text, "zone", row.get_zone(), row.get_zone().get_default());
-  add_param(text, "zone_name", row.get_zone_name(), row.get_zone_name().get_default());
-  add_param(text, "units", row.get_units(), row.get_units().get_default());
-  add_param(text, "datum", row.get_datum(), row.get_datum().get_default());
-  for (std::size_t i = 0; i < proj_numbers_count; ++i) {
-    auto const number = static_cast<proj_number>(i);
+  auto const add = [&text](std::string_view key, auto const& param) {
+    auto const value = param.get_default();
+    bool const is_given = value != decltype(value)();
+    if (!param.get_use_proj4() && !param.get_def_default() && !is_given) return;
+    text << "; " << key << (param.get_use_proj4() ? "" : ", not of PROJ")
+         << (param.get_show() ? ", shown" : "");
+    if (param.get_def_default())
+      text << ", is " << value;
+    else if (is_given)
+      text << ", (" << value << ")";
+  };
+  add("south", row.get_south());
+  add("zone", row.get_zone());
+  add("zone_name", row.get_zone_name());
+  add("units", row.get_units());
+  add("datum", row.get_datum());
+  for (auto const number : zu::all_proj_numbers) {
     auto const& param = row.get_number(number);
-    add_param(text, proj_number_key(number), param, param.get_default());
+    add(proj_number_key(number), param);
     if (param.get_def_min() || param.get_min() != 0) text << ", from " << param.get_min();
     if (param.get_def_max() || param.get_max() != 0) text << ", to " << param.get_max();
   }
   return text.str();
 }
 
-std::string datums(scope& in, words const& /*a*/) {
+OPERATION(datums) {
   auto const& lists = catalogue_of(in).editor.lists();
   std::ostringstream text;
   for (auto const& row : lists.datums) {
@@ -409,30 +384,17 @@ encodings encoding_of(std::string const& name) {
   throw std::invalid_argument(name);
 }
 
-std::string decode(scope& /*in*/, words const& a) {
-  return to_utf8(zu::strconv::decode(encoding_of(a.at(0)), a.at(1)));
-}
+OPERATION(decode) { return to_utf8(zu::strconv::decode(encoding_of(a.at(0)), a.at(1))); }
 
-std::string encode(scope& /*in*/, words const& a) {
-  return zu::strconv::encode(encoding_of(a.at(0)), from_utf8(a.at(1)));
-}
+OPERATION(encode) { return zu::strconv::encode(encoding_of(a.at(0)), from_utf8(a.at(1))); }
 
 // There and back.
-std::string page(scope& in, words const& a) {
+OPERATION(page) {
   std::string const text = decode(in, a);
   return encode(in, {a.at(0), text}) == a.at(1) ? text : text + ", which is written otherwise";
 }
 
-std::string path_parts(scope& /*in*/, words const& a) {
-  std::wstring const path = from_utf8(a.at(0));
-  std::wstring text;
-  for (auto const part :
-       {zu::path::folder_of(path), zu::path::stem_of(path), zu::path::extension_of(path)})
-    text.append(L"(").append(part).append(L")");
-  return to_utf8(text + zu::path::replace_extension(path, L".prj"));
-}
-
-std::string find_files(scope& in, words const& a) {
+OPERATION(find) {
   auto const found = zu::file_system::find(in.folder.wide(from_utf8(a.at(0))), from_utf8(a.at(1)));
   if (!found) return "no folder";
   std::wstring text;
@@ -440,7 +402,7 @@ std::string find_files(scope& in, words const& a) {
   return to_utf8(text);
 }
 
-std::string property(scope& /*in*/, words const& a) {
+OPERATION(property) {
   auto const parsed = Tzu_prp_val::parse(a.at(0));
   std::ostringstream text;
   text << parsed.get_name() << ": " << parsed.get_as_int(42) << " "
@@ -449,32 +411,9 @@ std::string property(scope& /*in*/, words const& a) {
   return text.str();
 }
 
-std::string ini_value(scope& in, words const& a) {
-  Tzu_ini ini;
-  ini.load_from_file(in.folder.wide(from_utf8(a.at(0))));
-  return ini.get_as_str(a.at(1), a.at(2), "none");
-}
-
-std::string scan_int(scope& /*in*/, words const& a) {
-  auto const value = zu::number::scan_int(a.at(0));
-  return value ? std::to_string(*value) : "none";
-}
-
-std::string split(scope& /*in*/, words const& a) {
-  std::string text;
-  for (auto const piece : zu::str::split(a.at(0), a.at(1))) text.append("(").append(piece) += ")";
-  auto const [name, value] = zu::str::divide_str(a[0], a[1].at(0));
-  return text.append(" ").append(name).append(":").append(value);
-}
-
-std::string known(scope& /*in*/, words const& a) {
+OPERATION(known) {
   auto const& row = zu::known_systems.at(std::stoul(a.at(0)));
   return a.at(1) == "wkt" ? row.wkt : row.proj4;
-}
-
-std::string known_from_esri(scope& /*in*/, words const& a) {
-  auto const* const wkt = zu::known_systems.at(std::stoul(a.at(0))).wkt;
-  return fed([&](auto* to) { return zu_pj4_import_esri_prj(from_utf8(wkt).c_str(), to); });
 }
 
 std::vector<double> numbers_of(std::string const& text) {
@@ -493,7 +432,7 @@ std::string text_of(std::vector<double> const& numbers) {
 }
 
 // A point from one system to another. An empty text is the other one's geographic system.
-std::string transform(scope& /*in*/, words const& a) {
+OPERATION(transform) {
   Tzu_reproj_xy reproj;
   bool const made = a.at(0).empty()   ? reproj.init_from_latlong(a.at(1).c_str())
                     : a.at(1).empty() ? reproj.init_to_latlong(a[0].c_str())
@@ -506,7 +445,7 @@ std::string transform(scope& /*in*/, words const& a) {
 
 // A name, a system, degrees and metres; the last two have to agree to the published
 // digits.
-std::string there_and_back(scope& /*in*/, words const& a) {
+OPERATION(there_and_back) {
   Tzu_reproj_xy reproj;
   if (!reproj.init_from_latlong(a.at(1).c_str())) return "no operation";
   auto const degrees = numbers_of(a.at(2));
@@ -529,13 +468,13 @@ std::vector<zu::listed_system const*> find_systems(std::string const& text, bool
 }
 
 // The id of what comes first.
-std::string search(scope& /*in*/, words const& a) {
+OPERATION(search) {
   auto const rows = find_systems(a.at(0), false);
   return rows.empty() ? "" : rows.front()->id;
 }
 
 // Takes the first row, deprecated ones included, and gives what the dialog tells of it.
-std::string take(scope& in, words const& a) {
+OPERATION(take) {
   speak(a.at(0));
   auto const rows = find_systems(a.at(1), true);
   std::string definition;
@@ -545,7 +484,7 @@ std::string take(scope& in, words const& a) {
   return to_utf8(text);
 }
 
-std::string box(scope& /*in*/, words const& a) {
+OPERATION(box) {
   Tzu_reproj_d2 d2;
   auto const limits = numbers_of(a.at(2));
   Tzu_box_d2 now{limits.at(0), limits.at(1), limits.at(2), limits.at(3)};
@@ -555,57 +494,3 @@ std::string box(scope& /*in*/, words const& a) {
 }
 
 }  // namespace
-
-case_file::operations const& case_file::of_program() {
-  static operations const all{{"search", &search},
-                              {"take", &take},
-                              {"step", &step},
-                              {"many_steps", &many_steps},
-                              {"paste", &paste},
-                              {"tip", &tip},
-                              {"angle", &angle},
-                              {"try_point", &try_point},
-                              {"normalize", &normalize},
-                              {"normalize_for_proj", &normalize_for_proj},
-                              {"losses", &losses},
-                              {"kinds", &kinds},
-                              {"compare", &compare},
-                              {"geographic", &geographic},
-                              {"describe", &describe},
-                              {"summarize", &summarize},
-                              {"parts", &parts},
-                              {"interface", &interface},
-                              {"to_esri", converted_by(&zu_pj4_export_esri)},
-                              {"from_esri", converted_by(&zu_pj4_import_esri_prj)},
-                              {"import", converted_by(&zu_pj4_import_crs)},
-                              {"names_in_esri", &names_in_esri},
-                              {"patch_for_gdal", &patch_for_gdal},
-                              {"load", &load},
-                              {"table", &table},
-                              {"use_tables", &use_tables},
-                              {"apply", &apply},
-                              {"applied", &applied},
-                              {"open", &opened},
-                              {"choose", &choose},
-                              {"note", &note},
-                              {"file_note", &file_note},
-                              {"zonal_names", &zonal_names},
-                              {"projection", &projection},
-                              {"datums", &datums},
-                              {"page", &page},
-                              {"decode", &decode},
-                              {"encode", &encode},
-                              {"path_parts", &path_parts},
-                              {"find", &find_files},
-                              {"property", &property},
-                              {"ini_value", &ini_value},
-                              {"scan_int", &scan_int},
-                              {"split", &split},
-                              {"known", &known},
-                              {"known_from_esri", &known_from_esri},
-                              {"transform", &transform},
-                              {"there_and_back", &there_and_back},
-                              {"box", &box}};
-
-  return all;
-}
