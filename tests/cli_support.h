@@ -3,10 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "case_file.h"
 #include "core_support.h"
 #include "text/strconv.h"
 
@@ -36,8 +38,8 @@ inline std::string shell_letters(core_test::system_page const& page) {
 class Cli : public testing::Test {
  protected:
   // Texts are in the shell's encoding.
-  std::string path(std::string const& name) const { return folder_.file(name); }
-  std::size_t count() const { return folder_.count(); }
+  std::string path(std::string const& name) const { return scope_.folder.file(name); }
+  std::size_t count() const { return scope_.folder.count(); }
 
   core_test::outcome run(std::vector<std::string> arguments, std::string input = "") const {
     return run_program({ZU_PJ4, std::move(arguments), std::move(input)});
@@ -47,26 +49,25 @@ class Cli : public testing::Test {
   core_test::outcome run_program(core_test::command const& command) const {
     core_test::outcome result = core_test::run(command);
     core_test::recorded(std::to_string(result.status));
-    core_test::recorded(letters_of(without_folder(result.out)));
-    core_test::recorded(letters_of(without_folder(result.err)));
+    for (auto const& text : {result.out, result.err}) {
+      std::string const shown = scope_.without_folder(text);
+      core_test::recorded(core_test::is_shell_utf8() ? zu::strconv::from_utf8(shown)
+                                                     : zu::strconv::from_system(shown));
+    }
     return result;
+  }
+  // Copies the program and its catalogue into a new folder, whose name ends with "/".
+  static std::string copied_program(std::string const& folder) {
+    std::filesystem::path const program = ZU_PJ4;
+    std::filesystem::path const copy = core_test::shell_path(folder);
+    std::filesystem::create_directory(copy);
+    std::filesystem::copy(program, copy / program.filename());
+    std::filesystem::copy(program.parent_path() / "prj_def", copy / "prj_def");
+    return folder + program.filename().string();
   }
 
  private:
-  static std::wstring letters_of(std::string const& text) {
-    return core_test::is_shell_utf8() ? zu::strconv::from_utf8(text)
-                                      : zu::strconv::from_system(text);
-  }
-  std::string without_folder(std::string text) const {
-    std::string const name = path("");
-    for (std::size_t at = 0; (at = text.find(name, at)) != std::string::npos;)
-      text.replace(at, name.size(), "<folder>/");
-    return text;
-  }
-
-  core_test::Ttemp_folder const folder_;
-  core_test::Tenvironment const environment_{
-      {"LC_ALL", "C"}, {"DISPLAY", nullptr}, {"WAYLAND_DISPLAY", nullptr}};
+  case_file::scope const scope_;
 };
 
 }  // namespace cli_test

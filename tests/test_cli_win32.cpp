@@ -46,13 +46,8 @@ TEST_F(Cli_win32, RefusesWhatCannotBeSpelled) {
 TEST_F(Cli_win32, TellsThatItCannotReachItsCatalogue) {
   auto const page = core_test::system_pages().at(0);
   if (page.foreign.empty()) GTEST_SKIP() << "there are names of every letter";
-  fs::path const program = ZU_PJ4;
   std::string const folder = path(zu::strconv::to_utf8(page.foreign.back())) + "/";
-  fs::path const copy = core_test::shell_path(folder);
-  fs::create_directory(copy);
-  fs::copy(program, copy / program.filename());
-  fs::copy(program.parent_path() / "prj_def", copy / "prj_def");
-  expect_refusal(run_program({folder + program.filename().string(), {"apply", local_system}, ""}),
+  expect_refusal(run_program({copied_program(folder), {"apply", local_system}, ""}),
                  "no catalogue");
 }
 

@@ -9,7 +9,6 @@
 #include <iostream>
 #include <set>
 
-#include "conversion_survey.h"
 #include "core_support.h"
 #include "epsg_survey.h"
 

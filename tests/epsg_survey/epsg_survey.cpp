@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <map>
+#include <memory>
 #include <set>
 #include <sstream>
 
@@ -15,30 +15,12 @@ using libproj::keys_of;
 using libproj::point;
 using libproj::value_of;
 
-constexpr double millimetre = 1e-3;
-
-struct list_closer {
-  void operator()(PROJ_CRS_INFO** list) const noexcept { proj_crs_info_list_destroy(list); }
-};
-struct parameters_closer {
-  void operator()(PROJ_CRS_LIST_PARAMETERS* it) const noexcept {
-    proj_get_crs_list_parameters_destroy(it);
-  }
-};
-
 // Whether the editor's parameters include a key of the projection.
 bool is_carried(std::string_view key) {
   static std::set<std::string_view> const carried{"proj",  "zone", "lon_0", "lonc",   "lat_0",
                                                   "x_0",   "y_0",  "lat_1", "lat_ts", "lat_2",
                                                   "south", "k_0",  "k",     "alpha"};
   return carried.contains(key);
-}
-
-std::string number(double value) {
-  std::ostringstream text;
-  text.precision(17);
-  text << value;
-  return text.str();
 }
 
 // One system and what became of it.
@@ -55,15 +37,15 @@ class Tcase {
   bool judge() {
     auto const shape = libproj::ellipsoid_of(context_, found_.source);
     if (!shape) return false;
-    on_shape_ = " +a=" + number(shape->a) + " +b=" + number(shape->b);
-    auto const expected = project(source_, [](auto const&) { return true; });
+    auto const expected = libproj::projected(context_, source_, *shape, points_);
     if (std::ranges::none_of(expected, [](auto const& to) { return to.has_value(); })) return false;
     if (found_.written.empty()) {
       found_.result = outcome::unknown;
       found_.causes.push_back(value_of(source_, "proj").value_or(""));
       return true;
     }
-    if (!libproj::ellipsoid_of(context_, found_.written + " +type=crs")) {
+    auto const after = libproj::ellipsoid_of(context_, found_.written + " +type=crs");
+    if (!after) {
       add_unexplained("PROJ does not read the result");
       found_.result = outcome::changed;
       return true;
@@ -71,68 +53,50 @@ class Tcase {
     if (found_.written_again != found_.written)
       add_unexplained("another one the second time: " +
                       libproj::join(keys_of(found_.written_again), libproj::is_geodetic));
-    compare_projection(expected);
+    compare_projection(expected, *shape);
     compare_units();
-    compare_ellipsoid(*shape);
+    compare_ellipsoid(shape, after);
     compare_shift();
     if (!found_.causes.empty()) found_.result = outcome::changed;
     return true;
   }
 
  private:
-  using wanted = std::function<bool(std::string const&)>;
-
-  std::vector<std::optional<point>> project(key_list const& keys, wanted const& also) const {
-    return libproj::project(context_,
-                            libproj::join(keys,
-                                          [&](std::string const& key) {
-                                            return libproj::is_of_projection(key) && also(key);
-                                          }) +
-                                on_shape_,
-                            points_);
-  }
-
   void add_unexplained(std::string const& what) {
     found_.causes.push_back("UNEXPLAINED: " + what);
     found_.unexplained = true;
   }
 
-  static bool is_near(std::optional<double> distance) { return distance && *distance < millimetre; }
-
-  void compare_projection(std::vector<std::optional<point>> const& expected) {
-    auto const now = project(written_, [](auto const&) { return true; });
-    if (is_near(distance(expected, now))) return;
-    if (!is_near(distance(project(source_, is_carried), now)))
+  void compare_projection(std::vector<std::optional<point>> const& expected,
+                          libproj::ellipsoid const& shape) {
+    auto const now = libproj::projected(context_, written_, shape, points_);
+    if (are_near(expected, now)) return;
+    if (!are_near(libproj::projected(context_, source_, shape, points_, is_carried), now))
       return add_unexplained("projection, " + value_of(source_, "proj").value_or(""));
     for (auto const& [key, value] : source_) {
-      std::string const& one = key;
       if (is_carried(key) || !libproj::is_of_projection(key)) continue;
-      auto const without = project(source_, [&one](auto const& other) { return other != one; });
-      if (!is_near(distance(expected, without))) found_.causes.push_back("key dropped: " + key);
+      auto others = source_;
+      std::erase_if(others, [&one = key](auto const& other) { return other.first == one; });
+      if (!are_near(expected, libproj::projected(context_, others, shape, points_)))
+        found_.causes.push_back("key dropped: " + key);
     }
   }
 
   void compare_units() {
-    auto const before = libproj::unit_of(context_, found_.source);
-    auto const after = libproj::unit_of(context_, found_.written + " +type=crs");
-    if (before && after && std::abs(*before / *after - 1) < 1e-11) return;
+    if (libproj::have_same_unit(context_, found_.source, found_.written + " +type=crs")) return;
     if (value_of(source_, "to_meter"))
       found_.causes.emplace_back("key dropped: to_meter");
     else
       add_unexplained("units");
   }
 
-  void compare_ellipsoid(libproj::ellipsoid const& before) {
-    auto const after = libproj::ellipsoid_of(context_, found_.written + " +type=crs");
-    auto const is_like = [&after](auto const& shape) {
-      return after && shape && std::abs(shape->a - after->a) < millimetre / 10 &&
-             std::abs(shape->b - after->b) < millimetre / 10;
-    };
-    if (is_like(std::optional(before))) return;
+  void compare_ellipsoid(std::optional<libproj::ellipsoid> const& before,
+                         std::optional<libproj::ellipsoid> const& after) {
+    if (are_alike(before, after)) return;
     // With this grid PROJ takes the sphere for the ellipsoid of WGS 84.
     auto const without = libproj::join(source_, [](auto const& key) { return key != "nadgrids"; });
     if (value_of(source_, "nadgrids") == "@null" &&
-        is_like(libproj::ellipsoid_of(context_, without)))
+        are_alike(libproj::ellipsoid_of(context_, without), after))
       return;
     add_unexplained("ellipsoid " + libproj::join(source_, libproj::is_geodetic));
   }
@@ -157,7 +121,9 @@ class Tcase {
     bool const silent = !datum && !grid && !value_of(source_, "towgs84");
     // To the dialog no shift and a shift of zeros are the same.
     if (silent && is_zero_shift(written_)) return;
-    if (is_near(distance(shifted(source_), shifted(written_)))) return;
+    if (are_near(libproj::shifted(context_, source_, points_),
+                 libproj::shifted(context_, written_, points_)))
+      return;
     if (silent && value_of(source_, "ellps") == "krass" && value_of(written_, "ellps") == "krass" &&
         value_of(written_, "towgs84") == "23.57,-140.95,-79.8,0,0.35,0.79,-0.22")
       found_.causes.emplace_back("Krasovsky's ellipsoid without a shift gets that of Pulkovo 1942");
@@ -165,22 +131,11 @@ class Tcase {
       add_unexplained("datum shift " + datum.value_or(""));
   }
 
-  std::vector<std::optional<point>> shifted(key_list const& keys) const {
-    return libproj::project(context_,
-                            "+proj=longlat " + libproj::join(keys,
-                                                             [](std::string const& key) {
-                                                               return libproj::is_geodetic(key) &&
-                                                                      key != "nadgrids";
-                                                             }),
-                            points_);
-  }
-
   libproj::Tcontext const& context_;
   verdict& found_;
   std::vector<point> points_;
   key_list source_;
   key_list written_;
-  std::string on_shape_;
 };
 
 }  // namespace
@@ -205,16 +160,17 @@ std::vector<point> points_in(libproj::Tcontext const& context, PJ const* crs) {
 }
 
 std::vector<std::string> codes(libproj::Tcontext const& context, bool with_3d) {
-  std::unique_ptr<PROJ_CRS_LIST_PARAMETERS, parameters_closer> const wanted(
-      proj_get_crs_list_parameters_create());
+  std::unique_ptr<PROJ_CRS_LIST_PARAMETERS, decltype(&proj_get_crs_list_parameters_destroy)> const
+      wanted(proj_get_crs_list_parameters_create(), &proj_get_crs_list_parameters_destroy);
   std::array<PJ_TYPE, 3> const types{PJ_TYPE_PROJECTED_CRS, PJ_TYPE_GEOGRAPHIC_2D_CRS,
                                      PJ_TYPE_GEOGRAPHIC_3D_CRS};
   wanted->types = types.data();
   wanted->typesCount = with_3d ? types.size() : types.size() - 1;
   wanted->allow_deprecated = 1;
   int count = 0;
-  std::unique_ptr<PROJ_CRS_INFO*, list_closer> const list(
-      proj_get_crs_info_list_from_database(context.get(), "EPSG", wanted.get(), &count));
+  std::unique_ptr<PROJ_CRS_INFO*, decltype(&proj_crs_info_list_destroy)> const list(
+      proj_get_crs_info_list_from_database(context.get(), "EPSG", wanted.get(), &count),
+      &proj_crs_info_list_destroy);
   std::vector<std::string> found;
   found.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) found.emplace_back(list.get()[i]->code);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <initializer_list>
 #include <limits>
+#include <sstream>
 
 namespace libproj {
 namespace {
@@ -38,7 +39,7 @@ std::optional<std::string> value_of(key_list const& keys, std::string_view key) 
   return found == keys.end() ? std::nullopt : std::optional(found->second);
 }
 
-std::string join(key_list const& keys, std::function<bool(std::string const&)> const& wanted) {
+std::string join(key_list const& keys, wanted_keys const& wanted) {
   std::string text;
   for (auto const& [key, value] : keys) {
     if (!wanted(key)) continue;
@@ -52,14 +53,9 @@ bool is_geodetic(std::string_view key) {
   return is_one_of(key, {"datum", "towgs84", "nadgrids", "ellps", "a", "b", "rf", "R"});
 }
 
-bool is_unit(std::string_view key) { return is_one_of(key, {"units", "to_meter"}); }
-
-bool is_neutral(std::string_view key) {
-  return is_one_of(key, {"type", "no_defs", "lon_wrap", "wktext"});
-}
-
 bool is_of_projection(std::string_view key) {
-  return !is_geodetic(key) && !is_unit(key) && !is_neutral(key);
+  return !is_geodetic(key) &&
+         !is_one_of(key, {"units", "to_meter", "type", "no_defs", "lon_wrap", "wktext"});
 }
 
 std::vector<std::optional<point>> project(Tcontext const& context, std::string const& operation,
@@ -91,6 +87,11 @@ std::optional<double> distance(std::vector<std::optional<point>> const& left,
   return largest;
 }
 
+bool are_near(std::vector<std::optional<point>> const& left,
+              std::vector<std::optional<point>> const& right) {
+  return distance(left, right).value_or(1) < 1e-3;
+}
+
 std::optional<ellipsoid> ellipsoid_of(Tcontext const& context, std::string const& crs) {
   object const made = context.create(crs);
   object const shape(made ? proj_get_ellipsoid(context.get(), made.get()) : nullptr);
@@ -101,16 +102,46 @@ std::optional<ellipsoid> ellipsoid_of(Tcontext const& context, std::string const
   return result;
 }
 
-std::optional<double> unit_of(Tcontext const& context, std::string const& crs) {
+bool are_alike(std::optional<ellipsoid> const& left, std::optional<ellipsoid> const& right) {
+  return left && right && std::abs(left->a - right->a) < 1e-4 &&
+         std::abs(left->b - right->b) < 1e-4;
+}
+
+namespace {
+
+// Metres (or radians) to the unit of the first axis; 0 where there is none.
+double unit_of(Tcontext const& context, std::string const& crs) {
   object made = context.create(crs);
   if (made && proj_get_type(made.get()) == PJ_TYPE_BOUND_CRS)
     made.reset(proj_get_source_crs(context.get(), made.get()));
   object const system(made ? proj_crs_get_coordinate_system(context.get(), made.get()) : nullptr);
   double factor = 0;
-  if (!system || proj_cs_get_axis_info(context.get(), system.get(), 0, nullptr, nullptr, nullptr,
-                                       &factor, nullptr, nullptr, nullptr) == 0)
-    return std::nullopt;
+  if (system)
+    proj_cs_get_axis_info(context.get(), system.get(), 0, nullptr, nullptr, nullptr, &factor,
+                          nullptr, nullptr, nullptr);
   return factor;
+}
+
+}  // namespace
+
+bool have_same_unit(Tcontext const& context, std::string const& left, std::string const& right) {
+  return std::abs(unit_of(context, left) / unit_of(context, right) - 1) < 1e-11;
+}
+
+std::vector<std::optional<point>> projected(Tcontext const& context, key_list const& keys,
+                                            ellipsoid const& shape,
+                                            std::vector<point> const& degrees,
+                                            wanted_keys const& wanted) {
+  std::ostringstream operation;
+  operation.precision(17);
+  operation << join(keys, wanted) << " +a=" << shape.a << " +b=" << shape.b;
+  return project(context, operation.str(), degrees);
+}
+
+std::vector<std::optional<point>> shifted(Tcontext const& context, key_list const& keys,
+                                          std::vector<point> const& degrees) {
+  auto const is_of_datum = [](auto const& key) { return is_geodetic(key) && key != "nadgrids"; };
+  return project(context, "+proj=longlat " + join(keys, is_of_datum), degrees);
 }
 
 }  // namespace libproj

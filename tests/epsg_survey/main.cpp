@@ -7,7 +7,6 @@
 #include <iostream>
 #include <string_view>
 
-#include "conversion_survey.h"
 #include "epsg_survey.h"
 
 namespace {
