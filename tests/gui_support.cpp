@@ -10,115 +10,40 @@
 #include <wx/statbox.h>
 #include <wx/stopwatch.h>
 #include <wx/textctrl.h>
-#include <wx/timer.h>
 #include <wx/uiaction.h>
 
 #include <algorithm>
-#include <chrono>
-#include <cstdlib>
-#include <exception>
-#include <iostream>
+#include <climits>
+#include <clocale>
 #include <memory>
-#include <mutex>
 #include <stdexcept>
-#include <thread>
 
 #include "float_state.h"
+#include "text/rc.h"
+#include "vcl/look_scope.h"
+#include "vcl/toolkit.h"
 #include "zu_pj_edit/zu_pj_edit.h"
 
 namespace gui {
 namespace {
 
-constexpr std::chrono::seconds patience_of_watch_dog(20);
-constexpr int heartbeat_ms = 100;
-
-std::string in_vain(std::string const& what) { return "waited too long for " + what; }
-
-// Ends the program when nothing has happened for too long. It needs its own thread because
-// the thread of the dialog may be blocked.
-class Twatch_dog {
- public:
-  static Twatch_dog& instance() {
-    static Twatch_dog dog;
-    return dog;
-  }
-  // Returns what the program waited for before. Empty if it waits for nothing.
-  std::string await(std::string what) {
-    std::lock_guard const lock(state_->mutex);
-    state_->since = clock::now();
-    return std::exchange(state_->what, std::move(what));
-  }
-
- private:
-  using clock = std::chrono::steady_clock;
-  struct Tstate {
-    std::mutex mutex;
-    std::string what;
-    clock::time_point since;
-  };
-
-  // The thread ends with the program. Nobody may wait for it then.
-  Twatch_dog() {
-    std::thread([state = state_] { watch(*state); }).detach();
-  }
-  static void watch(Tstate& state) {
-    for (;; std::this_thread::sleep_for(std::chrono::seconds(1))) {
-      std::lock_guard const lock(state.mutex);
-      if (state.what.empty() || clock::now() - state.since < patience_of_watch_dog) continue;
-      std::cerr << "error: the program " << in_vain(state.what) << ", and its thread is blocked\n";
-      std::_Exit(EXIT_FAILURE);
-    }
-  }
-
-  std::shared_ptr<Tstate> state_ = std::make_shared<Tstate>();
-};
-
-// Names what the program waits for in a scope.
-class Tawaited {
- public:
-  explicit Tawaited(std::string what) : before_(Twatch_dog::instance().await(std::move(what))) {}
-  ~Tawaited() { Twatch_dog::instance().await(std::move(before_)); }
-  Tawaited(Tawaited const&) = delete;
-  Tawaited& operator=(Tawaited const&) = delete;
-
- private:
-  std::string before_;
-};
-
 void pump() {
   if (auto* const loop = wxEventLoopBase::GetActive()) loop->YieldFor(wxEVT_CATEGORY_ALL);
 }
 
-// Sets floating-point traps as Pascal hosts have them. A call of the library must not
-// change them, also when it throws.
-class Ttrapping_host {
- public:
-  Ttrapping_host() { core_test::trapping.set(); }
-  ~Ttrapping_host() {
-    auto const left = core_test::Tfloat_state::get();
-    core_test::Tfloat_state().set();
-    EXPECT_EQ(left, core_test::trapping);
-  }
-  Ttrapping_host(Ttrapping_host const&) = delete;
-  Ttrapping_host& operator=(Ttrapping_host const&) = delete;
-};
-
-class Tevent_watch : public wxEventFilter {
- public:
-  explicit Tevent_watch(wxEventType type) : type_(type) { wxEvtHandler::AddFilter(this); }
+struct Tevent_watch : wxEventFilter {
+  explicit Tevent_watch(wxEventType awaited) : type(awaited) { wxEvtHandler::AddFilter(this); }
   ~Tevent_watch() override { wxEvtHandler::RemoveFilter(this); }
   Tevent_watch(Tevent_watch const&) = delete;
   Tevent_watch& operator=(Tevent_watch const&) = delete;
 
   int FilterEvent(wxEvent& event) override {
-    if (event.GetEventType() == type_) seen_ = true;
+    if (event.GetEventType() == type) is_seen = true;
     return Event_Skip;
   }
-  bool is_seen() const { return seen_; }
 
- private:
-  wxEventType type_;
-  bool seen_ = false;
+  wxEventType type;
+  bool is_seen = false;
 };
 
 // The display server delivers input later. The last event shows that the program has
@@ -126,7 +51,7 @@ class Tevent_watch : public wxEventFilter {
 void send(std::string const& name, wxEventType last, std::function<void()> const& input) {
   Tevent_watch const watch(last);
   input();
-  wait_for(name, [&] { return watch.is_seen() || find_open_form() == nullptr; });
+  wait_for(name, [&] { return watch.is_seen || find_open<Tzu_vcl_form>() == nullptr; });
   pump();
 }
 
@@ -137,15 +62,13 @@ void point_at(wxWindow& control) {
 }
 
 bool has_scrolled(wxWindow const& window) {
-  auto const& children = window.GetChildren();
   return dynamic_cast<wxScrolledWindow const*>(&window) != nullptr ||
-         std::any_of(children.begin(), children.end(),
-                     [](wxWindow const* child) { return has_scrolled(*child); });
+         std::ranges::any_of(window.GetChildren(),
+                             [](wxWindow const* child) { return has_scrolled(*child); });
 }
 
 bool overlaps_another(wxWindow const& control) {
-  auto const& siblings = control.GetParent()->GetChildren();
-  return std::any_of(siblings.begin(), siblings.end(), [&](wxWindow const* other) {
+  return std::ranges::any_of(control.GetParent()->GetChildren(), [&](wxWindow const* other) {
     return other != &control && other->IsShown() && !other->IsTopLevel() &&
            other->GetRect().Intersects(control.GetRect());
   });
@@ -154,64 +77,30 @@ bool overlaps_another(wxWindow const& control) {
 }  // namespace
 
 void wait_for(std::string const& what, std::function<bool()> const& condition) {
-  Tawaited const awaited(what);
   for (wxStopWatch const watch; watch.Time() < patience_ms; wxMilliSleep(1)) {
     pump();
     if (condition()) return;
   }
-  give_up(what);
-}
-
-void give_up(std::string const& what) { throw std::runtime_error(in_vain(what)); }
-
-Tzu_vcl_form* find_open_form() {
-  for (wxWindow* const window : wxTopLevelWindows) {
-    auto* const form = dynamic_cast<Tzu_vcl_form*>(window);
-    if (form != nullptr && form->is_open()) return form;
-  }
-  return nullptr;
-}
-
-void run_in_form(std::function<void()> const& open,
-                 std::function<void(Tzu_vcl_form&)> const& script) {
-  std::exception_ptr failure;
-  wxTimer start;
-  start.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
-    Tzu_vcl_form* form = nullptr;
-    try {
-      // An exception may have closed the form already.
-      wait_for("the form and its keyboard", [&] {
-        form = find_open_form();
-        return form == nullptr || platform::has_keyboard(*form);
-      });
-      if (form != nullptr) script(*form);
-    } catch (...) {
-      failure = std::current_exception();
-    }
-    if (form != nullptr) form->close_form();
-  });
-  // Under Wine the toolkit may see a message, not get it, and then wait for the next one.
-  wxTimer heartbeat;
-  platform::prepare_display();
-  heartbeat.Start(heartbeat_ms);
-  start.StartOnce(0);
-  {
-    Tawaited const end("the end of the dialog");
-    open();
-  }
-  if (failure) std::rethrow_exception(failure);
+  throw std::runtime_error("waited too long for " + what);
 }
 
 outcome open_dialog(char const* definition, std::function<void(Tform&)> const& script,
                     void* owner) {
   unsigned char changed = 7;
   char const* given = nullptr;
-  run_in_form(
-      [&] {
-        Ttrapping_host const host;
-        given = zu_proj4_form_execute(owner, definition, &changed);
-      },
-      [&](Tzu_vcl_form& form) { script(dynamic_cast<Tform&>(form)); });
+  platform::prepare_display();
+  auto const call = [&] {
+    // Floating-point traps as Pascal hosts have them. A call of the library must not change
+    // them, also when it throws.
+    core_test::trapping.set();
+    std::shared_ptr<void> const at_end(nullptr, [](void*) {
+      auto const left = core_test::Tfloat_state::get();
+      core_test::Tfloat_state().set();
+      EXPECT_EQ(left, core_test::trapping);
+    });
+    given = zu_proj4_form_execute(owner, definition, &changed);
+  };
+  run_in<Tform>(call, script);
   return {given, given, changed};
 }
 
@@ -236,9 +125,8 @@ void cancel(Tform& form) { press_button(form, Tbar::cancel); }
 
 void focus(wxWindow& control) {
   control.SetFocus();
-  wxString const what = wxString::Format("the focus of %s \"%s\"",
-                                         control.GetClassInfo()->GetClassName(), control.GetName());
-  wait_for(what.ToStdString(), [&] { return platform::has_focus(control); });
+  wait_for("the focus of " + control.GetName().ToStdString(),
+           [&] { return platform::has_focus(control); });
 }
 
 void press(int key, int modifiers) {
@@ -273,38 +161,28 @@ void pick(Tzu_vcl_selbox& list, std::wstring const& caption) {
   pump();
 }
 
-std::vector<std::wstring> find_clipped(wxWindow& root, int* slack) {
-  std::vector<std::wstring> clipped;
+int spare_pixels(wxWindow& root) {
+  int spare = INT_MAX;
+  // The content of a window that scrolls may have any size.
+  auto* const box = dynamic_cast<wxScrolledWindow*>(&root);
+  wxRect const room(box == nullptr ? wxPoint() : box->CalcScrolledPosition(wxPoint()),
+                    box == nullptr ? root.GetClientSize() : root.GetVirtualSize());
   for (wxWindow* const child : root.GetChildren()) {
     if (!child->IsShown() || child->IsTopLevel()) continue;
-    wxSize const size = child->GetSize();
+    bool const is_inside =
+        dynamic_cast<wxStaticBox*>(&root) != nullptr || room.Contains(child->GetRect());
+    if (!is_inside || overlaps_another(*child)) return -1;
     child->InvalidateBestSize();
     // A window that scrolls needs less room, and so does its parent.
-    bool const is_elastic = has_scrolled(*child);
-    wxSize const best = is_elastic ? wxSize() : child->GetBestSize();
-    // The content of a window that scrolls may have any size.
-    auto* const box = dynamic_cast<wxScrolledWindow*>(&root);
-    wxRect const room(box == nullptr ? wxPoint() : box->CalcScrolledPosition(wxPoint()),
-                      box == nullptr ? root.GetClientSize() : root.GetVirtualSize());
-    bool const is_cut =
-        dynamic_cast<wxStaticBox*>(&root) == nullptr && !room.Contains(child->GetRect());
-    if (slack != nullptr) *slack = std::min({*slack, size.x - best.x, size.y - best.y});
-    if (size.x < best.x || size.y < best.y || is_cut || overlaps_another(*child)) {
-      clipped.push_back(wxString::Format(L"%s '%s' %dx%d of %dx%d",
-                                         child->GetClassInfo()->GetClassName(), child->GetLabel(),
-                                         size.x, size.y, best.x, best.y)
-                            .ToStdWstring());
-    }
-    auto const inner = find_clipped(*child, slack);
-    clipped.insert(clipped.end(), inner.begin(), inner.end());
+    wxSize const left = child->GetSize() - (has_scrolled(*child) ? wxSize() : child->GetBestSize());
+    spare = std::min({spare, left.x, left.y, spare_pixels(*child)});
   }
-  return clipped;
+  return spare;
 }
 
 Tanswers::~Tanswers() {
   Unregister();
-  EXPECT_TRUE(expected_.empty()) << in_vain(std::to_string(expected_.size()))
-                                 << " message boxes or file dialogs";
+  EXPECT_TRUE(expected_.empty()) << "message boxes or file dialogs did not come";
 }
 
 int Tanswers::Enter(wxDialog* dialog) {
@@ -335,3 +213,18 @@ int Tanswers::Enter(wxDialog* dialog) {
 }
 
 }  // namespace gui
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  zu::vcl::Tzu_look_scope const look;
+  zu::vcl::start();
+  EXPECT_STREQ("C", std::setlocale(LC_ALL, nullptr)) << "the host's locale was changed";
+  Tzu_rc::get_auto_lang();
+  Tzu_rc::set_lang(0);
+  wxSetAssertHandler([](wxString const& file, int line, wxString const&, wxString const& condition,
+                        wxString const& message) {
+    ADD_FAILURE() << file.utf8_str() << ":" << line << ": " << condition.utf8_str() << " "
+                  << message.utf8_str();
+  });
+  return RUN_ALL_TESTS();
+}

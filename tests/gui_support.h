@@ -2,9 +2,11 @@
 #pragma once
 
 #include <wx/modalhook.h>
+#include <wx/timer.h>
 #include <wx/window.h>
 
 #include <deque>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <string>
@@ -16,21 +18,20 @@
 
 namespace gui {
 
-// Handles events until `condition` holds. After 10 seconds it throws, and the message
-// contains `what`. The program ends with the same message when an event handler keeps
-// this function from returning.
-void wait_for(std::string const& what, std::function<bool()> const& condition);
 inline constexpr int patience_ms = 10'000;
-// Throws what wait_for throws.
-[[noreturn]] void give_up(std::string const& what);
+// Handles events until `condition` holds. After that time it throws, and the message contains
+// `what`.
+void wait_for(std::string const& what, std::function<bool()> const& condition);
 
-// The form that is open; null if there is none.
-Tzu_vcl_form* find_open_form();
-
-// Calls `open`, runs `script` when the form is on the screen and has the keyboard, and
-// closes the form. Throws what the script throws.
-void run_in_form(std::function<void()> const& open,
-                 std::function<void(Tzu_vcl_form&)> const& script);
+// The modal window of this class that is open; null if there is none.
+template <class Window>
+Window* find_open() {
+  for (wxWindow* const each : wxTopLevelWindows) {
+    auto* const window = dynamic_cast<Window*>(each);
+    if (window != nullptr && window->IsModal() && window->IsShown()) return window;
+  }
+  return nullptr;
+}
 
 using Tbar = Tzu_vcl_bottom_buttons;
 using Tform = Tzu_vcl_pj_edit_form;
@@ -70,9 +71,9 @@ void turn_wheel(wxWindow& control);
 // Chooses an item of a list.
 void pick(Tzu_vcl_selbox& list, std::wstring const& caption);
 
-// The visible controls that are too small, that are outside their parent, or that overlap
-// another one. `slack` gets the smallest number of spare pixels.
-std::vector<std::wstring> find_clipped(wxWindow& root, int* slack = nullptr);
+// The smallest number of spare pixels of the visible controls. Negative if one is too small, is
+// outside its parent, or overlaps another one.
+int spare_pixels(wxWindow& root);
 
 // Answers message boxes and file dialogs instead of the user, in the expected order.
 // An unexpected one and a missing one fail the test.
@@ -124,8 +125,6 @@ wxPoint offset_of(Tzu_vcl_form const& form, Tforeign_window const& owner);
 bool has_focus(Tforeign_window const& owner);
 // The form's owner as the window system knows it; null if there is none.
 void* get_owner(Tzu_vcl_form const& form);
-// Whether a form stays open when its owner is destroyed.
-bool is_form_to_outlive_owner();
 
 // The parts that differ by platform.
 namespace platform {
@@ -143,4 +142,33 @@ void pick(Tzu_vcl_selbox& list, int position);
 void drop_file(wxWindow& window, std::wstring const& name);
 
 }  // namespace platform
+
+// Calls `open`, runs `script` when the window of this class is on the screen and has the
+// keyboard, and closes the window. Throws what the script throws.
+template <class Window>
+void run_in(std::function<void()> const& open, std::function<void(Window&)> const& script) {
+  constexpr int look_again_ms = 20;
+  bool is_done = false;
+  std::exception_ptr failure;
+  // The window's own loop runs inside `open`, so only a timer can start the script. It runs on:
+  // under Wine the toolkit may see a message, not get it, and then wait for the next one.
+  wxTimer look;
+  look.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
+    auto* const window = is_done ? nullptr : find_open<Window>();
+    if (window == nullptr) return;
+    is_done = true;
+    try {
+      wait_for("the window's keyboard", [&] { return platform::has_keyboard(*window); });
+      script(*window);
+    } catch (...) {
+      failure = std::current_exception();
+    }
+    if (auto* const left = find_open<Window>()) left->Close();
+  });
+  look.Start(look_again_ms);
+  open();
+  wait_for("the window's script", [&] { return is_done; });
+  if (failure) std::rethrow_exception(failure);
+}
+
 }  // namespace gui

@@ -36,6 +36,13 @@ bool is_managed() {
   return !is_x11() || gdk_x11_screen_get_window_manager_name(gdk_screen_get_default()) != none;
 }
 
+Window focused_window() {
+  Window focused = None;
+  int revert = 0;
+  XGetInputFocus(gdk_x11_get_default_xdisplay(), &focused, &revert);
+  return focused;
+}
+
 void* handle_of(Window window) {
   return reinterpret_cast<void*>(static_cast<std::uintptr_t>(window));
 }
@@ -58,12 +65,9 @@ bool has_keyboard(wxTopLevelWindow& form) {
   if (!is_x11()) return gtk_widget_get_mapped(widget) != 0;
   server_window const window(widget);
   if (!window.is_there || window.attributes.map_state != IsViewable) return false;
-  Window focused = None;
-  int revert = 0;
-  XGetInputFocus(window.display, &focused, &revert);
-  if (focused == window.id) return gtk_window_is_active(GTK_WINDOW(widget)) != 0;
   // A window manager may give the focus to a hidden child.
-  if (is_managed()) return gtk_window_is_active(GTK_WINDOW(widget)) != 0;
+  if (is_managed() || focused_window() == window.id)
+    return gtk_window_is_active(GTK_WINDOW(widget)) != 0;
   XSetInputFocus(window.display, window.id, RevertToNone, CurrentTime);
   return false;
 }
@@ -141,17 +145,14 @@ namespace {
 // The outermost parent. A window manager has its frame there.
 wxRect find_frame(Display* display, Window window) {
   Window root = None;
-  Window parent = window;
-  for (Window next = window; next != None;) {
-    parent = next;
-    Window* children = nullptr;
-    unsigned count = 0;
-    if (XQueryTree(display, parent, &root, &next, &children, &count) == 0) return {};
-    if (children != nullptr) XFree(children);
-    if (next == root) break;
-  }
+  Window parent = None;
+  Window* children = nullptr;
+  unsigned count = 0;
+  if (XQueryTree(display, window, &root, &parent, &children, &count) == 0) return {};
+  if (children != nullptr) XFree(children);
+  if (parent != root) return find_frame(display, parent);
   XWindowAttributes attributes{};
-  XGetWindowAttributes(display, parent, &attributes);
+  XGetWindowAttributes(display, window, &attributes);
   return {attributes.x, attributes.y, attributes.width, attributes.height};
 }
 
@@ -169,11 +170,7 @@ wxPoint offset_of(Tzu_vcl_form const& form, Tforeign_window const& owner) {
 }
 
 bool has_focus(Tforeign_window const& owner) {
-  if (!is_x11() || !is_managed()) return true;
-  Window focused = None;
-  int revert = 0;
-  XGetInputFocus(gdk_x11_get_default_xdisplay(), &focused, &revert);
-  return handle_of(focused) == owner.get_handle();
+  return !is_x11() || !is_managed() || handle_of(focused_window()) == owner.get_handle();
 }
 
 void* get_owner(Tzu_vcl_form const& form) {
@@ -182,7 +179,5 @@ void* get_owner(Tzu_vcl_form const& form) {
   XGetTransientForHint(window.display, window.id, &owner);
   return handle_of(owner);
 }
-
-bool is_form_to_outlive_owner() { return true; }
 
 }  // namespace gui

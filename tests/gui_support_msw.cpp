@@ -8,14 +8,6 @@
 #include <gtest/gtest.h>
 
 namespace gui {
-namespace {
-
-bool is_dropped_down(Tzu_vcl_selbox const& list) {
-  return SendMessageW(list.GetHandle(), CB_GETDROPPEDSTATE, 0, 0) != 0;
-}
-
-}  // namespace
-
 namespace platform {
 
 void prepare_display() {}
@@ -48,9 +40,12 @@ void turn_wheel() {
 
 // Opens the list, moves to the entry and takes it, all by keys.
 void pick(Tzu_vcl_selbox& list, int position) {
+  auto const is_open = [&] {
+    return SendMessageW(list.GetHandle(), CB_GETDROPPEDSTATE, 0, 0) != 0;
+  };
   focus(list);
   press(WXK_F4);
-  wait_for("the open list", [&] { return is_dropped_down(list); });
+  wait_for("the open list", is_open);
   auto const is_marked = [&] {
     return SendMessageW(list.GetHandle(), CB_GETCURSEL, 0, 0) == position;
   };
@@ -61,7 +56,7 @@ void pick(Tzu_vcl_selbox& list, int position) {
   }
   wait_for("the marked entry", is_marked);
   press(WXK_RETURN);
-  wait_for("the end of the list", [&] { return !is_dropped_down(list); });
+  wait_for("the end of the list", [&] { return !is_open(); });
 }
 
 void drop_file(wxWindow& window, std::wstring const& name) {
@@ -107,7 +102,5 @@ wxPoint offset_of(Tzu_vcl_form const& form, Tforeign_window const& owner) {
 bool has_focus(Tforeign_window const& owner) { return GetForegroundWindow() == owner.get_handle(); }
 
 void* get_owner(Tzu_vcl_form const& form) { return GetWindow(form.GetHandle(), GW_OWNER); }
-
-bool is_form_to_outlive_owner() { return false; }
 
 }  // namespace gui

@@ -12,46 +12,39 @@
 #include "failing_allocator.h"
 #include "gui_support.h"
 #include "vcl/application.h"
-#include "vcl/toolkit.h"
 #include "zu_pj_edit/zu_pj_edit.h"
 
 namespace {
 
 using failing_allocator::lack;
 
-struct denial {
-  bool of_apply = false;  // otherwise while the form opens
-  std::size_t nth = 0;    // 0 denies nothing
-  lack how_long = lack::once;
-
-  void begin(bool is_apply) const {
-    if (is_apply == of_apply && nth > 0)
-      failing_allocator::arm(nth, how_long, failing_allocator::own);
-  }
-};
-
-// Presses Apply when the form is open. Returns the result and whether memory was denied.
-std::pair<std::string, bool> apply_dialog(denial const& denied = {}) {
+// Presses Apply when the form is open. The given allocation fails of those that open the form,
+// or of those of Apply. Returns the result and whether memory was denied.
+std::pair<std::string, bool> apply_dialog(std::size_t of_opening = 0, std::size_t of_apply = 0,
+                                          lack how_long = lack::once) {
   bool is_denied = false;
+  auto const deny = [how_long](std::size_t nth) {
+    if (nth > 0) failing_allocator::arm(nth, how_long, failing_allocator::own);
+  };
   auto const disarm = [&] { is_denied = failing_allocator::disarm() || is_denied; };
   wxTimer user;
   user.Bind(wxEVT_TIMER, [&](wxTimerEvent& /*event*/) {
     disarm();
-    auto* const form = dynamic_cast<gui::Tform*>(gui::find_open_form());
+    auto* const form = gui::find_open<gui::Tform>();
     if (form == nullptr) {
       user.StartOnce(1);
       return;
     }
     wxWindow& button = *form->get_buttons()->get_button(gui::Tbar::apply);
     wxCommandEvent press(wxEVT_BUTTON, button.GetId());
-    denied.begin(true);
+    deny(of_apply);
     button.ProcessWindowEvent(press);
   });
   user.StartOnce(1);
   unsigned char changed = 7;
   std::string text = "no memory";
   try {
-    denied.begin(false);
+    deny(of_opening);
     char const* const given = zu_proj4_form_execute(nullptr, gui::moscow_tm, &changed);
     disarm();
     text = changed == 1 ? given : "not changed";
@@ -75,7 +68,7 @@ TEST(OutOfMemory, the_dialog_passes_it_on_and_opens_again) {
       for (std::size_t n = 1; is_denied && !HasFailure(); n += step) {
         SCOPED_TRACE(testing::Message() << "denied " << n << (of_apply ? ", Apply" : ""));
         std::string text;
-        std::tie(text, is_denied) = apply_dialog({of_apply, n, how_long});
+        std::tie(text, is_denied) = apply_dialog(of_apply ? 0 : n, of_apply ? n : 0, how_long);
         EXPECT_TRUE(text == gui::moscow_tm || (is_denied && text == "no memory")) << text;
         EXPECT_EQ(application.get_handle(), &host);
         EXPECT_EQ(apply_dialog().first, gui::moscow_tm);
@@ -85,9 +78,3 @@ TEST(OutOfMemory, the_dialog_passes_it_on_and_opens_again) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-  testing::InitGoogleTest(&argc, argv);
-  zu::vcl::start();
-  return RUN_ALL_TESTS();
-}

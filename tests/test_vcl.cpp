@@ -1,41 +1,32 @@
 // The widgets, in the dialog and apart from what it means.
 
 #include <gtest/gtest.h>
-#include <wx/app.h>
+#include <wx/platinfo.h>
 
-#include <clocale>
-#include <cmath>
+#include <array>
+#include <cstdlib>
 #include <stdexcept>
 #include <tuple>
 
 #include "core_support.h"
 #include "gui_support.h"
-#include "text/rc.h"
 #include "vcl/event_guard.h"
-#include "vcl/look_scope.h"
-#include "vcl/toolkit.h"
 
 namespace {
 
 using namespace gui;  // NOLINT(google-build-using-namespace): what a user does
 using messages = std::vector<std::wstring>;
 
-std::string locale_after_start;
-
-TEST(vcl, host_locale_survives) { EXPECT_EQ("C", locale_after_start); }
-
 TEST(vcl, edit_reads_whole_numbers_only) {
-  constexpr double refused = std::numeric_limits<double>::quiet_NaN();
-  for (auto const& [text, number] : std::initializer_list<std::pair<char const*, double>>{
-           {"0", 0},         {" -1.5\t", -1.5}, {".5", .5},         {"5.", 5},
-           {"1e5", 1e5},     {"+2.5E-1", .25},  {"", refused},      {" ", refused},
-           {"-", refused},   {".", refused},    {"--1", refused},   {"1.2.3", refused},
-           {"1e", refused},  {"0,5", refused},  {"0x1F", refused},  {"inf", refused},
-           {"nan", refused}, {"1 2", refused},  {"1e999", refused}, {"\xD9\xA1", refused}}) {
-    double result = 77;
-    bool const read = Tzu_vcl_dbl_edit::str2dbl(text, &result);
-    EXPECT_EQ(!std::isnan(number), read) << text;
-    EXPECT_EQ(read ? number : 77, result) << text;
+  double number = 77;
+  for (char const* const text : {"", " ", "-", ".", "--1", "1.2.3", "1e", "0,5", "0x1F", "inf",
+                                 "nan", "1 2", "1e999", "\xD9\xA1"}) {
+    EXPECT_FALSE(Tzu_vcl_dbl_edit::str2dbl(text, &number)) << text;
+    EXPECT_EQ(77, number) << text;
+  }
+  for (char const* const text : {"0", " -1.5\t", ".5", "5.", "1e5", "+2.5E-1"}) {
+    EXPECT_TRUE(Tzu_vcl_dbl_edit::str2dbl(text, &number)) << text;
+    EXPECT_EQ(std::strtod(text, nullptr), number) << text;
   }
 }
 
@@ -72,33 +63,45 @@ TEST(vcl, refused_numbers_stay_with_a_message_and_the_focus) {
   Tanswers answers;
   core_test::Tenvironment const user({{"LC_ALL", "de_DE.UTF-8"}});
   outcome const result = open_dialog(moscow_tm, [&](Tform& form) {
+    // A refused value that the user has not touched must not ask for the focus, too.
+    number(form, proj_number::lat_0).set_min(60);
+    answers.expect_message();
+    type_over(number(form, proj_number::lon_0), "-");
+    press(WXK_TAB);
+    EXPECT_EQ(messages{L"Central Meridian: Wrong number: -"}, answers.take_messages());
+    EXPECT_EQ(&number(form, proj_number::lon_0), wxWindow::FindFocus());
+    number(form, proj_number::lon_0).set_value(37.5);
+    number(form, proj_number::lat_0).set_min(-90);
     number(form, proj_number::lat_0).set_max(89.5);
     for (auto const& [which, typed, message] :
          std::initializer_list<std::tuple<proj_number, char const*, wchar_t const*>>{
              {proj_number::x_0, "--1", L"False Easting: Wrong number: --1"},
              {proj_number::lat_0, "91", L"Latitude of Origin: Number must be less than: 89,5"},
              {proj_number::lat_0, "-90.5", L"Latitude of Origin: Number must be greater than: -90"},
-             {proj_number::k_0, "0", L"Scale Factor: Number must be greater than: 1e-06"},
-             // Accepted, without a message.
-             {proj_number::x_0, "-0.5", L""},
-             {proj_number::k_0, "0.9996", L""},
-             {proj_number::lat_0, "-90", L""},
-             {proj_number::lat_0, "89.5", L""}}) {
+             {proj_number::k_0, "0", L"Scale Factor: Number must be greater than: 1e-06"}}) {
       Tzu_vcl_dbl_edit& edit = number(form, which);
       edit.set_value(2);
-      bool const is_accepted = *message == 0;
       for (bool const by_button : {false, true}) {
-        if (by_button && is_accepted) break;
-        if (!is_accepted) answers.expect_message();
+        answers.expect_message();
         type_over(edit, typed);
         by_button ? apply(form) : press(WXK_TAB);
         EXPECT_TRUE(form.is_open()) << typed;
-        EXPECT_EQ(is_accepted ? messages() : messages{message}, answers.take_messages());
-        EXPECT_EQ(!is_accepted, &edit == wxWindow::FindFocus()) << typed;
+        EXPECT_EQ(messages{message}, answers.take_messages());
+        EXPECT_EQ(&edit, wxWindow::FindFocus()) << typed;
         EXPECT_EQ(wxString(typed).ToStdWstring(), edit.get_text());
-        EXPECT_EQ(is_accepted ? wxAtof(typed) : 2, edit.get_value()) << typed;
+        EXPECT_EQ(2, edit.get_value()) << typed;
       }
-      if (!is_accepted) edit.set_value(2);
+      edit.set_value(2);
+    }
+    for (auto const& [which, typed] :
+         std::initializer_list<std::pair<proj_number, char const*>>{{proj_number::x_0, "-0.5"},
+                                                                    {proj_number::k_0, "0.9996"},
+                                                                    {proj_number::lat_0, "-90"},
+                                                                    {proj_number::lat_0, "89.5"}}) {
+      type_over(number(form, which), typed);
+      press(WXK_TAB);
+      EXPECT_NE(&number(form, which), wxWindow::FindFocus()) << typed;
+      EXPECT_EQ(std::atof(typed), number(form, which).get_value());
     }
     answers.expect_message();
     shift(form, 0).set_text(L"");
@@ -110,19 +113,6 @@ TEST(vcl, refused_numbers_stay_with_a_message_and_the_focus) {
   EXPECT_EQ(result.text,
             "+proj=tmerc +lon_0=37.5 +lat_0=89.5 +x_0=-0.5 +y_0=14 +k_0=0.9996 "
             "+towgs84=1,2,3,0,0,0,0 +ellps=krass +units=m +lon_wrap=45 +no_defs");
-}
-
-// A refused value that the user has not touched must not ask for the focus, too.
-TEST(vcl, two_refused_edits_do_not_fight_for_the_focus) {
-  Tanswers answers;
-  open_dialog(moscow_tm, [&](Tform& form) {
-    number(form, proj_number::lat_0).set_min(60);
-    answers.expect_message();
-    type_over(number(form, proj_number::lon_0), "-");
-    press(WXK_TAB);
-    EXPECT_EQ(messages{L"Central Meridian: Wrong number: -"}, answers.take_messages());
-    EXPECT_EQ(&number(form, proj_number::lon_0), wxWindow::FindFocus());
-  });
 }
 
 TEST(vcl, untouched_text_keeps_every_bit_of_the_value) {
@@ -147,16 +137,14 @@ TEST(vcl, selector_chooses_by_key_and_by_caption) {
   Tzu_vcl_form form;
   Tzu_vcl_selbox& list = *zu::vcl::make_child<Tzu_vcl_selbox>(&form);
   list.on_change = [] { ADD_FAILURE() << "only the user's choice counts"; };
-  unsigned key = 77;
-  EXPECT_EQ(0U, list.get_active_idx());
+  unsigned key = 0;
   EXPECT_FALSE(list.find_str(L"one", &key));
   list.add_item(L"one", 0);
-  std::vector<Tzu_vcl_selbox_item> const more{{L"two", 2}, {L"again", 2}, {L"two", 4000000000U}};
-  list.add_items(more);
+  list.add_items(std::vector<Tzu_vcl_selbox_item>{{L"two", 2}, {L"again", 2}, {L"two", 1U << 31}});
   EXPECT_EQ(L"one", list.get_active_caption());
   EXPECT_TRUE(list.find_str(L"two", &key));
   EXPECT_EQ(2U, key);
-  list.set_active_idx(4000000000U);
+  list.set_active_idx(1U << 31);
   EXPECT_EQ(L"two", list.get_active_caption());
   list.set_active_caption(L"two");
   EXPECT_EQ(2U, list.get_active_idx());
@@ -207,20 +195,6 @@ TEST(vcl, keys_choose_in_a_list_and_the_wheel_in_one_that_has_the_focus) {
   });
 }
 
-TEST(vcl, no_key_closes_the_form) {
-  open_dialog(moscow_tm, [](Tform& form) {
-    shift(form, 0).set_edit_enabled(false);
-    for (wxWindow* const control : std::initializer_list<wxWindow*>{
-             &number(form, proj_number::x_0), &shift(form, 0), &datum(form),
-             form.get_buttons()->get_button(Tbar::save)}) {
-      focus(*control);
-      press(WXK_ESCAPE);
-      if (dynamic_cast<Tzu_vcl_edit*>(control) != nullptr) press(WXK_RETURN);
-      EXPECT_TRUE(form.is_open());
-    }
-  });
-}
-
 TEST(vcl, bar_places_its_buttons_to_the_pixel) {
   Tzu_vcl_form form;
   Tbar& bar = *zu::vcl::make_child<Tbar>(&form);
@@ -233,17 +207,15 @@ TEST(vcl, bar_places_its_buttons_to_the_pixel) {
   int const margin = bar.FromDIP(Tbar::margin);
   // Slots of Save, Load, Apply, Cancel, Help from the left end or, negative, from the right
   // end; 0 is hidden.
-  constexpr std::array<std::array<int, 5>, 4> cases{
-      {{0, 0, -2, -1, 0}, {1, 2, -2, -1, 0}, {0, 1, -3, -2, -1}, {1, 0, -2, 0, -1}}};
-  for (auto const& slots : cases) {
-    constexpr std::array buttons{Tbar::save, Tbar::load, Tbar::apply, Tbar::cancel, Tbar::help};
-    for (auto const index : buttons) bar.set_visible(index, slots[index] != 0);
-    for (auto const index : buttons) {
-      int const begin = slots[index] > 0 ? margin - (slot.x + margin) : 1000;
-      wxPoint const place(begin + slots[index] * (slot.x + margin), margin);
-      if (slots[index] != 0) {
-        EXPECT_EQ(wxRect(place, slot), bar.get_button(index)->GetRect()) << slots[index];
-      }
+  for (std::array<int, 5> const& slots : std::initializer_list<std::array<int, 5>>{
+           {0, 0, -2, -1, 0}, {1, 2, -2, -1, 0}, {0, 1, -3, -2, -1}, {1, 0, -2, 0, -1}}) {
+    for (std::size_t i = 0; i < slots.size(); ++i)
+      bar.set_visible(static_cast<Tbar::button_index>(i), slots.at(i) != 0);
+    for (std::size_t i = 0; i < slots.size(); ++i) {
+      int const begin = slots.at(i) > 0 ? margin - (slot.x + margin) : 1000;
+      wxPoint const place(begin + slots.at(i) * (slot.x + margin), margin);
+      wxRect const got = bar.get_button(static_cast<Tbar::button_index>(i))->GetRect();
+      EXPECT_TRUE(slots.at(i) == 0 || got == wxRect(place, slot)) << slots.at(i);
     }
   }
   EXPECT_EQ(slot, bar.get_slot_size()) << "layouts must not add up";
@@ -251,12 +223,6 @@ TEST(vcl, bar_places_its_buttons_to_the_pixel) {
 
 TEST(vcl, exceptions_of_handlers_come_out_of_the_dialog) {
   auto const fail = [] { throw std::out_of_range("from a handler"); };
-  auto const on_exit = [&](Tform& form) {
-    number(form, proj_number::x_0).on_change = fail;
-    focus(number(form, proj_number::x_0));
-    press(WXK_TAB);
-  };
-  EXPECT_THROW(open_dialog(moscow_tm, on_exit), std::out_of_range);
   auto const later = [&](Tform& form) {
     zu::vcl::call_after_guarded(form, fail);
     wait_for("the end of the form", [&] { return !form.is_open(); });
@@ -271,6 +237,14 @@ TEST(vcl, only_the_window_manager_closes_besides_the_program) {
   open_dialog(moscow_tm, [](Tform& form) {
     EXPECT_FALSE(form.HasFlag(wxCLOSE_BOX | wxRESIZE_BORDER | wxMINIMIZE_BOX | wxMAXIMIZE_BOX));
     Tzu_vcl_dbl_edit& edit = number(form, proj_number::x_0);
+    shift(form, 0).set_edit_enabled(false);
+    for (wxWindow* const control : std::initializer_list<wxWindow*>{
+             &edit, &shift(form, 0), &datum(form), form.get_buttons()->get_button(Tbar::save)}) {
+      focus(*control);
+      press(WXK_ESCAPE);
+      if (dynamic_cast<Tzu_vcl_edit*>(control) != nullptr) press(WXK_RETURN);
+      EXPECT_TRUE(form.is_open());
+    }
     type_over(edit, "5");
     edit.on_change = [] { ADD_FAILURE() << "a form that closes takes no more input"; };
     form.Close();
@@ -284,7 +258,8 @@ TEST(vcl, owner_is_any_window_or_none) {
   auto const lose_owner = [&](Tform& form) {
     EXPECT_EQ(owner.get_handle(), get_owner(form));
     owner.destroy();
-    EXPECT_EQ(is_form_to_outlive_owner(), form.is_open());
+    // Windows destroys a window with its owner.
+    EXPECT_EQ(wxPlatformInfo::Get().GetPortId() == wxPORT_GTK, form.is_open());
     if (form.is_open()) focus(number(form, proj_number::x_0));
   };
   open_dialog(moscow_tm, lose_owner, owner.get_handle());
@@ -295,19 +270,3 @@ TEST(vcl, owner_is_any_window_or_none) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-  testing::InitGoogleTest(&argc, argv);
-  zu::vcl::Tzu_look_scope const look;
-  core_test::Tenvironment const user({{"LC_ALL", "C.UTF-8"}});
-  zu::vcl::start();
-  locale_after_start = std::setlocale(LC_ALL, nullptr);
-  Tzu_rc::get_auto_lang();
-  Tzu_rc::set_lang(0);
-  wxSetAssertHandler([](wxString const& file, int line, wxString const&, wxString const& condition,
-                        wxString const& message) {
-    ADD_FAILURE() << file.utf8_str() << ":" << line << ": " << condition.utf8_str() << " "
-                  << message.utf8_str();
-  });
-  return RUN_ALL_TESTS();
-}
