@@ -9,7 +9,6 @@
 #include <initializer_list>
 #include <iostream>
 #include <string>
-#include <tuple>
 
 #include "catalogue/catalogue.h"
 #include "core_support.h"
@@ -160,8 +159,14 @@ zu::known_system const& moscow_region() {
 }
 
 TEST_F(dialog, loads_files_of_both_types) {
-  for (auto const& [name, filter_index, content, applied, is_told] :
-       std::initializer_list<std::tuple<wchar_t const*, int, std::string, std::string, bool>>{
+  struct row {
+    wchar_t const* name;
+    int filter_index;
+    std::string content;
+    std::string applied;
+    bool is_told;
+  };
+  for (row const& each : std::initializer_list<row>{
            {L"plain.pj4", 0, std::string("  ") + pulkovo_zone_7 + "\n", pulkovo_zone_7, false},
            // The form adds the shift that the code lacks.
            {L"code.pj4", 0, "[projection]\npj4=+init=epsg:28407\n", pulkovo_zone_7, true},
@@ -174,14 +179,14 @@ TEST_F(dialog, loads_files_of_both_types) {
            // An unreadable file gives an empty definition, also one of the other type.
            {L"text.pj4", 0, "proj=utm\n", "", true},
            {L"definition.prj", 1, pulkovo_zone_7, "", true}}) {
-    core_test::put_file(folder.file(wxString(name).ToStdString()), content);
+    core_test::put_file(folder.file(wxString(each.name).ToStdString()), each.content);
     outcome const loaded = open_dialog(moscow_tm, [&](Tform& form) {
-      load(form, name, filter_index);
-      EXPECT_EQ(type(form).get_active_caption() == L"Unknown", applied.empty());
-      EXPECT_EQ(form.get_note()->IsShownOnScreen(), is_told);
+      load(form, each.name, each.filter_index);
+      EXPECT_EQ(type(form).get_active_caption() == L"Unknown", each.applied.empty());
+      EXPECT_EQ(form.get_note()->IsShownOnScreen(), each.is_told);
       apply(form);
     });
-    EXPECT_EQ(loaded.text, applied) << content;
+    EXPECT_EQ(loaded.text, each.applied) << each.content;
   }
   answers.take_messages();
   auto const loaded_and_cancelled = [&](Tform& form) {

@@ -101,7 +101,7 @@ TEST(vcl, refused_numbers_stay_with_a_message_and_the_focus) {
       type_over(number(form, which), typed);
       press(WXK_TAB);
       EXPECT_NE(&number(form, which), wxWindow::FindFocus()) << typed;
-      EXPECT_EQ(std::atof(typed), number(form, which).get_value());
+      EXPECT_EQ(std::strtod(typed, nullptr), number(form, which).get_value());
     }
     answers.expect_message();
     shift(form, 0).set_text(L"");
