@@ -24,7 +24,7 @@ HOST_CASE(awareness_of_the_resolution_is_the_hosts) {
     if (i > 0) CHECK(SetThreadDpiAwarenessContext(contexts[i]) != NULL);
     host = open_host();
     UINT const dpi = GetDpiForSystem();
-    (void)run_form(host, MOSCOW, script_see_awareness);
+    CHECK_FORM(host, MOSCOW, script_see_awareness, MOSCOW, 1);
     CHECK(AreDpiAwarenessContextsEqual(GetThreadDpiAwarenessContext(), contexts[i]));
     CHECK(AreDpiAwarenessContextsEqual(GetWindowDpiAwarenessContext(host), contexts[i]));
     CHECK(GetDpiForSystem() == dpi);
@@ -79,39 +79,36 @@ HOST_CASE(form_has_the_size_of_the_resolution) {
   /* The caller may tell the expected resolution. */
   char const* const expected = getenv("ZU_TEST_DPI");
   if (expected != NULL) CHECK(GetDpiForWindow(host) == strtoul(expected, NULL, 10));
-  (void)run_form(host, MOSCOW, script_measure);
+  CHECK_FORM(host, MOSCOW, script_measure, MOSCOW, 0);
 }
 
 /* ---- the controls' version */
 
-static ULONG_PTR procedure_of(HWND window) { return GetClassLongPtrW(window, GCLP_WNDPROC); }
-
-static BOOL is_current_controls(ULONG_PTR procedure) {
+static BOOL is_current(HWND control) {
   HMODULE module = NULL;
   wchar_t path[MAX_PATH] = L"";
   GetModuleHandleExW(
       GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-      (wchar_t const*)procedure, &module);
+      (wchar_t const*)GetClassLongPtrW(control, GCLP_WNDPROC), &module);
   GetModuleFileNameW(module, path, MAX_PATH);
   _wcslwr(path);
   return wcsstr(path, L"microsoft.windows.common-controls_6595b64144ccf1df_6.") != NULL;
 }
 
 static void script_look(HWND form) {
-  CHECK(is_current_controls(procedure_of(find_button(form, apply_button))));
+  CHECK(is_current(find_button(form, apply_button)));
   press(form, apply_button);
 }
 
 HOST_CASE(form_has_the_current_look) {
-  host = open_host();
-  ULONG_PTR const before = procedure_of(GetDlgItem(host, 3));
-  HANDLE contexts[2] = {NULL};
-  CHECK(GetCurrentActCtx(&contexts[0]));
-  /* This program has no manifest and so the old controls. */
-  CHECK(!is_current_controls(before));
-  for (int i = 0; i < 2; ++i) (void)run_form(host, MOSCOW, script_look);
-  CHECK(GetCurrentActCtx(&contexts[1]));
-  CHECK(contexts[1] == contexts[0]);
-  CHECK(procedure_of(GetDlgItem(open_host(), 3)) == before);
-  CHECK(procedure_of(GetDlgItem(host, 3)) == before);
+  HANDLE before = NULL;
+  HANDLE after = NULL;
+  CHECK(GetCurrentActCtx(&before));
+  for (int i = 0; i < 3; ++i) {
+    host = open_host();
+    /* This program has no manifest and so the old controls, also after a form. */
+    CHECK(!is_current(GetDlgItem(host, 3)));
+    CHECK_FORM(host, MOSCOW, script_look, MOSCOW, 1);
+  }
+  CHECK(GetCurrentActCtx(&after) && after == before);
 }

@@ -23,41 +23,6 @@ void test_check(int good, char const* file, int line, char const* format, ...) {
   (void)fflush(stdout);
 }
 
-void test_check_text(char const* actual, char const* expected, char const* file, int line,
-                     char const* what) {
-  test_check(actual != NULL && strcmp(actual, expected) == 0, file, line,
-             "%s is\n  \"%s\", expected\n  \"%s\"", what, actual == NULL ? "(null)" : actual,
-             expected);
-}
-
-/* ---- the library */
-
-HMODULE library;
-wchar_t const* library_name = L"zu_pj_edit.dll";
-
-void library_path(wchar_t path[MAX_PATH], wchar_t const* name) {
-  DWORD const length = GetModuleFileNameW(NULL, path, MAX_PATH);
-  if (length == 0 || length >= MAX_PATH) ExitProcess(3);
-  wchar_t* const program = wcsrchr(path, L'\\');
-  if (program == NULL) ExitProcess(3);
-  (void)swprintf(program + 1, MAX_PATH - (size_t)(program + 1 - path), L"%ls", name);
-}
-
-typedef char const* (*execute_function)(zu_pj_edit_window owner, char const* definition,
-                                        unsigned char* changed);
-
-static execute_function find_function(void) {
-  wchar_t path[MAX_PATH];
-  library_path(path, library_name);
-  if (library == NULL) library = LoadLibraryW(path);
-  FARPROC const found = GetProcAddress(library, "zu_proj4_form_execute");
-  if (found == NULL) {
-    (void)printf("no function in %ls: error %lu\n", path, GetLastError());
-    ExitProcess(3);
-  }
-  return (execute_function)(void (*)(void))found;
-}
-
 /* ---- a host's window */
 
 message_hook host_hook;
@@ -99,52 +64,36 @@ void pump(void) {
 
 /* ---- the user */
 
-static void give_up(char const* what) {
-  (void)printf("waited too long for %s\n", what);
-  (void)fflush(stdout);
-  /* Other threads may be blocked. */
-  TerminateProcess(GetCurrentProcess(), 1);
-}
+enum { patience_ms = 15000 };
 
 void wait_for(char const* what, BOOL (*condition)(void* context), void* context) {
   ULONGLONG const start = GetTickCount64();
   while (!condition(context)) {
     if (GetTickCount64() - start > patience_ms) {
-      give_up(what);
+      (void)printf("waited too long for %s\n", what);
+      (void)fflush(stdout);
+      /* Other threads may be blocked. */
+      TerminateProcess(GetCurrentProcess(), 1);
     }
     Sleep(2);
   }
 }
 
-/* For a child by its class and text, or for a dialog by its owner. */
-typedef struct {
-  wchar_t const* kind;
-  wchar_t const* text;
-  HWND owner;
-  HWND found;
-} window_search;
-
-static BOOL CALLBACK on_child(HWND window, LPARAM context) {
-  window_search* const search = (window_search*)context;
-  wchar_t kind[64] = L"";
-  wchar_t text[256] = L"";
-  GetClassNameW(window, kind, 64);
-  if (_wcsicmp(kind, search->kind) != 0 || !IsWindowVisible(window)) return TRUE;
-  DWORD_PTR length = 0;
-  if (SendMessageTimeoutW(window, WM_GETTEXT, 256, (LPARAM)text, SMTO_NORMAL, patience_ms,
-                          &length) == 0 &&
-      GetLastError() == ERROR_TIMEOUT) {
-    give_up("an answer from the thread of the form");
-  }
-  if (search->text != NULL && wcscmp(text, search->text) != 0) return TRUE;
-  search->found = window;
-  return FALSE;
-}
-
 HWND find_child(HWND form, wchar_t const* kind, wchar_t const* text) {
-  window_search search = {.kind = kind, .text = text};
-  EnumChildWindows(form, on_child, (LPARAM)&search);
-  return search.found;
+  HWND found = NULL;
+  for (HWND child = GetWindow(form, GW_CHILD); child != NULL && found == NULL;
+       child = GetWindow(child, GW_HWNDNEXT)) {
+    wchar_t its_kind[64] = L"";
+    wchar_t its_text[256] = L"";
+    GetClassNameW(child, its_kind, 64);
+    BOOL fits = _wcsicmp(its_kind, kind) == 0 && IsWindowVisible(child);
+    if (fits && text != NULL) {
+      SendMessageW(child, WM_GETTEXT, 256, (LPARAM)its_text);
+      fits = wcscmp(its_text, text) == 0;
+    }
+    found = fits ? child : find_child(child, kind, text);
+  }
+  return found;
 }
 
 HWND find_button(HWND form, button which) {
@@ -156,29 +105,15 @@ HWND find_button(HWND form, button which) {
   return find_child(form, L"Button", captions[which][russian ? 1 : 0]);
 }
 
-DWORD host_process;
-
-/* Message boxes have no such button. */
-static BOOL CALLBACK on_window(HWND window, LPARAM context) {
-  window_search* const search = (window_search*)context;
-  DWORD process = 0;
-  wchar_t kind[64] = L"";
-  GetWindowThreadProcessId(window, &process);
-  GetClassNameW(window, kind, 64);
-  if (process != (host_process == 0 ? GetCurrentProcessId() : host_process) ||
-      !IsWindowVisible(window) || !IsWindowEnabled(window) || wcscmp(kind, L"#32770") != 0) {
-    return TRUE;
-  }
-  BOOL const fits = search->owner == NULL ? find_button(window, apply_button) != NULL
-                                          : GetWindow(window, GW_OWNER) == search->owner;
-  if (fits) search->found = window;
-  return !fits;
-}
-
 HWND find_dialog(HWND owner) {
-  window_search search = {.owner = owner};
-  EnumWindows(on_window, (LPARAM)&search);
-  return search.found;
+  HWND window = NULL;
+  while ((window = FindWindowExW(NULL, window, L"#32770", NULL)) != NULL) {
+    if (!IsWindowVisible(window) || !IsWindowEnabled(window)) continue;
+    if (owner != NULL && GetWindow(window, GW_OWNER) == owner) break;
+    /* Message boxes have no such button. */
+    if (owner == NULL && find_button(window, apply_button) != NULL) break;
+  }
+  return window;
 }
 
 static BOOL is_dialog_open(void* context) { return find_dialog(*(HWND*)context) != NULL; }
@@ -200,62 +135,56 @@ void press(HWND form, button which) {
 
 void type_text(HWND form, wchar_t const* shown, wchar_t const* typed) {
   HWND const edit = find_child(form, L"Edit", shown);
-  DWORD_PTR result = 0;
   CHECK(edit != NULL);
-  if (SendMessageTimeoutW(edit, WM_SETTEXT, 0, (LPARAM)typed, SMTO_NORMAL, patience_ms, &result) ==
-      0) {
-    give_up("an edit to take its text");
-  }
+  SendMessageW(edit, WM_SETTEXT, 0, (LPARAM)typed);
 }
 
 void script_apply(HWND form) { press(form, apply_button); }
 void script_cancel(HWND form) { press(form, cancel_button); }
-void script_type(HWND form) {
-  type_text(form, L"37.5", L"38.25");
-  press(form, apply_button);
-}
 
-typedef struct {
-  script body;
-  LONG volatile returned;
-} user;
+/* ---- the library */
 
-static BOOL has_returned(void* context) { return ((user*)context)->returned != 0; }
+wchar_t const* library_name = L"zu_pj_edit.dll";
+
+static script played;
+static LONG volatile returned;
+
+static BOOL has_returned(void* context) { return *(LONG volatile*)context != 0; }
 
 static DWORD WINAPI play(void* context) {
-  user* const self = context;
   HWND const form = wait_for_dialog(NULL);
-  self->body(form);
+  played(form);
   wait_until_closed(form);
-  wait_for("the end of the call", has_returned, self);
+  wait_for("the end of the call", has_returned, context);
   return 0;
 }
 
-/* Handles messages that the other thread sends. Posted ones stay for the test. */
-static void join(HANDLE thread) {
+typedef char const* (*execute_function)(zu_pj_edit_window owner, char const* definition,
+                                        unsigned char* changed);
+
+char const* test_form(HWND owner, char const* definition, script body, char const* text,
+                      int changed, char const* file, int line) {
+  FARPROC const found = GetProcAddress(LoadLibraryW(library_name), "zu_proj4_form_execute");
+  if (found == NULL) {
+    (void)printf("no function in %ls: error %lu\n", library_name, GetLastError());
+    ExitProcess(3);
+  }
+  unsigned char flag = 7;
+  played = body;
+  returned = 0;
+  HANDLE const thread = CreateThread(NULL, 0, play, (void*)&returned, 0, NULL);
+  execute_function const execute = (execute_function)(void (*)(void))found;
+  char const* const result = execute(owner, definition, &flag);
+  InterlockedExchange(&returned, 1);
+  /* Handles messages that the other thread sends. Posted ones stay for the test. */
   MSG message;
-  while (MsgWaitForMultipleObjects(1, &thread, FALSE, INFINITE, QS_SENDMESSAGE) != WAIT_OBJECT_0) {
+  while (WaitForSingleObject(thread, 1) != WAIT_OBJECT_0) {
     PeekMessageW(&message, NULL, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
   }
   CloseHandle(thread);
-}
-
-outcome run_form(HWND owner, char const* definition, script body) {
-  execute_function const execute = find_function();
-  user player = {body, 0};
-  unsigned char changed = 7;
-  HANDLE const thread = CreateThread(NULL, 0, play, &player, 0, NULL);
-  outcome result = {.address = execute(owner, definition, &changed)};
-  InterlockedExchange(&player.returned, 1);
-  join(thread);
-  CHECK(result.address != NULL);
-  CHECK(changed <= 1);
-  (void)snprintf(result.text, sizeof result.text, "%s", result.address);
-  result.changed = changed;
+  test_check(result != NULL && strcmp(result, text) == 0, file, line,
+             "the result is\n  \"%s\", expected\n  \"%s\"", result == NULL ? "(null)" : result,
+             text);
+  test_check(flag == changed, file, line, "the flag is %d", flag);
   return result;
-}
-
-void test_check_outcome(outcome result, char const* text, int changed, char const* file, int line) {
-  test_check_text(result.text, text, file, line, "the result");
-  test_check(result.changed == changed, file, line, "the flag is %d", changed);
 }

@@ -20,17 +20,6 @@ void test_check(int good, char const* file, int line, char const* format, ...);
 int test_failures(void);
 
 #define CHECK(condition) test_check((condition) != 0, __FILE__, __LINE__, "%s", #condition)
-#define CHECK_TEXT(actual, expected) \
-  test_check_text((actual), (expected), __FILE__, __LINE__, #actual)
-void test_check_text(char const* actual, char const* expected, char const* file, int line,
-                     char const* what);
-
-/* ---- the library */
-
-/* The path is relative to the folder of this program. The first form loads the library. */
-extern HMODULE library;
-extern wchar_t const* library_name;
-void library_path(wchar_t path[MAX_PATH], wchar_t const* name);
 
 /* ---- a host's window */
 
@@ -45,30 +34,23 @@ void pump(void);
 
 /* ---- the user */
 
-enum { patience_ms = 15000 };
 /* Waits on a thread without windows. If the condition does not come true in time, the
    program says for what it waited, and ends. */
 void wait_for(char const* what, BOOL (*condition)(void* context), void* context);
 
 typedef void (*script)(HWND form);
 
-typedef struct {
-  char text[1024];
-  int changed;
-  char const* address;
-} outcome;
+/* Each call is by this library. The path is relative to the folder of this program. */
+extern wchar_t const* library_name;
 
-/* Calls the library. When the form is open, `body` runs on another thread. It must close the
-   form. */
-outcome run_form(HWND owner, char const* definition, script body);
+/* Calls the library and compares the result. When the form is open, `body` runs on another
+   thread. It must close the form. Returns the library's own text. */
 #define CHECK_FORM(owner, definition, body, text, changed) \
-  test_check_outcome(run_form((owner), (definition), (body)), (text), (changed), __FILE__, __LINE__)
-void test_check_outcome(outcome result, char const* text, int changed, char const* file, int line);
+  test_form((owner), (definition), (body), (text), (changed), __FILE__, __LINE__)
+char const* test_form(HWND owner, char const* definition, script body, char const* text,
+                      int changed, char const* file, int line);
 
-/* The process of the dialog; 0 for this one. */
-extern DWORD host_process;
-
-/* The library's form in that process, or the dialog of this owner; null if there is none. */
+/* The library's form, or the dialog of this owner; null if there is none. */
 HWND find_dialog(HWND owner);
 HWND wait_for_dialog(HWND owner);
 
@@ -80,29 +62,16 @@ void press(HWND form, button which);
 void type_text(HWND form, wchar_t const* shown, wchar_t const* typed);
 void wait_until_closed(HWND form);
 
-/* The last one types the meridian 38.25 and applies. */
 void script_apply(HWND form);
 void script_cancel(HWND form);
-void script_type(HWND form);
 
 /* ---- definitions */
 
 /* A text as the library writes it. */
-#define PULKOVO_ZONE_7                                           \
-  "+proj=tmerc +lon_0=39 +lat_0=0 +x_0=7500000 +y_0=0 +k_0=1 "   \
-  "+towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 +ellps=krass " \
-  "+units=m +lon_wrap=45 +no_defs"
 #define MOSCOW_TM(lon_0)                 \
   "+proj=tmerc +lon_0=" lon_0            \
   " +lat_0=55.5 +x_0=12 +y_0=14 +k_0=1 " \
   "+towgs84=1,2,3,0,0,0,0 +ellps=krass +units=m +lon_wrap=45 +no_defs"
-/* The library divides by zero for these if it computes the flattening carelessly. */
-#define SPHERE "+proj=longlat +R=6371000"
-#define SPHERE_APPLIED "+proj=longlat +a=6371000 +b=6371000 +lon_wrap=45 +no_defs"
-#define POLAR "+proj=stere +lat_0=90 +lat_ts=70 +a=6378137 +b=6356752"
-#define POLAR_TYPED                                                 \
-  "+proj=stere +lon_0=0 +lat_0=90 +x_0=0 +y_0=0 +lat_ts=71 +k_0=1 " \
-  "+datum=WGS84 +towgs84=0,0,0,0,0,0,0 +ellps=WGS84 +units=m +lon_wrap=45 +no_defs"
 #define MOSCOW MOSCOW_TM("37.5")
 #define MOSCOW_TYPED MOSCOW_TM("38.25")
 

@@ -13,7 +13,6 @@ extern "C" {
 
 __declspec(dllexport) editor_record const* editor_module_record() { return &record; }
 
-#ifndef ZU_EDITOR_MODULE_BARE
 // NOLINTNEXTLINE(clang-diagnostic-reserved-identifier): the suite's name
 __declspec(dllexport) void* zu_proj4_form_execute_w__impl(void* window, void* first, void* second) {
   record = {record.calls + 1, window, first, second};
@@ -22,5 +21,4 @@ __declspec(dllexport) void* zu_proj4_form_execute_w__impl(void* window, void* fi
   if (wanted == editor_raises_code) RaiseException(editor_code, 0, 0, nullptr);
   return reinterpret_cast<void*>(editor_result);
 }
-#endif
 }
