@@ -16,12 +16,11 @@ set(data share/zu_pj_edit)
 set(database)
 if(windows)
   set(data bin)
-  set(database bin/proj.db)
+  set(database proj.db)
 endif()
-foreach(file include/zu_pj_edit/zu_pj_edit.h include/zu_pj_edit/version.h
-             ${data}/prj_def/pj_proj1.dbf ${data}/prj_def/pj_proj2.dbf
-             ${data}/prj_def/pj_datum.dbf ${data}/prj_def/pj_ellps.dbf ${database})
-  if(NOT EXISTS "${moved}/${file}")
+foreach(file prj_def/pj_proj1.dbf prj_def/pj_proj2.dbf prj_def/pj_datum.dbf prj_def/pj_ellps.dbf
+             ${database})
+  if(NOT EXISTS "${moved}/${data}/${file}")
     message(FATAL_ERROR "not installed: ${file}")
   endif()
 endforeach()
