@@ -15,10 +15,10 @@ static void* make_object(object which) {
   return CreatePen(PS_SOLID, 1, RGB(1, 2, 3));
 }
 
-static void end_object(object which, void* handle) {
-  if (which == handles) CloseHandle(handle);
-  if (which == user_objects) DestroyMenu(handle);
-  if (which == gdi_objects) DeleteObject(handle);
+static BOOL end_object(object which, void* handle) {
+  if (which == handles) return CloseHandle(handle);
+  if (which == user_objects) return DestroyMenu(handle);
+  return DeleteObject(handle);
 }
 
 /* Wine does not tell how many handles and objects a process has. A new one gets the lowest
@@ -35,7 +35,7 @@ static size_t count_objects(object which) {
     size_t const place = LOWORD(objects[i]) / distances[which];
     if (place > highest) highest = place;
   }
-  for (int i = 0; i < made; ++i) end_object(which, objects[i]);
+  for (int i = 0; i < made; ++i) CHECK(end_object(which, objects[i]));
   return highest - made;
 }
 
