@@ -46,7 +46,7 @@ std::map<std::string, operation>& operations();
 #define OPERATION(name)                                              \
   std::string name(case_file::scope& in, case_file::words const& a); \
   [[maybe_unused]] bool const name##_is_known =                      \
-      case_file::operations().emplace(#name, &name).second;          \
+      case_file::operations().emplace(#name, &(name)).second;        \
   std::string name([[maybe_unused]] case_file::scope& in,            \
                    [[maybe_unused]] case_file::words const& a)
 // NOLINTEND(cppcoreguidelines-macro-usage)

@@ -337,8 +337,8 @@ OPERATION(projection) {
   text << row.get_index() << ": " << row.get_caption() << "/" << row.get_add_caption() << "/"
        << row.get_prj4_name();
   auto const add = [&text](std::string_view key, auto const& param) {
-    auto const value = param.get_default();
-    bool const is_given = value != decltype(value)();
+    auto const& value = param.get_default();
+    bool const is_given = value != std::decay_t<decltype(value)>();
     if (!param.get_use_proj4() && !param.get_def_default() && !is_given) return;
     text << "; " << key << (param.get_use_proj4() ? "" : ", not of PROJ")
          << (param.get_show() ? ", shown" : "");

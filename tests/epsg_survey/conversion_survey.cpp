@@ -92,7 +92,8 @@ conversion_report survey_import(std::size_t step) {
     std::string const text = ours(&zu_pj4_import_crs, input);
     report.texts.push_back(text);
     ++report.counts[!gdals.empty() ? "as GDAL" : !expected.empty() ? "as PROJ" : "by neither"];
-    if (text != expected) report.mistakes.push_back(input + "\n  " + expected + "\n  " + text);
+    if (text != expected)
+      report.mistakes.emplace_back(input).append("\n  " + expected).append("\n  " + text);
   }
   return report;
 }
@@ -117,7 +118,10 @@ conversion_report survey_esri(std::size_t step) {
     ++report.counts[gdal_keeps ? (we_keep ? "kept by both" : "kept by GDAL alone")
                                : (we_keep ? "kept by us alone" : "kept by neither")];
     if (gdal_keeps && !we_keep)
-      report.mistakes.push_back(input + "\n  " + source + "\n  " + back + "\n  " + wkt);
+      report.mistakes.emplace_back(input)
+          .append("\n  " + source)
+          .append("\n  " + back)
+          .append("\n  " + wkt);
   }
   return report;
 }
