@@ -15,8 +15,12 @@
 #include <algorithm>
 #include <climits>
 #include <clocale>
+#include <cstdlib>
+#include <iostream>
 #include <memory>
+#include <mutex>
 #include <stdexcept>
+#include <thread>
 
 #include "float_state.h"
 #include "text/rc.h"
@@ -26,6 +30,36 @@
 
 namespace gui {
 namespace {
+
+struct Tawaited {
+  std::mutex mutex;
+  std::string what;
+  std::chrono::steady_clock::time_point since;
+};
+
+// The thread ends with the program, so it must not need a static object then.
+std::shared_ptr<Tawaited> const& awaited() {
+  static std::shared_ptr<Tawaited> const instance = [] {
+    auto made = std::make_shared<Tawaited>();
+    std::thread([made] {
+      for (;; std::this_thread::sleep_for(std::chrono::seconds(1))) {
+        std::lock_guard const lock(made->mutex);
+        if (made->what.empty() || std::chrono::steady_clock::now() - made->since < 2 * patience)
+          continue;
+        std::cerr << "error: waited too long for " << made->what << ", and nothing else runs\n";
+        std::_Exit(EXIT_FAILURE);
+      }
+    }).detach();
+    return made;
+  }();
+  return instance;
+}
+
+std::string set_awaited(std::string what) {
+  std::lock_guard const lock(awaited()->mutex);
+  awaited()->since = std::chrono::steady_clock::now();
+  return std::exchange(awaited()->what, std::move(what));
+}
 
 void pump() {
   if (auto* const loop = wxEventLoopBase::GetActive()) loop->YieldFor(wxEVT_CATEGORY_ALL);
@@ -76,8 +110,13 @@ bool overlaps_another(wxWindow const& control) {
 
 }  // namespace
 
+std::shared_ptr<void> watch_over(std::string what) {
+  return {nullptr, [before = set_awaited(std::move(what))](void*) { set_awaited(before); }};
+}
+
 void wait_for(std::string const& what, std::function<bool()> const& condition) {
-  for (wxStopWatch const watch; watch.Time() < patience_ms; wxMilliSleep(1)) {
+  auto const watched = watch_over(what);
+  for (wxStopWatch const watch; watch.Time() < patience.count(); wxMilliSleep(1)) {
     pump();
     if (condition()) return;
   }

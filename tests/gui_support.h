@@ -5,6 +5,7 @@
 #include <wx/timer.h>
 #include <wx/window.h>
 
+#include <chrono>
 #include <deque>
 #include <exception>
 #include <functional>
@@ -18,9 +19,12 @@
 
 namespace gui {
 
-inline constexpr int patience_ms = 10'000;
-// Handles events until `condition` holds. After that time it throws, and the message contains
-// `what`.
+inline constexpr std::chrono::milliseconds patience{10'000};
+// While the result lives, the program waits for `what`. After twice the patience the program ends
+// and names it: an event handler, or a window that nobody expected, may keep the test from it.
+std::shared_ptr<void> watch_over(std::string what);
+// Handles events until `condition` holds. When it runs out of patience, it throws, and the
+// message contains `what`.
 void wait_for(std::string const& what, std::function<bool()> const& condition);
 
 // The modal window of this class that is open; null if there is none.
@@ -166,7 +170,10 @@ void run_in(std::function<void()> const& open, std::function<void(Window&)> cons
     if (auto* const left = find_open<Window>()) left->Close();
   });
   look.Start(look_again_ms);
-  open();
+  {
+    auto const watched = watch_over("the end of the dialog");
+    open();
+  }
   wait_for("the window's script", [&] { return is_done; });
   if (failure) std::rethrow_exception(failure);
 }
