@@ -140,6 +140,25 @@ TEST(Reproj, without_an_operation_everything_fails) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
+double degrees(double whole, double minutes, double seconds) {
+  return whole + minutes / 60 + seconds / 3600;
+}
+
+// 3.4.1 of the EPSG Guidance Note 7-2, Oblique Mercator B: RSO Borneo. A definition has
+// no key for the angle from the rectified to the skew grid: an affine step turns the grid.
+TEST(Reproj, gives_the_published_numbers_of_a_turned_grid) {
+  Tzu_reproj_xy reproj;
+  ASSERT_TRUE(reproj.init_from_latlong(
+      "+proj=omerc +lat_0=4 +lonc=115 +alpha=53.3158204722222 +k=0.99984 +x_0=0 +y_0=0 "
+      "+a=6377298.556 +rf=300.8017"));
+  double const turn = (degrees(53, 18, 56.9537) - degrees(53, 7, 48.3685)) / 57.29577951308232;
+  reproj.set_affine_after({{std::cos(turn), -std::sin(turn), 590476.87, std::sin(turn),
+                            std::cos(turn), 442857.65, 0, 0, 1}});
+  reproj.set_use_affine_after(true);
+  expect_brings(reproj, {degrees(115, 48, 19.8196), degrees(5, 23, 14.1129)},
+                {679245.73, 596562.78}, 0.01);
+}
+
 TEST(Reproj, is_needed_where_proj_gets_other_texts) {
   EXPECT_FALSE(Tzu_reproj_xy::rpj_is_needed("+proj=merc +R=1", "+R=1 +proj=merc +no_defs"));
   EXPECT_TRUE(Tzu_reproj_xy::rpj_is_needed("+proj=merc +R=1", "+proj=merc +R=2"));
