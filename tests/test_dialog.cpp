@@ -342,7 +342,7 @@ void run_in_window(Tform& form, int key, std::function<void(Window&)> const& scr
   run_in<Window>([key] { press(key, wxMOD_CONTROL); },
                  [&](Window& window) {
                    script(window);
-                   EXPECT_FALSE(window.IsModal()) << "the window is still open";
+                   EXPECT_EQ(find_open<Window>(), nullptr) << "the window is still open";
                  });
   wait_for("the form's keyboard", [&] { return platform::has_keyboard(form); });
 }
