@@ -7,7 +7,6 @@
 
 #include <filesystem>
 #include <functional>
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -93,21 +92,25 @@ TEST(Definition_file_win32, waits_for_who_holds_it_for_a_moment) {
   constexpr std::size_t never = 0;
   constexpr DWORD both = GENERIC_READ | GENERIC_WRITE;
   // Who writes and who reads, and lets others do the same, prevents what that spoils.
-  using way = std::tuple<DWORD, DWORD, bool>;
-  for (auto const& [access, sharing, prevents_reading] :
-       {way(both, 0, true), way(both, FILE_SHARE_READ | FILE_SHARE_WRITE, true),
-        way(GENERIC_READ, FILE_SHARE_READ, false)}) {
+  struct Tholder {
+    DWORD access;
+    DWORD sharing;
+    bool prevents_reading;
+  };
+  for (Tholder const& holder : {Tholder{both, 0, true},
+                                {both, FILE_SHARE_READ | FILE_SHARE_WRITE, true},
+                                {GENERIC_READ, FILE_SHARE_READ, false}}) {
     for (std::size_t const let_go : {std::size_t{1}, std::size_t{19}, never}) {
       ASSERT_TRUE(zu_pj4_export_esri_prj(before, name.c_str()));
       std::string const held = core_test::read_file(narrow);
       bool const in_time = let_go != never;
       std::vector<unsigned> const expected(in_time ? let_go : 19, 1);
-      auto const waits = [&, access, sharing](std::function<void()> const& act) {
-        return waits_for(name, access, sharing, let_go, act);
+      auto const waits = [&](std::function<void()> const& act) {
+        return waits_for(name, holder.access, holder.sharing, let_go, act);
       };
-      bool const is_read = in_time || !prevents_reading;
+      bool const is_read = in_time || !holder.prevents_reading;
       EXPECT_EQ(waits([&] { EXPECT_EQ(load_esri(name), is_read ? before : L"unfed"); }),
-                prevents_reading ? expected : none);
+                holder.prevents_reading ? expected : none);
       EXPECT_EQ(
           waits([&] { EXPECT_EQ(zu_pj4_export_esri_prj(after, name.c_str()) != 0, in_time); }),
           expected);
