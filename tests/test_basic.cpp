@@ -121,7 +121,7 @@ TEST(Str, compares_letters_of_ascii_only) {
 }
 
 // Files of one section are tested where definition files are loaded and saved.
-TEST(Ini, is_written) {
+TEST(Ini, is_written_and_read) {
   Ttemp_folder const folder;
   Tzu_ini made;
   made.set_as_str("a", "k", "1");
@@ -132,6 +132,9 @@ TEST(Ini, is_written) {
   EXPECT_EQ(get_file(folder.file("f.ini")), "[a]\n\nk=2\nl=\n[b]\n\nx=\xC6\n");
   EXPECT_FALSE(made.load_from_file(folder.wide(L"missing.ini")));
   EXPECT_EQ(made.get_as_str("b", "X", ""), "\xC6") << "nothing changes";
+  Tzu_ini read;
+  ASSERT_TRUE(read.load_from_file(folder.wide(L"f.ini")));
+  EXPECT_EQ(read.get_as_str("A", "K", "") + read.get_as_str("b", "x", ""), "2\xC6");
 }
 
 TEST(File, content_survives_whole) {
