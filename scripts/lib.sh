@@ -7,7 +7,8 @@ die() {
   exit 1
 }
 
-# ccache sees paths relative to the tree, so clones at different paths share its results.
+# ccache sees paths relative to the tree, so clones at different paths share its results. It
+# overlooks the locale, because ctest sets other locale variables than the shell.
 export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=locale
 # Programs with sanitizers read this.
 export LSAN_OPTIONS="suppressions=$PWD/scripts/lsan.supp:print_suppressions=0"
